@@ -1,0 +1,128 @@
+#ifndef KERFLINE_ZELMAR_INDENTWRITER_H
+#define KERFLINE_ZELMAR_INDENTWRITER_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace Zelmar {
+
+/// A snapshot of how and where a writer writes. Built from it, a scratch writer goes on at the
+/// same column under the same settings, so that text can be measured or laid out in place.
+struct IndentStreamState {
+    std::string indent;
+    bool keepLeadingWs = false;
+    int wsMode = 0;
+    int tabSize = 1;
+    int line = 1;
+    int column = 0;
+};
+
+/// Appends text to a string and puts the current indent in front of every line.
+///
+/// A pass sets the indent and writes text; it never writes an indent itself. White space that
+/// arrives at column 0 is dropped, so the indentation of the source cannot leak into the result,
+/// unless keepLeadingWs is set. A line feed at column 0 writes no indent.
+///
+///     out.setIndent("    ");
+///     out.write("{\n  a();\n\n}\n");      // "    {\n    a();\n\n    }\n"
+///
+/// Lines count from 1, columns from 0, and a tab runs to the next tab stop here. Tabs and spaces
+/// are converted on the way by wsMode (0 leaves them, 1 tabs to spaces, 2 spaces to tabs), but not
+/// inside string and character literals. In mode 2 spaces are held back until it is known whether
+/// they make up a tab: sync() lets them out. With any other mode every write fails, see failed().
+class IndentWriter {
+public:
+    IndentWriter() = default;
+    explicit IndentWriter(const IndentStreamState& state);
+
+    int line() const { return line_; }
+    int column() const { return column_; }
+    int tabSize() const { return tabSize_; }
+    int wsMode() const { return wsMode_; }
+    const std::string& indent() const { return indent_; }
+    bool keepLeadingWs() const { return keepLeadingWs_; }
+    bool failed() const { return failed_; }
+    IndentStreamState state() const;
+
+    /// Takes effect at the next start of a line.
+    void setIndent(std::string_view indent) { indent_.assign(indent); }
+    void setKeepLeadingWs(bool keep) { keepLeadingWs_ = keep; }
+    /// Both let held-back spaces out first.
+    void setTabSize(int tabSize);
+    void setWsMode(int wsMode);
+
+    /// Writes under the rules of the writer: indent in front of lines, leading white space dropped.
+    void write(std::string_view text);
+    void put(char c) { write(std::string_view(&c, 1)); }
+    /// Writes with leading white space kept; each new line still gets the indent.
+    void writeExact(std::string_view text);
+    /// Writes with leading white space kept and no indent: for text that was laid out before.
+    void writeRaw(std::string_view text);
+    /// Writes out the spaces that mode 2 holds back.
+    void sync();
+
+    /// The width in columns of the current indent, counted from column 0.
+    int indentWidth() const;
+    /// The white space for `width` columns under this writer's indent, mode and tab size.
+    std::string makeIndent(int width) const;
+
+    /// The text so far; held-back spaces are not in it before sync().
+    const std::string& text() const { return text_; }
+    /// Lets held spaces out and hands the text over; the writer goes on with an empty one.
+    std::string takeText();
+    void reserve(std::size_t bytes) { text_.reserve(bytes); }
+
+private:
+    void writeIndent();
+    void writeSegment(std::string_view segment);
+    void convert(char c);
+    void advance(char c);
+
+    std::string text_;
+    std::string indent_;
+    bool keepLeadingWs_ = false;
+    bool failed_ = false;
+    int wsMode_ = 0;
+    int tabSize_ = 1;
+    int line_ = 1;
+    int column_ = 0;
+    // Only mode 1 and 2 look at these. Characters are held as ints: -1 means none.
+    int pendingSpaces_ = 0;
+    int prevChar_ = -1;
+    int quote_ = -1;
+};
+
+/// Sets an indent for the length of a scope. Works on a writer and on an indent stream.
+template <class Stream> class IndentGuard {
+public:
+    IndentGuard(Stream& stream, std::string_view indent) : stream_(stream), saved_(stream.indent()) {
+        stream_.setIndent(std::string(indent));
+    }
+    ~IndentGuard() { stream_.setIndent(saved_); }
+    IndentGuard(const IndentGuard&) = delete;
+    IndentGuard& operator=(const IndentGuard&) = delete;
+
+private:
+    Stream& stream_;
+    std::string saved_;
+};
+
+/// Sets whether leading white space is kept, for the length of a scope.
+template <class Stream> class KeepWsGuard {
+public:
+    KeepWsGuard(Stream& stream, bool keep) : stream_(stream), saved_(stream.keepLeadingWs()) {
+        stream_.setKeepLeadingWs(keep);
+    }
+    ~KeepWsGuard() { stream_.setKeepLeadingWs(saved_); }
+    KeepWsGuard(const KeepWsGuard&) = delete;
+    KeepWsGuard& operator=(const KeepWsGuard&) = delete;
+
+private:
+    Stream& stream_;
+    bool saved_;
+};
+
+} // namespace Zelmar
+
+#endif
