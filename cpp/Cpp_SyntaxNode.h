@@ -3,16 +3,12 @@
 
 #include "trn/Trn_SyntaxNode.h"
 
-#include <cstddef>
 #include <memory>
-#include <unordered_set>
-#include <vector>
+#include <utility>
 
 namespace Cpp {
 
 class Emitter;
-class CommentNode;
-class PreprocDirectiveNode;
 
 /// A node of the coarse tree that is made for layout: it tells where each construct starts and
 /// ends. Extents are inclusive, and (0, 0) means that there is none. A node owns its children.
@@ -46,64 +42,13 @@ private:
     Trn::Position end_;
 };
 
-/// A node with any number of children in source order. Its extent runs from the first child to the
-/// last one. The ends of the child range carry the prefix "child", since start() and end() are
-/// positions.
-class InteriorNode : public SyntaxNode {
-public:
-    using Children = std::vector<std::unique_ptr<SyntaxNode>>;
-    using iterator = Children::iterator;
-    using const_iterator = Children::const_iterator;
-
-    InteriorNode() = default;
-    InteriorNode(const InteriorNode& other);
-    InteriorNode(InteriorNode&& other) noexcept;
-    InteriorNode& operator=(const InteriorNode& other);
-    InteriorNode& operator=(InteriorNode&& other) noexcept;
-    ~InteriorNode() override;
-
-    void setStart(const Trn::Position& position) override;
-    Trn::Position start() const override;
-    void setEnd(const Trn::Position& position) override;
-    Trn::Position end() const override;
-    void accept(Emitter& emitter) override;
-    SyntaxNode* clone() const override;
-
-    virtual iterator childBegin();
-    virtual const_iterator childBegin() const;
-    virtual iterator childEnd();
-    virtual const_iterator childEnd() const;
-    virtual void erase(iterator first, iterator last);
-    virtual std::size_t size() const;
-    /// Takes ownership of `child` and appends it. A null pointer is ignored. Throws
-    /// Trn::AlreadyExistsException if it is a child already, and then leaves it to the caller.
-    virtual void add(SyntaxNode* child);
-    virtual void addComment(CommentNode* comment);
-    virtual void addDirective(PreprocDirectiveNode* directive);
-
-    SyntaxNode* child(std::size_t index) const { return children_[index].get(); }
-    bool empty() const { return children_.empty(); }
-
-protected:
-    void swapChildren(InteriorNode& other) noexcept;
-    Children& children() { return children_; }
-    const Children& children() const { return children_; }
-
-private:
-    bool isChild(const SyntaxNode* node) const;
-
-    Children children_;
-    // Filled once there are many children, so that add stays cheap.
-    mutable std::unordered_set<const SyntaxNode*> index_;
-};
-
 /// Base of the declarations that have named parts.
 class DeclNode : public SyntaxNode {
 protected:
     DeclNode() = default;
 };
 
-/// A child that is held by name: copied deeply, and moved as a pointer.
+/// A child that is held by name, or none: copied deeply, and moved as a pointer.
 template <class Node> class NodePtr {
 public:
     NodePtr() = default;
@@ -114,11 +59,14 @@ public:
         node_ = std::move(other.node_);
         return *this;
     }
+    ~NodePtr() = default;
+
     Node* get() const { return node_.get(); }
     void reset(Node* node = nullptr) { node_.reset(node); }
     Node* release() { return node_.release(); }
     explicit operator bool() const { return node_ != nullptr; }
     Node* operator->() const { return node_.get(); }
+    void swap(NodePtr& other) noexcept { node_.swap(other.node_); }
 
 private:
     std::unique_ptr<Node> node_;

@@ -1,0 +1,97 @@
+#include "cpp/Cpp_InteriorNode.h"
+
+#include "cpp/Cpp_Emitter.h"
+#include "cpp/Cpp_LeafNodes.h"
+#include "trn/Trn_Exception.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Cpp {
+
+namespace {
+
+// Up to here a look at every child is cheaper than keeping a set of them.
+constexpr std::size_t kMaxLinearSearch = 256;
+
+} // namespace
+
+InteriorNode::InteriorNode(const InteriorNode& other) : SyntaxNode(other) {
+    children_.reserve(other.children_.size());
+    for (const auto& child : other.children_) children_.emplace_back(child ? child->clone() : nullptr);
+}
+
+InteriorNode& InteriorNode::operator=(InteriorNode other) noexcept {
+    swapChildren(other);
+    return *this;
+}
+
+void InteriorNode::swapChildren(InteriorNode& other) noexcept {
+    children_.swap(other.children_);
+    index_.swap(other.index_);
+}
+
+void InteriorNode::setStart(const Trn::Position& position) {
+    if (!children_.empty()) children_.front()->setStart(position);
+}
+
+Trn::Position InteriorNode::start() const {
+    return children_.empty() ? Trn::Position() : children_.front()->start();
+}
+
+void InteriorNode::setEnd(const Trn::Position& position) {
+    if (!children_.empty()) children_.back()->setEnd(position);
+}
+
+Trn::Position InteriorNode::end() const {
+    return children_.empty() ? Trn::Position() : children_.back()->end();
+}
+
+void InteriorNode::accept(Emitter& emitter) { emitter.visit(static_cast<SyntaxNode&>(*this)); }
+
+SyntaxNode* InteriorNode::clone() const { return new InteriorNode(*this); }
+
+InteriorNode::iterator InteriorNode::childBegin() { return children_.begin(); }
+InteriorNode::const_iterator InteriorNode::childBegin() const { return children_.begin(); }
+InteriorNode::iterator InteriorNode::childEnd() { return children_.end(); }
+InteriorNode::const_iterator InteriorNode::childEnd() const { return children_.end(); }
+
+void InteriorNode::erase(iterator first, iterator last) {
+    children_.erase(first, last);
+    index_.reset();
+}
+
+std::size_t InteriorNode::size() const { return children_.size(); }
+
+bool InteriorNode::isListed(const SyntaxNode* node) const {
+    return std::any_of(children_.begin(), children_.end(),
+                       [node](const auto& child) { return child.get() == node; });
+}
+
+bool InteriorNode::isChild(const SyntaxNode* node) {
+    if (children_.size() < kMaxLinearSearch) return isListed(node);
+    if (!index_) {
+        index_ = std::make_unique<Index>();
+        for (const auto& child : children_) index_->insert(child.get());
+    }
+    // A child that was freed through an iterator may have left its address here for a new node.
+    return index_->count(node) != 0 && isListed(node);
+}
+
+void InteriorNode::add(SyntaxNode* child) {
+    if (child == nullptr) return;
+    if (isChild(child)) throw Trn::AlreadyExistsException();
+    append(std::unique_ptr<SyntaxNode>(child));
+}
+
+void InteriorNode::append(std::unique_ptr<SyntaxNode> child) {
+    if (!child) return;
+    if (index_) index_->insert(child.get());
+    children_.push_back(std::move(child));
+}
+
+void InteriorNode::addComment(CommentNode* comment) { add(comment); }
+
+void InteriorNode::addDirective(PreprocDirectiveNode* directive) { add(directive); }
+
+} // namespace Cpp

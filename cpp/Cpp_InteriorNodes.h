@@ -1,0 +1,98 @@
+#ifndef KERFLINE_CPP_INTERIORNODES_H
+#define KERFLINE_CPP_INTERIORNODES_H
+
+#include "cpp/Cpp_InteriorNode.h"
+#include "cpp/Cpp_VisitedNode.h"
+
+namespace Cpp {
+
+/// The whole of a text: its top-level nodes in source order.
+class RootNode : public VisitedNode<RootNode, InteriorNode> {
+public:
+    /// Exchanges the children, without a copy.
+    void swap(RootNode& other) noexcept { swapChildren(other); }
+};
+
+/// The base classes of a class head, and the comments and directives among them.
+class BaseClauseListNode : public VisitedNode<BaseClauseListNode, InteriorNode> {};
+
+/// The member initializers of a constructor, and the comments and directives among them.
+class InitializerListNode : public VisitedNode<InitializerListNode, InteriorNode> {};
+
+/// The parts of one control statement in order, "if" and "else", "try" and each "catch", and the
+/// comments between them.
+class CtrlStmtNode : public VisitedNode<CtrlStmtNode, InteriorNode> {};
+
+/// A list between brackets: it stores their places as its extent.
+class BracketedNode : public InteriorNode {
+public:
+    BracketedNode() = default;
+    BracketedNode(const Trn::Position& start, const Trn::Position& end) : start_(start), end_(end) {}
+
+    void setStart(const Trn::Position& position) override { start_ = position; }
+    Trn::Position start() const override { return start_; }
+    void setEnd(const Trn::Position& position) override { end_ = position; }
+    Trn::Position end() const override { return end_; }
+
+private:
+    Trn::Position start_;
+    Trn::Position end_;
+};
+
+class ClassBodyNode : public VisitedNode<ClassBodyNode, BracketedNode> {
+public:
+    using VisitedNode::VisitedNode;
+};
+
+/// The enumerators as text, and the comments and directives among them.
+class EnumBodyNode : public VisitedNode<EnumBodyNode, BracketedNode> {
+public:
+    using VisitedNode::VisitedNode;
+};
+
+class NamespaceBodyNode : public VisitedNode<NamespaceBodyNode, BracketedNode> {
+public:
+    using VisitedNode::VisitedNode;
+};
+
+class ParameterListNode : public VisitedNode<ParameterListNode, BracketedNode> {
+public:
+    using VisitedNode::VisitedNode;
+};
+
+/// The arguments of a member initializer. Has no visit of its own.
+class ArgListNode : public BracketedNode {
+public:
+    using BracketedNode::BracketedNode;
+    SyntaxNode* clone() const override { return new ArgListNode(*this); }
+};
+
+/// A list whose brackets may be missing: the extent of its children stands in for them.
+class OptionallyBracketedNode : public BracketedNode {
+public:
+    using BracketedNode::BracketedNode;
+
+    Trn::Position start() const override {
+        const Trn::Position own = BracketedNode::start();
+        return own.isNone() ? InteriorNode::start() : own;
+    }
+    Trn::Position end() const override {
+        const Trn::Position own = BracketedNode::end();
+        return own.isNone() ? InteriorNode::end() : own;
+    }
+};
+
+/// Statements between braces, or the one statement that a control statement has without any.
+class BlockNode : public VisitedNode<BlockNode, OptionallyBracketedNode> {
+public:
+    using VisitedNode::VisitedNode;
+};
+
+class LinkageBlockBodyNode : public VisitedNode<LinkageBlockBodyNode, OptionallyBracketedNode> {
+public:
+    using VisitedNode::VisitedNode;
+};
+
+} // namespace Cpp
+
+#endif
