@@ -2,6 +2,9 @@
 #define KERFLINE_CPP_SCANNER_H
 
 #include "cpp/Cpp_Tokens.h"
+#include "streams/Zelmar_Columns.h"
+#include "streams/Zelmar_SourceText.h"
+#include "trn/Trn_Position.h"
 
 #include <cstdint>
 #include <string>
@@ -11,10 +14,14 @@
 namespace Cpp {
 
 /// One token of a text as a range of it. Offsets count bytes from 0; `end` is one past the last.
-/// An empty range is possible: the name in front of a leading "::operator".
+///
+/// A name that ends in "::" because no name follows takes the white space behind it into its range
+/// ("A::  *" gives "A::  "). An empty range is possible: the name in front of a "::operator",
+/// "::new" or "::delete" that nothing qualifies; the keyword is then the next token.
 struct RawToken {
     std::uint8_t type = 0;
-    /// The spelling differs from the range: white space behind a "::" inside the name is left out.
+    /// The spelling is not the range as it stands: white space behind a "::" inside a name is left
+    /// out, and a directive gets one more "/" behind every comment in it.
     bool hasInnerSpace = false;
     /// A character literal that its line does not close; its spelling gets a closing quote.
     bool unclosed = false;
@@ -26,8 +33,19 @@ struct RawToken {
 
 /// Splits a text into tokens without copying any of it: the one place that knows how C and C++
 /// tokens are told apart. Never fails: what it cannot read it skips or hands on as tkInvalid.
-/// White space leaves no token. A directive is one token, and so is a comment.
-/// The text must outlive the scanner; its lines end in line feeds.
+/// White space leaves no token. A directive is one token through its line feed, and so is a
+/// comment; either ends the other.
+///
+///     A::operator=(x);    A   ::operator   =   (   x   )   ;
+///
+/// A block comment over several lines ends the directive it stands in. What follows the comment on
+/// its last line still belongs to the directive, so it is one more tkDirective. A raw string comes
+/// as its prefix, an identifier, and one string literal through the closing delimiter.
+///
+/// Skipped without a token: bytes that start none, a number that runs into a letter ("12ab" gives
+/// "ab") and a string that its line does not close.
+///
+/// The text must outlive the scanner; its lines end in line feeds. Costs nothing to construct.
 class Scanner {
 public:
     explicit Scanner(std::string_view text) : text_(text) {}
@@ -35,37 +53,61 @@ public:
     /// Reads the next token into `token`. Returns false at the end of the text.
     bool next(RawToken& token);
 
-    /// Offset and line of the next character to be read.
+    /// Offset and line of the next character to be read. A token held back is read already.
     std::uint32_t offset() const { return at_; }
     std::uint32_t line() const { return line_; }
 
 private:
+    char peek(std::size_t ahead = 0) const {
+        return at_ + ahead < text_.size() ? text_[at_ + ahead] : '\0';
+    }
+    void skipSpace();
+    bool scanToken(RawToken& token);
+    bool scanName(RawToken& token);
+    bool scanNumber(RawToken& token);
+    bool scanPunctuator(RawToken& token);
+    bool scanComment(RawToken& token);
+    bool scanLiteral(RawToken& token);
+    bool scanString(RawToken& token);
+    bool scanRawString(RawToken& token);
+    bool scanCharacter(RawToken& token);
+    bool scanDirective(RawToken& token);
+    bool scanDirectiveTail(RawToken& token);
+    bool finish(RawToken& token, int type, std::size_t end);
+
     std::string_view text_;
     std::uint32_t at_ = 0;
     std::uint32_t line_ = 1;
+    // The second of two tokens that one scan has found.
     RawToken pending_;
     bool hasPending_ = false;
-    // The private scanners are declared by the one who writes them.
+    // Behind a directive that a comment over several lines has ended.
+    bool inDirectiveTail_ = false;
 };
 
 /// All tokens of `text`, appended to `tokens`.
 void scanAll(std::string_view text, std::vector<RawToken>& tokens);
 
-/// The spelling of a token of `text`.
+/// The spelling of a token of `text`: its range, but for what hasInnerSpace and unclosed tell.
 std::string spelling(std::string_view text, const RawToken& token);
 
-/// White space as the C library's isspace sees it in the "C" locale, whatever the locale is.
-constexpr bool isSpace(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
+using Zelmar::isSpace;
+
+/// The places of the first and of the last character of a token of `source`. Constant time unless
+/// the token spans lines. An empty token ends one column in front of its start.
+Trn::Position startOf(const Zelmar::SourceText& source, const RawToken& token);
+Trn::Position endOf(const Zelmar::SourceText& source, const RawToken& token);
+
 /// A character that can stand in an identifier: letters, digits, "_", "$" and all bytes from 0x80.
 constexpr bool isIdentifierChar(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
            c == '$' || static_cast<unsigned char>(c) >= 0x80;
 }
 
-/// True if no blank may be lost between a text that ends in `left` and one that starts with
-/// `right`: the two would read as one identifier, or as another operator ("+ +", "/ *", ": ::").
+/// True if the last blank between a text that ends in `left` and one that starts with `right` must
+/// stay, since without it the two would read as one: two identifier characters, a literal and its
+/// prefix or suffix, a number and a ".", or the start of a longer operator or of a comment ("+ +",
+/// "/ *", ": ::"). Where two characters do not tell, the blank stays.
 bool needsBlank(char left, char right);
 
 } // namespace Cpp

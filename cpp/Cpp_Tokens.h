@@ -1,6 +1,8 @@
 #ifndef KERFLINE_CPP_TOKENS_H
 #define KERFLINE_CPP_TOKENS_H
 
+#include <array>
+#include <cstddef>
 #include <string_view>
 
 namespace Cpp {
@@ -129,9 +131,35 @@ enum TokenType : int {
     tkIdentifier = 119,
 };
 
+/// What tokenTypeName gives, by type.
+inline constexpr std::array<std::string_view, 120> kTokenTypeNames = {
+    "<invalid>", "<directive>", "<character>", "<number>", "<unused>", "<string>",
+    ";", ":", ",", "(", ")", "{", "}", "=", "*", "&", "[", "]", "/", ".", "+", "-", "!", "~",
+    "->", "++", "--", "%", "<<", ">>", "<", ">", "<=", ">=", "==", "!=", "^", "|",
+    "*=", "/=", "%=", "+=", "-=", "<<=", ">>=", "&=", "^=", "|=", "&&", "||", "?", ".*", "->*",
+    "class", "struct", "public", "private", "protected", "virtual", "namespace", "using",
+    "const", "mutable", "volatile", "static", "inline", "explicit", "signed", "unsigned",
+    "auto", "register", "friend", "typedef", "typename", "enum", "union",
+    "static_cast", "dynamic_cast", "const_cast", "reinterpret_cast",
+    "template", "operator", "asm", "new", "delete", "throw", "sizeof", "typeid", "this",
+    "export", "extern", "true", "false", "if", "else", "<unused>", "for", "do", "while",
+    "try", "catch", "switch", "case", "default", "continue", "break", "goto", "return",
+    "char", "wchar_t", "bool", "short", "int", "long", "float", "double", "void",
+    "<line comment>", "<block comment>", "<identifier>"};
+
+static_assert(kTokenTypeNames[tkSemicolon] == ";" && kTokenTypeNames[tkShiftRightAssign] == ">>=" &&
+              kTokenTypeNames[tkArrowStar] == "->*" && kTokenTypeNames[tkClass] == "class" &&
+              kTokenTypeNames[tkReinterpretCast] == "reinterpret_cast" && kTokenTypeNames[tkElse] == "else" &&
+              kTokenTypeNames[tkFor] == "for" && kTokenTypeNames[tkVoid] == "void" &&
+              kTokenTypeNames[tkIdentifier] == "<identifier>");
+
 /// The spelling of an operator or keyword; for the other types a word in angle brackets, such as
 /// "<number>". Never empty.
-std::string_view tokenTypeName(int type);
+constexpr std::string_view tokenTypeName(int type) {
+    if (type == tkEnd) return "<end>";
+    if (type < 0 || type >= static_cast<int>(kTokenTypeNames.size())) return "<unknown>";
+    return kTokenTypeNames[static_cast<std::size_t>(type)];
+}
 
 constexpr bool isComment(int type) { return type == tkLineComment || type == tkBlockComment; }
 constexpr bool isCommentOrDirective(int type) { return isComment(type) || type == tkDirective; }

@@ -8,6 +8,11 @@
 
 namespace Zelmar {
 
+/// White space as the C library's isspace sees it in the "C" locale, whatever the locale is.
+constexpr bool isSpace(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
 /// How white space is converted on the way out.
 enum WsMode { kWsKeep = 0, kWsTabsToSpaces = 1, kWsSpacesToTabs = 2 };
 

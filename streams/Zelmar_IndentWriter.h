@@ -34,6 +34,8 @@ struct IndentStreamState {
 class IndentWriter {
 public:
     IndentWriter() = default;
+    /// Goes on at the place that `state` tells. A tab size or a line below 1 is raised to 1, a
+    /// column below 0 to 0.
     explicit IndentWriter(const IndentStreamState& state);
 
     int line() const { return line_; }
@@ -42,13 +44,14 @@ public:
     int wsMode() const { return wsMode_; }
     const std::string& indent() const { return indent_; }
     bool keepLeadingWs() const { return keepLeadingWs_; }
+    /// True once something was to be written in a mode that does not exist. Nothing was written then.
     bool failed() const { return failed_; }
     IndentStreamState state() const;
 
     /// Takes effect at the next start of a line.
     void setIndent(std::string_view indent) { indent_.assign(indent); }
     void setKeepLeadingWs(bool keep) { keepLeadingWs_ = keep; }
-    /// Both let held-back spaces out first.
+    /// Both let held-back spaces out first. A tab size below 1 counts as 1.
     void setTabSize(int tabSize);
     void setWsMode(int wsMode);
 
@@ -71,13 +74,23 @@ public:
     const std::string& text() const { return text_; }
     /// Lets held spaces out and hands the text over; the writer goes on with an empty one.
     std::string takeText();
+    /// Forgets the text so far, which the caller has passed on. Spaces held back stay held, and the
+    /// line and the column go on.
+    void clearText() { text_.clear(); }
     void reserve(std::size_t bytes) { text_.reserve(bytes); }
 
 private:
-    void writeIndent();
+    void writeUnder(std::string_view text, std::string_view indent, bool keepLeadingWs);
     void writeSegment(std::string_view segment);
+    void copySegment(std::string_view segment);
+    void convertSegment(std::string_view segment);
     void convert(char c);
+    void trackLiteral(char c);
+    bool holdBack();
+    void flushHeldSpaces();
+    void append(char c);
     void advance(char c);
+    int tab() const { return tabSize_ < 1 ? 1 : tabSize_; }
 
     std::string text_;
     std::string indent_;
