@@ -15,6 +15,7 @@ constexpr bool isSpace(char c) {
 
 /// How white space is converted on the way out.
 enum WsMode { kWsKeep = 0, kWsTabsToSpaces = 1, kWsSpacesToTabs = 2 };
+constexpr bool isWsMode(int wsMode) { return wsMode >= kWsKeep && wsMode <= kWsSpacesToTabs; }
 
 /// Returns the column reached after writing `text` from `startColumn` on.
 /// Columns count from 0. A tab runs to the next multiple of `tabSize`; every other character

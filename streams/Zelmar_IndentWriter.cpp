@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 
 namespace Zelmar {
 
@@ -28,10 +27,6 @@ std::string_view dropBlanks(std::string_view text) {
     std::size_t count = 0;
     while (count < text.size() && isSpace(text[count]) && text[count] != '\n') ++count;
     return text.substr(count);
-}
-
-bool isMode(int wsMode) {
-    return wsMode >= kWsKeep && wsMode <= kWsSpacesToTabs;
 }
 
 } // namespace
@@ -85,8 +80,13 @@ std::string IndentWriter::takeText() {
     return taken;
 }
 
+void IndentWriter::setPlace(int line, int column) {
+    line_ = line;
+    column_ = column;
+}
+
 void IndentWriter::writeUnder(std::string_view text, std::string_view indent, bool keepLeadingWs) {
-    if (!isMode(wsMode_)) {
+    if (!isWsMode(wsMode_)) {
         failed_ = failed_ || !text.empty();
         return;
     }

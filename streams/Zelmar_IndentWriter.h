@@ -77,6 +77,8 @@ public:
     /// Forgets the text so far, which the caller has passed on. Spaces held back stay held, and the
     /// line and the column go on.
     void clearText() { text_.clear(); }
+    /// Says that the writer stands at another place, such as before a write that went nowhere.
+    void setPlace(int line, int column);
     void reserve(std::size_t bytes) { text_.reserve(bytes); }
 
 private:
@@ -105,6 +107,11 @@ private:
     int prevChar_ = -1;
     int quote_ = -1;
 };
+
+/// The white space that fills `width` columns under the settings of `writer`.
+inline std::string makeIndent(const IndentWriter& writer, int width) {
+    return writer.makeIndent(width);
+}
 
 /// Sets an indent for the length of a scope. Works on a writer and on an indent stream.
 template <class Stream> class IndentGuard {
