@@ -2,11 +2,13 @@
 
 #include "streams/Zelmar_Columns.h"
 
+#include <algorithm>
+
 namespace Norvane {
 
 OffsetCalculator::OffsetCalculator(const PropertySet& scheme) : props_(scheme) {
     normalizeProperties(props_);
-    tabSize_ = intProperty("TAB_SIZE", 1);
+    tabSize_ = std::max(1, intProperty("TAB_SIZE", 1));
 }
 
 bool OffsetCalculator::boolProperty(const char* name) const {

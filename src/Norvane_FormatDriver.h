@@ -1,0 +1,36 @@
+#ifndef KERFLINE_NORVANE_FORMATDRIVER_H
+#define KERFLINE_NORVANE_FORMATDRIVER_H
+
+#include "src/Norvane_FormatOptions.h"
+#include "src/Norvane_UpdateFunctor.h"
+#include "trn/Trn_Message.h"
+
+#include <cstdint>
+#include <istream>
+#include <ostream>
+
+namespace Norvane {
+
+/// Takes one text through every stage of formatting.
+///
+///     source -> parse -> regions left alone -> format -> (parse -> regions -> wrap) -> output
+///
+/// The part in parentheses runs with LINE_WRAP on. Each parse has a tree of its own, and only one
+/// is alive at a time. It holds nothing between two runs.
+class FormatDriver {
+public:
+    /// Formats what is left of `input`, which need not be seekable, and writes the result to
+    /// `output`. Returns 0 if that is done; `messages` is untouched then. Otherwise nothing was
+    /// written, and the result is the number of messages that were appended to `messages`: those of
+    /// a text that does not parse, with places in the source or, behind the first pass, in the
+    /// formatted text; or a single one that says why the run ended.
+    ///
+    /// `update` is asked before each of the two long stages. What a stage throws passes through,
+    /// and nothing has been written then either.
+    std::int32_t format(const FormatOptions& options, std::istream& input, std::ostream& output,
+                        Trn::MessageList& messages, UpdateFunctor& update);
+};
+
+} // namespace Norvane
+
+#endif
