@@ -141,7 +141,9 @@ void TreeDumper::visit(EnumHeadNode& node) { dumpWithText("EnumHeadNode", node, 
 void TreeDumper::visit(NamespaceHeadNode& node) { dumpWithText("NamespaceHeadNode", node, node.name()); }
 void TreeDumper::visit(ParameterNode& node) { dumpWithText("ParameterNode", node, node.text()); }
 void TreeDumper::visit(KeywordNode& node) { dumpWithText("KeywordNode", node, keywordName(node.keyword())); }
-void TreeDumper::visit(AccessSpecNode& node) { dumpWithText("AccessSpecNode", node, keywordName(node.access())); }
+void TreeDumper::visit(AccessSpecNode& node) {
+    dumpWithText("AccessSpecNode", node, keywordName(node.access()));
+}
 
 void TreeDumper::visit(CommentNode& node) {
     beginNode("CommentNode", node);
