@@ -278,6 +278,25 @@ TEST(Ownership, SwapOfFunctionsExchangesHeadAndBlock) {
     EXPECT_NE(b.initializers(), nullptr);
 }
 
+// Copying, walking and destroying descend by recursion, so they must bear all the nesting that a
+// text may have.
+TEST(Copies, DeepTreesDoNotExhaustTheStack) {
+    constexpr int kDepth = 1000;
+    RootNode root;
+    InteriorNode* innermost = &root;
+    for (int i = 0; i < kDepth; ++i) {
+        auto* block = new BlockNode({1, 1}, {1, 2});
+        auto* statement = new CtrlStmtNode();
+        statement->add(new CtrlSubStmtNode(nullptr, block));
+        innermost->add(statement);
+        innermost = block;
+    }
+    innermost->add(expr("a;", 1));
+    const RootNode copy(root);
+    const std::string text = treeAsText(copy);
+    EXPECT_NE(text.find("\"a;\""), std::string::npos);
+}
+
 // --- checked values ---
 
 TEST(KeywordNode, TakesTheKeywordsFromClassToDefault) {
