@@ -317,6 +317,62 @@ bool isSplitName(std::string_view name) {
     return name == "operator" || name == "new" || name == "delete";
 }
 
+/// Finds the end of the number that starts with the digit at `begin`.
+class NumberWalker {
+public:
+    NumberWalker(std::string_view text, std::size_t begin)
+        : text_(text), at_(begin), hex_(text[begin] == '0' && lower(peek(1)) == 'x') {
+        at_ += hex_ ? 2 : 1;
+    }
+
+    std::size_t findEnd() {
+        while (takePart()) {
+        }
+        return at_;
+    }
+
+private:
+    char peek(std::size_t ahead = 0) const { return at_ + ahead < text_.size() ? text_[at_ + ahead] : '\0'; }
+    bool isNumeral(char c) const { return hex_ ? isHexDigit(c) : isDigit(c); }
+    bool isSeparator() const { return peek() == '\'' && isNumeral(text_[at_ - 1]) && isNumeral(peek(1)); }
+
+    bool takePart() {
+        const char c = lower(peek());
+        if (isNumeral(c) || isSeparator()) return take();
+        if (c == '.') return takeOnce(dot_);
+        if (c == 'e') return takeOnce(exponent_) && takeSign();
+        if ((c == 'u' || c == 'l') && !dot_ && !exponent_) return takeRunOf('u', 'l');
+        return (c == 'l' || c == 'f') && takeRunOf('l', 'f');
+    }
+
+    bool take() {
+        ++at_;
+        return true;
+    }
+
+    bool takeOnce(bool& taken) {
+        if (taken) return false;
+        taken = true;
+        return take();
+    }
+
+    bool takeSign() {
+        if (peek() == '+' || peek() == '-') ++at_;
+        return true;
+    }
+
+    bool takeRunOf(char a, char b) {
+        while (lower(peek()) == a || lower(peek()) == b) ++at_;
+        return true;
+    }
+
+    std::string_view text_;
+    std::size_t at_;
+    bool hex_;
+    bool dot_ = false;
+    bool exponent_ = false;
+};
+
 std::string withoutSpace(std::string_view name) {
     std::string result;
     result.reserve(name.size());
@@ -392,43 +448,12 @@ bool Scanner::scanName(RawToken& token) {
     return true;
 }
 
+// A number that runs into a letter is no number, and what it runs into starts a token of its own.
 bool Scanner::scanNumber(RawToken& token) {
-    std::size_t pos = at_ + 1;
-    const bool hex = text_[at_] == '0' && lower(peek(1)) == 'x';
-    if (hex) ++pos;
-    bool dot = false;
-    bool exponent = false;
-    const auto at = [this](std::size_t i) { return i < text_.size() ? text_[i] : '\0'; };
-    const auto isNumeral = [hex](char c) { return hex ? isHexDigit(c) : isDigit(c); };
-    const auto skipRunOf = [&](char a, char b) {
-        while (lower(at(pos)) == a || lower(at(pos)) == b) ++pos;
-    };
-    while (pos < text_.size()) {
-        const char c = lower(text_[pos]);
-        if (isNumeral(c)) {
-            ++pos;
-        } else if (c == '.' && !dot) {
-            dot = true;
-            ++pos;
-        } else if (c == 'e' && !exponent) {
-            exponent = true;
-            ++pos;
-            if (at(pos) == '+' || at(pos) == '-') ++pos;
-        } else if ((c == 'u' || c == 'l') && !dot && !exponent) {
-            skipRunOf('u', 'l');
-        } else if (c == 'l' || c == 'f') {
-            skipRunOf('l', 'f');
-        } else if (c == '\'' && isNumeral(text_[pos - 1]) && isNumeral(at(pos + 1))) {
-            ++pos;
-        } else {
-            break;
-        }
-    }
-    if (pos < text_.size() && !isSpace(text_[pos]) && !isPunct(text_[pos])) {
-        at_ = static_cast<std::uint32_t>(pos);
-        return false;
-    }
-    return finish(token, tkNumber, pos);
+    const std::size_t end = NumberWalker(text_, at_).findEnd();
+    if (end == text_.size() || isSpace(text_[end]) || isPunct(text_[end])) return finish(token, tkNumber, end);
+    at_ = static_cast<std::uint32_t>(end);
+    return false;
 }
 
 bool Scanner::scanPunctuator(RawToken& token) {
