@@ -1,0 +1,67 @@
+#ifndef KERFLINE_NORVANE_EXPRCOPIER_H
+#define KERFLINE_NORVANE_EXPRCOPIER_H
+
+#include "src/Norvane_CppExprFormatterBase.h"
+#include "src/Norvane_ExprTokens.h"
+#include "streams/Zelmar_IndentWriter.h"
+
+#include <cstddef>
+#include <string_view>
+
+namespace Norvane {
+
+/// Sets another indent and the keeping of leading white space for the length of a scope, as text
+/// needs that starts its line in a column of its own.
+class ColumnGuard {
+public:
+    ColumnGuard(Zelmar::IndentWriter& output, int column)
+        : indent_(output, output.makeIndent(column)), keep_(output, true) {}
+
+private:
+    Zelmar::IndentGuard<Zelmar::IndentWriter> indent_;
+    Zelmar::KeepWsGuard<Zelmar::IndentWriter> keep_;
+};
+
+/// Copies a tokenised text to a writer, from the front to the back, with other white space in some
+/// of its gaps. A string literal that holds a line feed comes out as it stands: the white space in
+/// front of its lines is a part of the program.
+class ExprCopier {
+public:
+    ExprCopier(const ExprTokens& tokens, Zelmar::IndentWriter& output) : tokens_(tokens), output_(output) {}
+
+    /// Copies up to `offset`; nothing if it has been passed.
+    void copyTo(std::size_t offset);
+    void copyRest() { copyTo(tokens_.text().size()); }
+    /// Passes over what lies in front of `offset` without writing it: white space only.
+    void skipTo(std::size_t offset) { if (offset > at_) at_ = offset; }
+    std::size_t offset() const { return at_; }
+
+    /// True if the gap in front of token `index` may be replaced: it is white space, does not
+    /// follow a line feed that a comment or a directive owns, and does not precede a directive.
+    bool isReplaceable(std::size_t index) const;
+    /// What `ws` comes to in front of token `index`: one blank if without any the tokens would read
+    /// as one.
+    std::string_view safeValue(std::size_t index, std::string_view ws) const;
+    /// Copies up to the gap in front of token `index`, and `ws` in the place of that gap if it may
+    /// be replaced. `exact` keeps white space at the start of a line.
+    void replaceGap(std::size_t index, std::string_view ws, bool exact);
+
+    /// Copies up to the gap in front of a directive, and the gap and the directive by their rules.
+    void copyDirective(std::size_t index, const DirectivePlace& place);
+    /// Copies up to the token, and the token with its further lines moved along with its first one.
+    void copyMoved(std::size_t index);
+    /// The column at which the next token comes to stand; that of the indent at a line's start.
+    int column() const { return output_.column() > 0 ? output_.column() : output_.indentWidth(); }
+
+private:
+    int sourceColumn(std::size_t index) const;
+
+    const ExprTokens& tokens_;
+    Zelmar::IndentWriter& output_;
+    std::size_t at_ = 0;
+    std::size_t nextRaw_ = 0;
+};
+
+} // namespace Norvane
+
+#endif

@@ -1,0 +1,146 @@
+#include "src/Norvane_ExprTokens.h"
+
+namespace Norvane {
+
+bool BracketDepths::count(int kind) {
+    switch (kind) {
+    case Cpp::tkOpenParen: ++paren; return true;
+    case Cpp::tkCloseParen: --paren; return true;
+    case Cpp::tkOpenBrace: ++brace; return true;
+    case Cpp::tkCloseBrace: --brace; return true;
+    case Cpp::tkOpenBracket: ++square; return true;
+    case Cpp::tkCloseBracket: --square; return true;
+    case Cpp::tkLess: ++angle; return true;
+    case Cpp::tkGreater: --angle; return true;
+    default: return false;
+    }
+}
+
+namespace {
+
+void closeTop(std::vector<std::size_t>& open, std::vector<std::size_t>& mates, std::size_t index) {
+    if (open.empty()) return;
+    mates[open.back()] = index;
+    open.pop_back();
+}
+
+/// Tokens that the arguments of a template are made of. Operators are not: with one of them between
+/// the brackets, two closing ones in a row are taken for a shift.
+bool isTemplateArgument(int kind) {
+    switch (kind) {
+    case Cpp::tkNumber: case Cpp::tkComma: case Cpp::tkAsterisk: case Cpp::tkAmpersand: case Cpp::tkDot:
+    case Cpp::tkOpenParen: case Cpp::tkCloseParen: case Cpp::tkOpenBracket: case Cpp::tkCloseBracket:
+    case Cpp::tkLess: case Cpp::tkGreater: case Cpp::tkIdentifier: case Cpp::tkClass: case Cpp::tkStruct:
+    case Cpp::tkConst: case Cpp::tkVolatile: case Cpp::tkSigned: case Cpp::tkUnsigned: case Cpp::tkAuto:
+    case Cpp::tkTypename: case Cpp::tkEnum: case Cpp::tkUnion: case Cpp::tkTemplate: case Cpp::tkSizeof:
+    case Cpp::tkTrue: case Cpp::tkFalse:
+        return true;
+    default:
+        return (kind >= Cpp::tkChar && kind <= Cpp::tkVoid) || Cpp::isComment(kind);
+    }
+}
+
+bool isLogical(int kind) {
+    return kind == Cpp::tkLogicalAnd || kind == Cpp::tkLogicalOr;
+}
+
+} // namespace
+
+void ExprTokens::assign(std::string_view text) {
+    text_ = text;
+    tokens_.clear();
+    rawTokens_.clear();
+    Cpp::scanAll(text, tokens_);
+    kinds_.resize(tokens_.size());
+    mates_.assign(tokens_.size(), kNone);
+    classify();
+    match();
+    if (hasAngles_) matchAngles();
+}
+
+bool ExprTokens::endsLine(std::size_t index) const {
+    return end(index) > begin(index) && text_[end(index) - 1] == '\n';
+}
+
+void ExprTokens::classify() {
+    hasAngles_ = false;
+    for (std::size_t i = 0; i < tokens_.size(); ++i) kinds_[i] = tokens_[i].type;
+    for (std::size_t i = 0; i < tokens_.size(); ++i) {
+        if (kinds_[i] == Cpp::tkOperator) nameOperator(i);
+        if (kinds_[i] == Cpp::tkLess) hasAngles_ = true;
+        if (kinds_[i] == Cpp::tkStringLiteral && token(i).find('\n') != std::string_view::npos) {
+            rawTokens_.push_back(i);
+        }
+    }
+}
+
+/// "operator" and the token behind it are one name, with the second bracket of a pair.
+void ExprTokens::nameOperator(std::size_t index) {
+    constexpr int kPunctuatorsBegin = Cpp::tkAssign;
+    constexpr int kPunctuatorsEnd = Cpp::tkArrowStar + 1;
+    if (index + 1 >= size()) return;
+    const int kind = kinds_[index + 1];
+    const bool isPair = kind == Cpp::tkOpenParen || kind == Cpp::tkOpenBracket;
+    if (!isPair && kind != Cpp::tkComma && (kind < kPunctuatorsBegin || kind >= kPunctuatorsEnd)) return;
+    if (isPair && (index + 2 >= size() || kinds_[index + 2] != kind + 1)) return;
+    kinds_[index] = kinds_[index + 1] = Cpp::tkIdentifier;
+    if (isPair) kinds_[index + 2] = Cpp::tkIdentifier;
+}
+
+void ExprTokens::match() {
+    openParens_.clear();
+    openBraces_.clear();
+    openBrackets_.clear();
+    for (std::size_t i = 0; i < kinds_.size(); ++i) {
+        switch (kinds_[i]) {
+        case Cpp::tkOpenParen: openParens_.push_back(i); break;
+        case Cpp::tkCloseParen: closeTop(openParens_, mates_, i); break;
+        case Cpp::tkOpenBrace: openBraces_.push_back(i); break;
+        case Cpp::tkCloseBrace: closeTop(openBraces_, mates_, i); break;
+        case Cpp::tkOpenBracket: openBrackets_.push_back(i); break;
+        case Cpp::tkCloseBracket: closeTop(openBrackets_, mates_, i); break;
+        default: break;
+        }
+    }
+}
+
+void ExprTokens::matchAngles() {
+    openAngles_.clear();
+    foreignEnd_ = 0;
+    int depth = 0;
+    bool skipped = false; // behind a logical operator
+    for (std::size_t i = 0; i < kinds_.size(); ++i) {
+        const int kind = kinds_[i];
+        if (kind == Cpp::tkLess) {
+            // One that is not counted can still be the start of a count, one level lower.
+            openAngles_.push_back({i, skipped ? depth - 1 : depth});
+            if (!skipped) ++depth;
+        } else if (kind == Cpp::tkGreater && !skipped) {
+            closeAngles(i, --depth);
+        } else if (kind == Cpp::tkShiftRight && !skipped && closesTwo(i)) {
+            kinds_[i] = Cpp::tkGreater;
+            depth -= 2;
+            closeAngles(i, depth);
+        } else if (!isTemplateArgument(kind)) {
+            foreignEnd_ = i + 1;
+        }
+        skipped = !skipped && isLogical(kind);
+    }
+}
+
+void ExprTokens::closeAngles(std::size_t index, int depth) {
+    while (!openAngles_.empty() && openAngles_.back().target >= depth) {
+        mates_[openAngles_.back().index] = index;
+        openAngles_.pop_back();
+    }
+}
+
+bool ExprTokens::closesTwo(std::size_t index) const {
+    if (openAngles_.size() < 2) return false;
+    const OpenAngle& inner = openAngles_[openAngles_.size() - 1];
+    const OpenAngle& outer = openAngles_[openAngles_.size() - 2];
+    // Nothing but arguments since the outer one, and something between the inner one and here.
+    return foreignEnd_ <= outer.index && inner.target == outer.target + 1 && inner.index + 1 < index;
+}
+
+} // namespace Norvane
