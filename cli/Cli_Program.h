@@ -1,0 +1,53 @@
+#ifndef KERFLINE_CLI_PROGRAM_H
+#define KERFLINE_CLI_PROGRAM_H
+
+#include "cli/Cli_Engine.h"
+#include "cli/Cli_FileIo.h"
+#include "cli/Cli_Options.h"
+#include "cli/Cli_Report.h"
+#include "cli/Cli_SourceFile.h"
+
+#include <istream>
+#include <ostream>
+#include <string>
+
+namespace Cli {
+
+/// The three streams of a process.
+struct Streams {
+    std::istream& in;
+    std::ostream& out;
+    std::ostream& err;
+};
+
+/// Lays out all files of `options` and returns the exit status of the process. A file that fails
+/// does not stop the others. Throws nothing.
+ExitStatus runProgram(const Options& options, const Streams& streams);
+
+/// The work on the files of one call, under one scheme.
+class Program {
+public:
+    Program(const Options& options, const Norvane::PropertySet& scheme, const Streams& streams, Report& report);
+
+    void run();
+
+private:
+    void processFile(const std::string& file);
+    void processStream(const std::string& shownName, std::istream& in);
+    void processSource(const std::string& path, const SourceFile& source);
+    void format(const std::string& path, const SourceFile& source);
+    void dump(const std::string& path, const SourceFile& source);
+    void deliver(const std::string& path, const SourceFile& source, const std::string& result);
+    void refuse(const std::string& path, const SourceFile& source, const Outcome& outcome);
+    void passThrough(const std::string& bytes);
+    void finishOutput();
+
+    const Options& options_;
+    Engine engine_;
+    Streams streams_;
+    Report& report_;
+};
+
+} // namespace Cli
+
+#endif

@@ -1,0 +1,154 @@
+#include "cli/Cli_SchemeLoader.h"
+
+#include "cli/Cli_FileIo.h"
+#include "cli/Cli_SchemeChecker.h"
+#include "cli/Cli_ShippedSchemes.h"
+#include "cli/Cli_SourceFile.h"
+#include "src/Norvane_PropertyCatalogue.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <system_error>
+
+namespace Cli {
+
+namespace {
+
+/// No scheme is near this size; a device that never ends should not be read for ever.
+constexpr std::size_t kLargestScheme = 1 << 24;
+
+const ShippedScheme* findShipped(std::string_view name) {
+    const auto schemes = shippedSchemes();
+    const auto found = std::find_if(schemes.begin(), schemes.end(),
+                                    [&](const ShippedScheme& scheme) { return scheme.name == name; });
+    return found == schemes.end() ? nullptr : &*found;
+}
+
+std::string readSchemeFile(const std::string& path) {
+    std::ifstream in = openFile(path);
+    ReadResult read = readSource(in, kLargestScheme);
+    if (!read.complete) throw std::system_error(EFBIG, std::generic_category());
+    return SourceFile(std::move(read.bytes)).text();
+}
+
+void reportProblem(const Place& place, const SchemeProblem& problem, Report& report) {
+    report.add(place, problem.isWarning ? "warning" : "error", problem.text);
+    if (!problem.isWarning) report.raise(ExitStatus::badUsageOrScheme);
+}
+
+std::optional<Norvane::PropertySet> parseScheme(const std::string& path, std::string_view text, Report& report) {
+    for (const SchemeProblem& problem : checkSchemeText(text)) {
+        reportProblem({path, problem.line, problem.column}, problem, report);
+    }
+    if (report.status() != ExitStatus::done) return std::nullopt;
+    std::istringstream in{std::string(text)};
+    return Norvane::PropertySet(in);
+}
+
+std::optional<Norvane::PropertySet> baseScheme(const std::string& name, Report& report) {
+    if (name == "none") return Norvane::PropertySet("none");
+    if (const ShippedScheme* shipped = findShipped(name)) return parseScheme(name + ".kls", shipped->text, report);
+    try {
+        return parseScheme(name, readSchemeFile(name), report);
+    } catch (const std::system_error& error) {
+        report.error({name}, error.code().message(), ExitStatus::badUsageOrScheme);
+        return std::nullopt;
+    }
+}
+
+void eraseAll(Norvane::PropertySet& scheme, std::string_view name) {
+    while (scheme.erase(name)) {
+    }
+}
+
+char typeCodeOf(Norvane::PropertyKind kind) {
+    switch (kind) {
+    case Norvane::PropertyKind::Bool: return '1';
+    case Norvane::PropertyKind::Int: return '2';
+    default: return '3';
+    }
+}
+
+/// A value as it would stand in a scheme file. White space that was typed as it is gets its escape,
+/// since a record is one line.
+std::string recordValue(std::string_view value) {
+    const bool hasQuotes = value.size() > 1 && value.front() == '"' && value.back() == '"';
+    std::string text = hasQuotes ? "" : "\"";
+    for (const char c : value) {
+        switch (c) {
+        case '\n': text += "\\n"; break;
+        case '\r': text += "\\r"; break;
+        case '\t': text += "\\t"; break;
+        case '\v': text += "\\v"; break;
+        default: text += c;
+        }
+    }
+    return hasQuotes ? text : text + '"';
+}
+
+/// The edits of the command line on a scheme, one after the other.
+class SchemeEditor {
+public:
+    SchemeEditor(Norvane::PropertySet& scheme, Report& report) : scheme_(scheme), report_(report) {}
+
+    void apply(const SchemeEdit& edit) {
+        if (edit.kind == SchemeEdit::Kind::set) {
+            set(edit.text);
+        } else {
+            unset(edit.text);
+        }
+    }
+
+private:
+    void set(const std::string& text) {
+        const std::size_t equals = text.find('=');
+        const std::string name = text.substr(0, equals);
+        if (equals == std::string::npos) {
+            fail("--set " + text, "the form is NAME=VALUE");
+            return;
+        }
+        const Norvane::PropertyInfo* info = Norvane::findProperty(name);
+        if (info == nullptr) {
+            fail("--set " + name, unknownOptionText(name));
+            return;
+        }
+        const std::string_view value = std::string_view(text).substr(equals + 1);
+        const char code = typeCodeOf(info->kind);
+        const std::string line = std::string(1, code) + ' ' + name + ' ' +
+                                 (code == '3' ? recordValue(value) : std::string(value));
+        // Under another kind, an older value would stay beside the new one.
+        eraseAll(scheme_, name);
+        if (const auto problem = readRecord(line, scheme_)) reportProblem({"--set " + name}, *problem, report_);
+    }
+
+    void unset(const std::string& name) {
+        if (Norvane::findProperty(name) == nullptr) {
+            fail("--unset " + name, unknownOptionText(name));
+        } else {
+            eraseAll(scheme_, name);
+        }
+    }
+
+    void fail(const std::string& where, const std::string& text) {
+        report_.error({where}, text, ExitStatus::badUsageOrScheme);
+    }
+
+    Norvane::PropertySet& scheme_;
+    Report& report_;
+};
+
+} // namespace
+
+std::optional<Norvane::PropertySet> loadScheme(const Options& options, Report& report) {
+    std::optional<Norvane::PropertySet> base = baseScheme(options.scheme, report);
+    // Wrong edits are named even if the scheme is wrong too: one run shows all that is to be mended.
+    Norvane::PropertySet scheme = base ? *base : Norvane::PropertySet();
+    SchemeEditor editor(scheme, report);
+    for (const SchemeEdit& edit : options.edits) editor.apply(edit);
+    if (report.status() != ExitStatus::done) return std::nullopt;
+    return scheme;
+}
+
+} // namespace Cli

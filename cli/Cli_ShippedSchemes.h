@@ -1,0 +1,20 @@
+#ifndef KERFLINE_CLI_SHIPPEDSCHEMES_H
+#define KERFLINE_CLI_SHIPPEDSCHEMES_H
+
+#include <span>
+#include <string_view>
+
+namespace Cli {
+
+/// A scheme file that is part of the program, so that it works wherever it is copied to.
+struct ShippedScheme {
+    std::string_view name;
+    std::string_view text;
+};
+
+/// All of them, ordered by name. One is called "default".
+std::span<const ShippedScheme> shippedSchemes();
+
+} // namespace Cli
+
+#endif

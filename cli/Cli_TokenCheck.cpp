@@ -1,0 +1,68 @@
+#include "cli/Cli_TokenCheck.h"
+
+#include "cpp/Cpp_Scanner.h"
+
+#include <algorithm>
+
+namespace Cli {
+
+namespace {
+
+std::string_view range(std::string_view text, const Cpp::RawToken& token) {
+    return text.substr(token.begin, token.end - token.begin);
+}
+
+void skipSpace(std::string_view text, std::size_t& at) {
+    while (at < text.size() && Cpp::isSpace(text[at])) ++at;
+}
+
+bool equalButForSpace(std::string_view a, std::string_view b) {
+    std::size_t i = 0;
+    std::size_t j = 0;
+    while (true) {
+        const std::size_t beforeA = i;
+        const std::size_t beforeB = j;
+        skipSpace(a, i);
+        skipSpace(b, j);
+        // White space at the end is the line end that the last line of a file may lack.
+        if (i == a.size() || j == b.size()) return i == a.size() && j == b.size();
+        if ((i == beforeA) != (j == beforeB) || a[i] != b[j]) return false;
+        ++i;
+        ++j;
+    }
+}
+
+bool sameToken(std::string_view source, const Cpp::RawToken& a, std::string_view result, const Cpp::RawToken& b) {
+    if (a.type != b.type) return false;
+    const std::string_view left = range(source, a);
+    const std::string_view right = range(result, b);
+    if (left == right) return true;
+    if (Cpp::isCommentOrDirective(a.type)) return equalButForSpace(left, right);
+    return (a.hasInnerSpace || b.hasInnerSpace) && Cpp::spelling(source, a) == Cpp::spelling(result, b);
+}
+
+Trn::Position positionOf(std::string_view text, std::size_t offset) {
+    const std::string_view before = text.substr(0, std::min(offset, text.size()));
+    const auto line = 1 + std::count(before.begin(), before.end(), '\n');
+    const std::size_t feed = before.rfind('\n');
+    const std::size_t column = before.size() - (feed == std::string_view::npos ? 0 : feed + 1) + 1;
+    return {static_cast<std::uint32_t>(line), static_cast<std::uint32_t>(column)};
+}
+
+} // namespace
+
+std::optional<Trn::Position> firstTokenDifference(std::string_view source, std::string_view result) {
+    Cpp::Scanner sourceScanner(source);
+    Cpp::Scanner resultScanner(result);
+    Cpp::RawToken a;
+    Cpp::RawToken b;
+    while (true) {
+        const bool moreSource = sourceScanner.next(a);
+        const bool moreResult = resultScanner.next(b);
+        if (!moreSource && !moreResult) return std::nullopt;
+        if (!moreSource) return positionOf(source, source.size());
+        if (!moreResult || !sameToken(source, a, result, b)) return positionOf(source, a.begin);
+    }
+}
+
+} // namespace Cli

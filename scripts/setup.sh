@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# Installs what is missing to build Kerfline on Debian. docs/dependencies.md has the reason for each.
+set -euo pipefail
+
+packages=(g++ cmake ninja-build libcli11-dev libgtest-dev)
+
+missing=()
+for package in "${packages[@]}"; do
+    dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+as_root=()
+[ "$(id -u)" -eq 0 ] || as_root=(sudo)
+echo "Installing ${missing[*]}" >&2
+"${as_root[@]}" apt-get update -qq >&2
+DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2

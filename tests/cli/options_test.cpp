@@ -1,0 +1,104 @@
+#include "cli/Cli_Options.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+using Cli::ExitStatus;
+
+struct Parsed {
+    std::optional<Cli::Options> options;
+    ExitStatus status = ExitStatus::done;
+    std::string out;
+    std::string err;
+};
+
+Parsed parse(std::vector<const char*> arguments) {
+    arguments.insert(arguments.begin(), "kerfline");
+    std::ostringstream out;
+    std::ostringstream err;
+    Parsed parsed;
+    parsed.options = Cli::parseCommandLine(static_cast<int>(arguments.size()), arguments.data(), out, err, parsed.status);
+    parsed.out = out.str();
+    parsed.err = err.str();
+    return parsed;
+}
+
+TEST(CommandLine, ReadsStandardInputByDefault) {
+    const Parsed parsed = parse({});
+    ASSERT_TRUE(parsed.options);
+    EXPECT_EQ(parsed.options->files, std::vector<std::string>{"-"});
+    EXPECT_EQ(parsed.options->scheme, "default");
+    EXPECT_EQ(parsed.options->destination, Cli::Destination::standardOutput);
+}
+
+TEST(CommandLine, TakesOneArgumentForEachEdit) {
+    const Parsed parsed = parse({"--set", "TAB_SIZE=8", "a.cpp", "--unset", "WS_AFTER_CS_KEY", "-", "[b].cpp"});
+    ASSERT_TRUE(parsed.options);
+    EXPECT_EQ(parsed.options->files, (std::vector<std::string>{"a.cpp", "-", "[b].cpp"}));
+    ASSERT_EQ(parsed.options->edits.size(), 2u);
+    EXPECT_EQ(parsed.options->edits[0].text, "TAB_SIZE=8");
+}
+
+TEST(CommandLine, KeepsTheOrderOfSetAndUnset) {
+    const Parsed parsed = parse({"--unset", "A", "--set", "A=1", "--set=B=2", "--unset=B"});
+    ASSERT_TRUE(parsed.options);
+    std::string order;
+    for (const Cli::SchemeEdit& edit : parsed.options->edits) {
+        order += (edit.kind == Cli::SchemeEdit::Kind::set ? "set " : "unset ") + edit.text + ';';
+    }
+    EXPECT_EQ(order, "unset A;set A=1;set B=2;unset B;");
+}
+
+TEST(CommandLine, KeepsEveryCharacterOfAValue) {
+    const Parsed parsed = parse({"--set", "WS_AFTER_CS_KEY= \\n\t ", "--set", "X=[a,b]", "--set", "Y="});
+    ASSERT_TRUE(parsed.options);
+    ASSERT_EQ(parsed.options->edits.size(), 3u);
+    EXPECT_EQ(parsed.options->edits[0].text, "WS_AFTER_CS_KEY= \\n\t ");
+    EXPECT_EQ(parsed.options->edits[1].text, "X=[a,b]");
+    EXPECT_EQ(parsed.options->edits[2].text, "Y=");
+}
+
+struct WrongUsage {
+    const char* name;
+    std::vector<const char*> arguments;
+    const char* part;
+};
+
+const WrongUsage kWrong[] = {
+    {"UnknownOption", {"--nothing"}, "--nothing"},
+    {"InPlaceAndCheck", {"-i", "--check", "a.c"}, "exclude each other"},
+    {"InPlaceOnInput", {"-i"}, "standard input"},
+    {"InPlaceOnDash", {"-i", "a.c", "-"}, "standard input"},
+    {"DumpInPlace", {"-i", "--dump=tree", "a.c"}, "--dump"},
+    {"UnknownDump", {"--dump=trees"}, "trees"},
+    {"MissingValue", {"--set"}, "--set"},
+};
+
+class Usage : public testing::TestWithParam<WrongUsage> {};
+
+TEST_P(Usage, IsRefusedInOneLine) {
+    const Parsed parsed = parse(GetParam().arguments);
+    EXPECT_FALSE(parsed.options);
+    EXPECT_EQ(parsed.status, ExitStatus::badUsageOrScheme);
+    EXPECT_NE(parsed.err.find(GetParam().part), std::string::npos) << parsed.err;
+    EXPECT_EQ(parsed.err.find('\n'), parsed.err.size() - 1) << parsed.err;
+    EXPECT_EQ(parsed.out, "");
+}
+
+INSTANTIATE_TEST_SUITE_P(CommandLine, Usage, testing::ValuesIn(kWrong),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(CommandLine, ShowsVersionAndHelp) {
+    const Parsed version = parse({"--version"});
+    EXPECT_FALSE(version.options);
+    EXPECT_EQ(version.status, ExitStatus::done);
+    EXPECT_EQ(version.out.rfind("kerfline ", 0), 0u) << version.out;
+    const Parsed help = parse({"--help"});
+    EXPECT_EQ(help.status, ExitStatus::done);
+    EXPECT_NE(help.out.find("--scheme"), std::string::npos);
+}
+
+} // namespace

@@ -1,0 +1,187 @@
+#include "cli/Cli_Program.h"
+#include "tests/cli/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+using Cli::ExitStatus;
+
+constexpr const char* kUntidy = "void f()\n{\nif(a)b();\n}\n";
+constexpr const char* kTidy = "void f()\n{\nif (a)b();\n}\n";
+constexpr const char* kBroken = "void f() { (a; }\n";
+
+struct Run {
+    ExitStatus status = ExitStatus::done;
+    std::string out;
+    std::string err;
+};
+
+/// Runs the program with one rule: a blank behind the keyword of a control statement.
+Run run(std::vector<std::string> files, Cli::Options options = {}, const std::string& input = "") {
+    options.scheme = "none";
+    options.edits = {{Cli::SchemeEdit::Kind::set, "WS_AFTER_CS_KEY= "}};
+    options.files = std::move(files);
+    std::istringstream in(input);
+    std::ostringstream out;
+    std::ostringstream err;
+    Run result;
+    result.status = Cli::runProgram(options, {in, out, err});
+    result.out = out.str();
+    result.err = err.str();
+    return result;
+}
+
+Cli::Options to(Cli::Destination destination) {
+    Cli::Options options;
+    options.destination = destination;
+    return options;
+}
+
+Cli::Options showing(Cli::Dump dump) {
+    Cli::Options options;
+    options.dump = dump;
+    return options;
+}
+
+TEST(Program, FiltersStandardInput) {
+    const Run result = run({"-"}, {}, kUntidy);
+    EXPECT_EQ(result.status, ExitStatus::done);
+    EXPECT_EQ(result.out, kTidy);
+    EXPECT_EQ(result.err, "");
+}
+
+TEST(Program, WritesFilesToStandardOutput) {
+    const TempFolder folder;
+    const Run result = run({folder.write("a.c", kUntidy), folder.write("b.c", "int x;\n")});
+    EXPECT_EQ(result.out, std::string(kTidy) + "int x;\n");
+    EXPECT_EQ(folder.read("a.c"), kUntidy);
+}
+
+TEST(Program, WritesBackOnlyWhatChanged) {
+    const TempFolder folder;
+    const std::string untidy = folder.write("a.c", kUntidy);
+    const std::string tidy = folder.write("b.c", kTidy);
+    const auto longAgo = std::filesystem::file_time_type::clock::now() - std::chrono::hours(24);
+    std::filesystem::last_write_time(tidy, longAgo);
+    const Run result = run({untidy, tidy}, to(Cli::Destination::sameFile));
+    EXPECT_EQ(result.status, ExitStatus::done);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(folder.read("a.c"), kTidy);
+    EXPECT_EQ(std::filesystem::last_write_time(tidy), longAgo);
+}
+
+TEST(Program, ChecksWithoutWriting) {
+    const TempFolder folder;
+    const std::string untidy = folder.write("a.c", kUntidy);
+    const std::string tidy = folder.write("b.c", kTidy);
+    const Run result = run({untidy, tidy}, to(Cli::Destination::checkOnly));
+    EXPECT_EQ(result.status, ExitStatus::wouldChange);
+    EXPECT_EQ(result.out, untidy + '\n');
+    EXPECT_EQ(folder.read("a.c"), kUntidy);
+    EXPECT_EQ(run({tidy}, to(Cli::Destination::checkOnly)).status, ExitStatus::done);
+}
+
+TEST(Program, PassesARefusedSourceThrough) {
+    const Run result = run({"-"}, {}, kBroken);
+    EXPECT_EQ(result.status, ExitStatus::refused);
+    EXPECT_EQ(result.out, kBroken);
+    EXPECT_EQ(result.err.rfind("<stdin>:1:", 0), 0u) << result.err;
+    EXPECT_NE(result.err.find(": error: "), std::string::npos) << result.err;
+}
+
+TEST(Program, LeavesARefusedFileAlone) {
+    const TempFolder folder;
+    const std::string broken = folder.write("a.c", kBroken);
+    for (const auto destination : {Cli::Destination::sameFile, Cli::Destination::checkOnly}) {
+        const Run result = run({broken}, to(destination));
+        EXPECT_EQ(result.status, ExitStatus::refused);
+        EXPECT_EQ(result.out, "");
+        EXPECT_EQ(folder.read("a.c"), kBroken);
+    }
+}
+
+TEST(Program, GoesOnBehindAFailureAndKeepsTheHighestStatus) {
+    const TempFolder folder;
+    const std::string missing = folder / "missing.c";
+    const std::string untidy = folder.write("a.c", kUntidy);
+    Run result = run({missing, untidy}, to(Cli::Destination::sameFile));
+    EXPECT_EQ(result.status, ExitStatus::fileFailed);
+    EXPECT_EQ(result.err, missing + ":1:1: error: No such file or directory\n");
+    EXPECT_EQ(folder.read("a.c"), kTidy);
+    result = run({folder.write("b.c", kBroken), missing}, to(Cli::Destination::sameFile));
+    EXPECT_EQ(result.status, ExitStatus::refused);
+    EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 2) << result.err;
+}
+
+TEST(Program, KeepsLineEndsAndByteOrderMark) {
+    EXPECT_EQ(run({"-"}, {}, "\xef\xbb\xbf" "void f() {\r\nif(a);\r\n}").out, "\xef\xbb\xbf" "void f() {\r\nif (a);\r\n}");
+    const std::string mixed = "int a;\r\nint b;\rint c;\n";
+    EXPECT_EQ(run({"-"}, {}, mixed).out, mixed);
+}
+
+TEST(Program, RefusesWideText) {
+    const std::string wide("\xff\xfei\0n\0t\0", 8);
+    const Run result = run({"-"}, {}, wide);
+    EXPECT_EQ(result.status, ExitStatus::refused);
+    EXPECT_EQ(result.out, wide);
+}
+
+TEST(Program, StopsAtAWrongScheme) {
+    Cli::Options options;
+    options.edits = {{Cli::SchemeEdit::Kind::set, "NONSENSE=1"}};
+    options.files = {"-"};
+    std::istringstream in(kUntidy);
+    std::ostringstream out;
+    std::ostringstream err;
+    EXPECT_EQ(Cli::runProgram(options, {in, out, err}), ExitStatus::badUsageOrScheme);
+    EXPECT_EQ(out.str(), "");
+    EXPECT_NE(err.str(), "");
+}
+
+/// A stream that takes nothing, like a full disk.
+class FullBuffer : public std::streambuf {};
+
+TEST(Program, TellsThatItsOutputFailed) {
+    Cli::Options options;
+    options.scheme = "none";
+    options.files = {"-"};
+    std::istringstream in("int a;\n");
+    FullBuffer full;
+    std::ostream out(&full);
+    std::ostringstream err;
+    EXPECT_EQ(Cli::runProgram(options, {in, out, err}), ExitStatus::fileFailed);
+    EXPECT_EQ(err.str().rfind("<stdout>:1:1: error: ", 0), 0u) << err.str();
+}
+
+TEST(Dump, ShowsTokens) {
+    EXPECT_EQ(run({"-"}, showing(Cli::Dump::tokens), "int x").out,
+              "1:1-1:3 int \"int\"\n1:5-1:5 <identifier> \"x\"\n");
+}
+
+TEST(Dump, ShowsTheTree) {
+    const std::string tree = run({"-"}, showing(Cli::Dump::tree), "int x = 5;").out;
+    EXPECT_EQ(tree.rfind("RootNode ", 0), 0u) << tree;
+    EXPECT_NE(tree.find("DataDeclNode"), std::string::npos) << tree;
+}
+
+TEST(Dump, ShowsMessages) {
+    const Run result = run({"-"}, showing(Cli::Dump::messages), kBroken);
+    EXPECT_EQ(result.status, ExitStatus::refused);
+    EXPECT_EQ(result.out.rfind("<stdin>:1:", 0), 0u) << result.out;
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(run({"-"}, showing(Cli::Dump::messages), "int a;\n").out, "");
+}
+
+TEST(Dump, ShowsTheSchemeInForce) {
+    EXPECT_EQ(run({"-"}, showing(Cli::Dump::scheme)).out,
+              "Norvane::PropertySet\n1\n\"none\"\n3 WS_AFTER_CS_KEY \" \"\n");
+}
+
+TEST(Message, IsOneLine) {
+    EXPECT_EQ(Cli::messageLine({"a\nb.c", 3, 4}, "error", "x\ty\r\x7f"), "a\\nb.c:3:4: error: x\\ty\\x0d\\x7f");
+}
+
+} // namespace

@@ -1,0 +1,30 @@
+#ifndef KERFLINE_TESTS_CHECKS_H
+#define KERFLINE_TESTS_CHECKS_H
+
+#include "tests/property/Schemes.h"
+#include "tests/property/Sources.h"
+
+#include <string>
+
+namespace Property {
+
+/// What a layout must hold to, whatever the source. A refused source holds to all of it, since it
+/// is left as it was.
+enum class Demand {
+    /// The result is the source.
+    giveBack,
+    /// The tokens of the result are those of the source.
+    keepTokens,
+    /// That, and a second run changes nothing.
+    settle,
+};
+
+/// Lays every source out and describes the first few that break the demand. Empty if none does.
+std::string breaches(const Scheme& scheme, const std::vector<Source>& sources, Demand demand);
+
+/// The same, and it is a breach if a source is refused.
+std::string breachesOrRefusals(const Scheme& scheme, const std::vector<Source>& sources, Demand demand);
+
+} // namespace Property
+
+#endif

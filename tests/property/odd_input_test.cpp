@@ -1,0 +1,63 @@
+#include "tests/property/Checks.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Property::breaches;
+using Property::Demand;
+using Property::Scheme;
+using Property::Source;
+
+std::vector<Scheme> someSchemes() {
+    return {{"empty", Norvane::PropertySet()},
+            Property::shippedScheme("default"),
+            Property::shippedScheme("gnu"),
+            Property::wrappedAt(20, Property::shippedScheme("default"))};
+}
+
+class CutFile : public testing::TestWithParam<std::size_t> {};
+
+TEST_P(CutFile, KeepsTokensWhereverItEnds) {
+    const Source& whole = Property::smallFiles()[GetParam()];
+    std::vector<Source> cuts;
+    for (std::size_t length = 0; length < whole.text.size(); ++length) {
+        cuts.push_back({"first " + std::to_string(length) + " bytes", whole.text.substr(0, length)});
+    }
+    for (const Scheme& scheme : someSchemes()) EXPECT_EQ(breaches(scheme, cuts, Demand::keepTokens), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(SmallFiles, CutFile, testing::Range(std::size_t{0}, Property::smallFiles().size()),
+                         [](const auto& row) { return Property::smallFiles()[row.param].name; });
+
+class CommentInGap : public testing::TestWithParam<const char*> {};
+
+TEST_P(CommentInGap, IsNeverLost) {
+    for (const Source& file : Property::smallFiles()) {
+        const std::vector<Source> sources = Property::withCommentInEachGap(file, GetParam());
+        for (const Scheme& scheme : someSchemes()) EXPECT_EQ(breaches(scheme, sources, Demand::keepTokens), "");
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, CommentInGap, testing::Values("/* c */", " // c\n", "/* c\n   d */", "\n#pragma p\n"),
+                         [](const auto& row) { return "Kind" + std::to_string(row.index); });
+
+TEST(DeepNest, IsLaidOutOrRefused) {
+    for (const Source& nest : Property::deepNests()) {
+        EXPECT_EQ(breaches(Property::shippedScheme("default"), {nest}, Demand::keepTokens), "");
+    }
+}
+
+TEST(DeepNest, ComesBackUnderTheEmptyScheme) {
+    const Scheme empty{"empty", Norvane::PropertySet()};
+    EXPECT_EQ(breaches(empty, Property::deepNests(), Demand::giveBack), "");
+}
+
+TEST(DeepNest, IsWrappedOrRefused) {
+    for (const Source& nest : Property::deepNests()) {
+        const Scheme scheme = Property::wrappedAt(80, Property::shippedScheme("default"));
+        EXPECT_EQ(breaches(scheme, {nest}, Demand::keepTokens), "");
+    }
+}
+
+} // namespace
