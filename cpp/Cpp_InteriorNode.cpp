@@ -56,10 +56,7 @@ InteriorNode::const_iterator InteriorNode::childBegin() const { return children_
 InteriorNode::iterator InteriorNode::childEnd() { return children_.end(); }
 InteriorNode::const_iterator InteriorNode::childEnd() const { return children_.end(); }
 
-void InteriorNode::erase(iterator first, iterator last) {
-    children_.erase(first, last);
-    index_.reset();
-}
+void InteriorNode::erase(iterator first, iterator last) { children_.erase(first, last); }
 
 std::size_t InteriorNode::size() const { return children_.size(); }
 
@@ -74,7 +71,7 @@ bool InteriorNode::isChild(const SyntaxNode* node) {
         index_ = std::make_unique<Index>();
         for (const auto& child : children_) index_->insert(child.get());
     }
-    // A child that was freed through an iterator may have left its address here for a new node.
+    // A child that has gone may have left its address here for a new node.
     return index_->count(node) != 0 && isListed(node);
 }
 

@@ -101,6 +101,69 @@ TEST_F(RemoverTest, RangeInsideAnotherHasNoPartInIt) {
     EXPECT_EQ(outline(root), "a e g");
 }
 
+/// Makes a node of any class that can be an end of a range.
+struct EndCase {
+    const char* name;
+    SyntaxNode* (*make)();
+};
+
+template <class Node> SyntaxNode* make() { return new Node(); }
+
+class RangeEnds : public testing::TestWithParam<EndCase> {};
+
+TEST_P(RangeEnds, FirstGoes) {
+    RootNode root;
+    SyntaxNode* first = GetParam().make();
+    auto* last = statement("z");
+    root.add(statement("a"));
+    root.add(first);
+    root.add(statement("b"));
+    root.add(last);
+    NodeRangeRemover remover(first, last);
+    root.accept(remover);
+    EXPECT_EQ(outline(root), "a z");
+}
+
+TEST_P(RangeEnds, LastStays) {
+    RootNode root;
+    auto* first = statement("a");
+    SyntaxNode* last = GetParam().make();
+    root.add(first);
+    root.add(statement("b"));
+    root.add(last);
+    root.add(statement("z"));
+    NodeRangeRemover remover(first, last);
+    root.accept(remover);
+    ASSERT_EQ(root.size(), 2U);
+    EXPECT_EQ(root.child(0), last);
+}
+
+const EndCase kEnds[] = {
+    {"Asm", make<AsmNode>},
+    {"Label", make<LabelNode>},
+    {"FunctionPtrDecl", make<FunctionPtrDeclNode>},
+    {"LinkageBlock", make<LinkageBlockNode>},
+    {"EnumDecl", make<EnumDeclNode>},
+    {"Template", make<TemplateNode>},
+    {"Case", make<CaseNode>},
+    {"CtrlSubStmt", make<CtrlSubStmtNode>},
+    {"CtrlStmt", make<CtrlStmtNode>},
+    {"Initializer", make<InitializerNode>},
+    {"DataDecl", make<DataDeclNode>},
+    {"Block", make<BlockNode>},
+    {"FunctionDecl", make<FunctionDeclNode>},
+    {"CtorDecl", make<CtorDeclNode>},
+    {"NamespaceDecl", make<NamespaceDeclNode>},
+    {"ClassDecl", make<ClassDeclNode>},
+    {"AccessSpec", make<AccessSpecNode>},
+    {"Directive", make<PreprocDirectiveNode>},
+    {"Comment", make<CommentNode>},
+    {"Text", make<TextNode>},
+    {"Parameter", make<ParameterNode>},
+};
+INSTANTIATE_TEST_SUITE_P(NodeRangeRemover, RangeEnds, testing::ValuesIn(kEnds),
+                         [](const auto& row) { return std::string(row.param.name); });
+
 TEST(NodeRangeRemover, ParametersBehindTheRangeStay) {
     auto* params = new ParameterListNode({1, 1}, {1, 9});
     auto* first = new ParameterNode("int a", {1, 1}, {1, 1});
