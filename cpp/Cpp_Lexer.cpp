@@ -6,9 +6,8 @@ namespace {
 
 // A name in front of a "::operator" is not the name of anything, so it has no value. No other name
 // is directly followed by "::", but one that itself ends in it.
-bool isSplitOff(std::string_view text, const RawToken& raw) {
-    if (raw.begin == raw.end) return true;
-    return text[raw.end - 1] != ':' && text.substr(raw.end, 2) == "::";
+bool isSplitOff(const std::string& name, std::string_view behind) {
+    return name.empty() || (name.back() != ':' && behind.substr(0, 2) == "::");
 }
 
 // The last character goes even if it is no quote: a string that the end of the text cuts short is
@@ -63,7 +62,7 @@ Trn::Token Lexer::makeToken(const RawToken& raw) const {
     const Trn::Position end = endOf(*source_, raw);
     switch (raw.type) {
     case tkIdentifier:
-        if (isSplitOff(source_->text(), raw)) break;
+        if (isSplitOff(text, source_->text().substr(raw.end))) break;
         return {raw.type, start, end, text, text};
     case tkStringLiteral: return {raw.type, start, end, text, unescape(withoutEnds(text))};
     case tkCharLiteral: return {raw.type, start, end, text, unescape(withoutEnds(text)).front()};
