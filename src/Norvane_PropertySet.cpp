@@ -19,7 +19,7 @@ struct Escape {
     char plain;
     char escaped;
 };
-constexpr Escape kEscapes[] = {{'\t', 't'}, {'\n', 'n'},  {'\v', 'v'},  {'\r', 'r'},
+constexpr Escape kEscapes[] = {{'\t', 't'}, {'\n', 'n'},  {'\v', 'v'}, {'\r', 'r'},
                                {'"', '"'},  {'\'', '\''}, {'\\', '\\'}};
 
 std::string_view trimmed(std::string_view text) {
@@ -158,7 +158,9 @@ bool PropertySet::exists(std::string_view name) const {
 
 bool PropertySet::getBool(std::string_view name, bool& value) const { return find(bools_, name, value); }
 
-bool PropertySet::getInt(std::string_view name, std::int32_t& value) const { return find(ints_, name, value); }
+bool PropertySet::getInt(std::string_view name, std::int32_t& value) const {
+    return find(ints_, name, value);
+}
 
 bool PropertySet::getString(std::string_view name, std::string& value) const {
     return find(strings_, name, value);
@@ -193,7 +195,8 @@ bool PropertySet::readRecord(std::string_view line) {
     if (code == kString) {
         line = trimmed(line);
         if (line.empty()) return true;
-        const std::string value = unescaped(line.front() == '"' ? takeQuoted(line) : std::string(takeWord(line)));
+        const std::string value =
+            unescaped(line.front() == '"' ? takeQuoted(line) : std::string(takeWord(line)));
         setString(name, withoutQuotes(value));
         return true;
     }

@@ -23,12 +23,18 @@ using Norvane::PropertyKind;
 
 TEST(Catalogue, HoldsEveryOptionOfEachFamilyByName) {
     const std::map<PropertyFamily, int> expected = {
-        {PropertyFamily::Global, 7},           {PropertyFamily::Classes, 20},
-        {PropertyFamily::TemplateParameters, 7}, {PropertyFamily::Namespaces, 4},
-        {PropertyFamily::Enums, 7},            {PropertyFamily::Functions, 17},
-        {PropertyFamily::FunctionCalls, 4},    {PropertyFamily::DataDeclarations, 11},
-        {PropertyFamily::ControlStatements, 14}, {PropertyFamily::Expressions, 6},
-        {PropertyFamily::PointersAndReferences, 6}, {PropertyFamily::WrappingAndMargins, 9},
+        {PropertyFamily::Global, 7},
+        {PropertyFamily::Classes, 20},
+        {PropertyFamily::TemplateParameters, 7},
+        {PropertyFamily::Namespaces, 4},
+        {PropertyFamily::Enums, 7},
+        {PropertyFamily::Functions, 17},
+        {PropertyFamily::FunctionCalls, 4},
+        {PropertyFamily::DataDeclarations, 11},
+        {PropertyFamily::ControlStatements, 14},
+        {PropertyFamily::Expressions, 6},
+        {PropertyFamily::PointersAndReferences, 6},
+        {PropertyFamily::WrappingAndMargins, 9},
         {PropertyFamily::Other, 7},
     };
     std::map<PropertyFamily, int> counts;
@@ -149,8 +155,8 @@ TEST(Catalogue, IntsHaveTheirRange) {
         const char* name;
         std::int32_t lowest;
         std::int32_t highest;
-    } rows[] = {{"CONVERT_WS", 0, 2},       {"ASTERISK_ANCHOR", -1, 1}, {"AMPERSAND_ANCHOR", -1, 1},
-                {"WRAP_STYLE", 0, 2},       {"EXPR_WRAP_STYLE", 0, 2},  {"SHIFT_WRAP_STYLE", 0, 2},
+    } rows[] = {{"CONVERT_WS", 0, 2},       {"ASTERISK_ANCHOR", -1, 1},  {"AMPERSAND_ANCHOR", -1, 1},
+                {"WRAP_STYLE", 0, 2},       {"EXPR_WRAP_STYLE", 0, 2},   {"SHIFT_WRAP_STYLE", 0, 2},
                 {"COMMA_WRAP_STYLE", 0, 2}, {"LIST_WRAP_STRATEGY", 0, 2}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);

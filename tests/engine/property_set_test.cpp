@@ -54,8 +54,8 @@ TEST(PropertySet, WritesNothingToABadStream) {
 }
 
 TEST(PropertySet, ReadsBackEveryString) {
-    for (const std::string value : {"", " ", "\"", "\"\"", "\"a\"", "\\", "\\\"", "a\\", "\\n", "'", "\n\n\t ",
-                                    "# not a comment", "\r\n", "\v\f", "n\\\\n\"", "\xff\x80"}) {
+    for (const std::string value : {"", " ", "\"", "\"\"", "\"a\"", "\\", "\\\"", "a\\", "\\n", "'",
+                                    "\n\n\t ", "# not a comment", "\r\n", "\v\f", "n\\\\n\"", "\xff\x80"}) {
         SCOPED_TRACE(testing::PrintToString(value));
         PropertySet scheme;
         scheme.setString("NAME", value);
@@ -107,8 +107,9 @@ TEST(PropertySet, ReadsStringValues) {
 
 TEST(PropertySet, SkipsCommentsBlankLinesAndIndentation) {
     const PropertySet plain = readScheme(kHead + "1 A 1\n2 B 3\n3 C \" \"\n");
-    const PropertySet decorated = readScheme("# first\n\n  Norvane::PropertySet  \r\n\t1\n\n# name\n \"Mine\"\n"
-                                             "\n  1 A 1\r\n   # between\n2 B 3\n\t3 C \" \"");
+    const PropertySet decorated =
+        readScheme("# first\n\n  Norvane::PropertySet  \r\n\t1\n\n# name\n \"Mine\"\n"
+                   "\n  1 A 1\r\n   # between\n2 B 3\n\t3 C \" \"");
     EXPECT_EQ(written(decorated), written(plain));
     EXPECT_EQ(plain.size(), 3U);
 }
@@ -121,9 +122,14 @@ TEST(PropertySet, DropsAnUnreadableBoolOrIntAndGoesOn) {
 
 TEST(PropertySet, AFailedReadLeavesTheSetAlone) {
     const char* const broken[] = {
-        "",           "\n# only a comment\n",      "Norvane::PropertySet",
-        "Other\n1\n", "Norvane::PropertySet\n2\n", "Norvane::PropertySet\n0\n\"x\"\n",
-        "Norvane::PropertySet\nx\n\"x\"\n",        "Norvane::PropertySet\n1\n\"x\"\n1 A 1\n4 NAME 1\n",
+        "",
+        "\n# only a comment\n",
+        "Norvane::PropertySet",
+        "Other\n1\n",
+        "Norvane::PropertySet\n2\n",
+        "Norvane::PropertySet\n0\n\"x\"\n",
+        "Norvane::PropertySet\nx\n\"x\"\n",
+        "Norvane::PropertySet\n1\n\"x\"\n1 A 1\n4 NAME 1\n",
         "Norvane::PropertySet\n1\n\"x\"\n1 A 1\nNAME 1\n1 B 1\n",
         "Norvane::PropertySet\n1\n\"x\"\n1 A 1\n0 NAME 1",
     };
@@ -202,16 +208,18 @@ TEST(Normalize, FillsInWhatAnEmptySchemeLeavesOut) {
 }
 
 TEST(Normalize, KeepsWhatIsSet) {
-    const std::string text = "Norvane::PropertySet\n1\n\"\"\n2 AMPERSAND_ANCHOR 0\n2 ASTERISK_ANCHOR 1\n2 CONVERT_WS 2\n"
-                             "2 EXPR_WRAP_STYLE 0\n2 TAB_SIZE 8\n3 WS_AFTER_DD_TYPE_ID \"  \"\n"
-                             "3 WS_AFTER_PARAM_TYPE_ID \"\"\n";
+    const std::string text =
+        "Norvane::PropertySet\n1\n\"\"\n2 AMPERSAND_ANCHOR 0\n2 ASTERISK_ANCHOR 1\n2 CONVERT_WS 2\n"
+        "2 EXPR_WRAP_STYLE 0\n2 TAB_SIZE 8\n3 WS_AFTER_DD_TYPE_ID \"  \"\n"
+        "3 WS_AFTER_PARAM_TYPE_ID \"\"\n";
     PropertySet scheme = readScheme(text);
     normalizeProperties(scheme);
     EXPECT_EQ(written(scheme), text);
 }
 
 TEST(Normalize, NeverLetsATypeAndANameRunTogether) {
-    for (const char* name : {"WS_AFTER_DD_TYPE_ID", "WS_AFTER_FN_DECL_RETURN_TYPE", "WS_AFTER_FN_DEFN_RETURN_TYPE"}) {
+    for (const char* name :
+         {"WS_AFTER_DD_TYPE_ID", "WS_AFTER_FN_DECL_RETURN_TYPE", "WS_AFTER_FN_DEFN_RETURN_TYPE"}) {
         SCOPED_TRACE(name);
         PropertySet unset;
         normalizeProperties(unset);
