@@ -28,7 +28,7 @@ private:
     void writeSeparator(std::size_t index);
     void writeAlignedSeparator(std::size_t index);
     void measureFirst(int separatorKind);
-    int hangingColumn(std::size_t separator) const;
+    int lineColumn(std::size_t separator) const;
     void writeGapBehind(std::size_t separator, bool keepsBlockComments);
     void writeSourceGap(std::size_t index);
     void writeDirectiveBehind(std::size_t separator);
@@ -101,7 +101,7 @@ void ListWriter::writeDirectiveBehind(std::size_t separator) {
 void ListWriter::writeAlignedSeparator(std::size_t index) {
     copier_.copyTo(tokens_.gapBegin(index));
     std::optional<ColumnGuard> column;
-    if (breaks()) column.emplace(output_, hangingColumn(index));
+    if (breaks()) column.emplace(output_, lineColumn(index));
     if (before_.set) {
         copier_.replaceGap(index, before_.value, true);
     } else if (breaks()) {
@@ -123,20 +123,15 @@ void ListWriter::measureFirst(int separatorKind) {
     alignColumn_ = copier_.column();
 }
 
-/// Where the line of the next element starts. A separator that starts the line hangs to the left
-/// of the elements, with all that stands between the line feed and the element.
-int ListWriter::hangingColumn(std::size_t separator) const {
-    if (!before_.breaksLine()) return alignColumn_;
-    std::string hanging = before_.value;
-    const std::size_t feed = hanging.rfind('\n');
-    hanging.erase(0, feed == 0 ? 1 : feed - 1);
-    hanging.append(tokens_.token(separator));
+/// Where the line of the next element starts.
+int ListWriter::lineColumn(std::size_t separator) const {
+    std::string hanging(tokens_.token(separator));
     if (between_.set) {
         hanging.append(between_.value);
     } else if (!hasLineFeed(tokens_.gap(separator + 1))) {
         hanging.append(tokens_.gap(separator + 1));
     }
-    return Zelmar::textColumnBack(hanging, alignColumn_, output_.tabSize());
+    return hangingColumn(before_, hanging, alignColumn_, output_.tabSize());
 }
 
 void ListWriter::writeAlignedNext(std::size_t index) {

@@ -4,8 +4,18 @@
 #include "streams/Zelmar_Columns.h"
 
 #include <algorithm>
+#include <string>
 
 namespace Norvane {
+
+int hangingColumn(const OptionalString& wsBefore, std::string_view hanging, int column, int tabSize) {
+    if (!wsBefore.breaksLine()) return column;
+    std::string left = wsBefore.value;
+    const std::size_t feed = left.rfind('\n');
+    left.erase(0, feed == 0 ? 1 : feed - 1);
+    left.append(hanging);
+    return Zelmar::textColumnBack(left, column, tabSize);
+}
 
 void ExprCopier::copyTo(std::size_t offset) {
     const std::string_view text = tokens_.text();

@@ -22,6 +22,11 @@ private:
     Zelmar::KeepWsGuard<Zelmar::IndentWriter> keep_;
 };
 
+/// The column at which the line of an element starts so that the element stands in `column`, if
+/// `wsBefore` breaks the line in front of the separator: what it holds behind the line feed and
+/// `hanging`, the separator with the white space behind it, hang to the left of the element.
+int hangingColumn(const OptionalString& wsBefore, std::string_view hanging, int column, int tabSize);
+
 /// Copies a tokenised text to a writer, from the front to the back, with other white space in some
 /// of its gaps. A string literal that holds a line feed comes out as it stands: the white space in
 /// front of its lines is a part of the program.

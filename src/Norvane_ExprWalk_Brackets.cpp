@@ -1,0 +1,264 @@
+#include "src/Norvane_ExprWalk.h"
+
+#include "src/Norvane_Gap.h"
+
+#include <algorithm>
+
+namespace Norvane {
+
+namespace {
+
+// Elements are lined up no further to the right than this. Nobody reads a column out there, and
+// with brackets nested in brackets the white space would outgrow the text by far.
+constexpr int kMaxAlignColumn = 1000;
+
+bool isTypeKeyword(int kind) {
+    switch (kind) {
+    case Cpp::tkConst: case Cpp::tkVolatile: case Cpp::tkSigned: case Cpp::tkUnsigned: case Cpp::tkAuto:
+    case Cpp::tkStruct: case Cpp::tkClass: case Cpp::tkEnum: case Cpp::tkUnion: case Cpp::tkTypename:
+        return true;
+    default:
+        return CppExprFormatterBase::isBuiltinType(kind);
+    }
+}
+
+bool isTypePart(int kind) {
+    return isTypeKeyword(kind) || kind == Cpp::tkIdentifier || CppExprFormatterBase::isPointerOperator(kind);
+}
+
+/// Whether a keyword of a type stands in the group itself, not in a group inside it.
+bool holdsTypeKeyword(const ExprTokens& tokens, std::size_t open, std::size_t close) {
+    for (std::size_t i = open + 1; i < close; ++i) {
+        if (isTypeKeyword(tokens.kind(i))) return true;
+        const std::size_t mate = tokens.mate(i);
+        if (mate < close) i = mate;
+    }
+    return false;
+}
+
+/// The head of a statement, behind which another statement starts.
+bool isCondition(const ExprTokens& tokens, std::size_t open) {
+    if (open == 0) return false;
+    switch (tokens.kind(open - 1)) {
+    case Cpp::tkIf: case Cpp::tkWhile: case Cpp::tkFor: case Cpp::tkSwitch: case Cpp::tkCatch:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+/// The group that the current token opens. One that nothing closes is not looked at as a group.
+void ExprWalk::openGroup(ExprGroup group, const BracketStyle& style, const ListStyle& list) {
+    const std::size_t open = at_;
+    const std::size_t close = mateInFrame(open);
+    if (close == ExprTokens::kNone) {
+        ++at_;
+        if (at_ < frame().end || frame().group == ExprGroup::kText) decide(at_, style.afterOpen);
+        return;
+    }
+    if (style.isSet()) {
+        skipComments();
+        if (at_ + 1 == close) {
+            decide(close, std::string_view());
+            at_ = close;
+            if (group == ExprGroup::kParens) writeBehindParens(open);
+            return;
+        }
+        decide(at_ + 1, style.afterOpen);
+    }
+    pushGroup(group, open, close, style);
+    if (list.isSet()) alignList(list);
+}
+
+/// Enters the group behind the current token.
+void ExprWalk::pushGroup(ExprGroup group, std::size_t open, std::size_t close, const BracketStyle& style) {
+    ExprFrame inner;
+    inner.group = group;
+    inner.open = open;
+    inner.end = close;
+    inner.declaration = declaresInGroup(group, open, close);
+    inner.assigned = group == ExprGroup::kInitialiser;
+    inner.separator = group == ExprGroup::kCast ? nullptr : frame().separator;
+    inner.beforeClose = style.beforeClose.set ? &style.beforeClose : nullptr;
+    inner.depths = depthsAt(++at_);
+    frames_.push_back(inner);
+}
+
+/// Where a group stands in a declaration, an argument list holds declarations only if a keyword
+/// shows it: `Foo f(a * b)` multiplies, `Foo f(int *p)` does not.
+bool ExprWalk::declaresInGroup(ExprGroup group, std::size_t open, std::size_t close) const {
+    switch (group) {
+    case ExprGroup::kCast: return true;
+    case ExprGroup::kSquares: return false;
+    case ExprGroup::kInitialiser: return frame().declaration;
+    case ExprGroup::kTemplateArgs: return isDeclaration() || options_.templateArgs.between.set;
+    default: break;
+    }
+    if (!frame().declaration) return false;
+    return (group == ExprGroup::kParens && !frame().assigned) || holdsTypeKeyword(tokens_, open, close);
+}
+
+/// The elements of the group just entered line up under the first.
+void ExprWalk::alignList(const ListStyle& list) {
+    frame().list = &list;
+    frame().aligned = true;
+    frame().alignColumn = output_.indentWidth();
+    const int first = kindAt(at_);
+    if (!list.breaksLine() || first == Cpp::tkEnd || first == Cpp::tkComma || first == Cpp::tkDirective) return;
+    settle();
+    copier_.copyTo(tokens_.begin(at_));
+    const int column = copier_.column();
+    if (column <= kMaxAlignColumn) frame().alignColumn = column;
+}
+
+void ExprWalk::closeGroup() {
+    const ExprFrame left = frame();
+    if (left.group == ExprGroup::kInitialiser) leaveBraces(left);
+    frames_.pop_back();
+    at_ = left.end;
+    if (left.beforeClose) decide(at_, left.beforeClose->value);
+    if (left.group == ExprGroup::kParens) {
+        writeBehindParens(left.open);
+    } else if (left.group == ExprGroup::kCast && next() == Cpp::tkOpenParen) {
+        decide(at_ + 1, options_.aroundOperator);
+    }
+}
+
+/// At the closing bracket of a group that was no call: it may have been a cast.
+void ExprWalk::writeBehindParens(std::size_t open) {
+    const std::size_t operand = at_ + 1;
+    switch (next()) {
+    case Cpp::tkOpenParen:
+        // The parameters of a declarator, as in "int (*f)(int)".
+        if (isDeclaration()) return;
+        [[fallthrough]];
+    case Cpp::tkCharLiteral:
+    case Cpp::tkNumber:
+    case Cpp::tkStringLiteral:
+    case Cpp::tkIdentifier: return decide(operand, options_.aroundOperator);
+    case Cpp::tkAsterisk:
+    case Cpp::tkAmpersand:
+    case Cpp::tkMinus:
+    case Cpp::tkPlus:
+    case Cpp::tkTilde:
+        if (!isCast(open, at_) && !isCondition(tokens_, open)) return;
+        decide(operand, options_.aroundOperator);
+        at_ = operand;
+        return;
+    default: return;
+    }
+}
+
+/// Whether a group in front of an operator is a cast, so that the operator is a prefix: it ends in
+/// a pointer mark, which makes sense for "*" and "&" only, or it holds nothing but a type.
+bool ExprWalk::isCast(std::size_t open, std::size_t close) const {
+    if (CppExprFormatterBase::isPointerOperator(next()) && close > open + 1 &&
+        CppExprFormatterBase::isPointerOperator(tokens_.kind(close - 1))) {
+        return true;
+    }
+    bool hasKeyword = false;
+    for (std::size_t i = open + 1; i < close; ++i) {
+        if (!isTypePart(tokens_.kind(i))) return false;
+        hasKeyword = hasKeyword || isTypeKeyword(tokens_.kind(i));
+    }
+    return hasKeyword;
+}
+
+void ExprWalk::writeCall() {
+    decide(++at_, options_.afterCallName);
+    openGroup(ExprGroup::kCall, options_.parens, options_.callArgs);
+}
+
+/// The current token is a "<", or a name in front of one.
+void ExprWalk::writeAngle() {
+    const bool hasName = tokens_.kind(at_) != Cpp::tkLess;
+    const std::size_t open = hasName ? at_ + 1 : at_;
+    const std::size_t close = mateInFrame(open);
+    if (close != ExprTokens::kNone) return writeTemplateArgs(open, close);
+    if (hasName) decide(open, options_.aroundOperator);
+    at_ = open;
+    if (hasNext()) {
+        writeOperand(open + 1);
+    } else {
+        ++at_;
+    }
+}
+
+void ExprWalk::writeTemplateArgs(std::size_t open, std::size_t close) {
+    const BracketStyle& style = options_.angles;
+    at_ = open;
+    if (close == open + 1) {
+        if (style.isSet()) decide(close, std::string_view());
+        at_ = close;
+        return;
+    }
+    decide(open + 1, style.afterOpen);
+    pushGroup(ExprGroup::kTemplateArgs, open, close, style);
+    if (!options_.templateArgs.isSet()) return;
+    frame().list = &options_.templateArgs;
+    frame().separator = nullptr;
+    frame().assigned = false;
+}
+
+void ExprWalk::writeNamedCast() {
+    skipComments();
+    ++at_;
+    if (at_ < frame().end && tokens_.kind(at_) == Cpp::tkLess) {
+        openGroup(ExprGroup::kCast, options_.angles, options_.callArgs);
+    }
+}
+
+void ExprWalk::writeAssignment() {
+    noteOperator(Cpp::tkAssign);
+    if (!writeBraces(at_)) writeDefault();
+}
+
+/// Writes the opening brace behind `assign` and enters its group. Returns false if there is none.
+bool ExprWalk::writeBraces(std::size_t assign) {
+    std::size_t open = assign + 1;
+    while (Cpp::isCommentOrDirective(kindAt(open))) ++open;
+    if (kindAt(open) != Cpp::tkOpenBrace) return false;
+    skipComments();
+    decide(open, options_.beforeInitBrace);
+    at_ = open;
+    const std::size_t close = mateInFrame(open);
+    if (close == ExprTokens::kNone) {
+        ++at_;
+    } else if (close == open + 1) {
+        if (options_.initBraces.isSet()) decide(close, std::string_view());
+        at_ = close;
+    } else {
+        enterBraces(open, close);
+    }
+    return true;
+}
+
+/// The value behind the brace still goes by the indent of what stands outside.
+void ExprWalk::enterBraces(std::size_t open, std::size_t close) {
+    const bool keepsComment =
+        tokens_.kind(open + 1) == Cpp::tkLineComment && !hasLineFeed(tokens_.gap(open + 1));
+    if (!keepsComment) decide(open + 1, options_.initBraces.afterOpen);
+    settle();
+    copier_.copyTo(tokens_.end(open));
+    pushGroup(ExprGroup::kInitialiser, open, close, options_.initBraces);
+    if (options_.initElements.isSet()) frame().list = &options_.initElements;
+    frame().indentLength = output_.indent().size();
+    frame().keepLeadingWs = output_.keepLeadingWs();
+    // With every level deeper the lines would get longer than anyone can read.
+    constexpr int kMaxIndentedBraces = 200;
+    if (++indentedBraces_ > kMaxIndentedBraces || !options_.initIndent.set) return;
+    output_.setIndent(output_.indent() + options_.initIndent.value);
+    output_.setKeepLeadingWs(false);
+}
+
+void ExprWalk::leaveBraces(const ExprFrame& left) {
+    settle();
+    copier_.copyTo(tokens_.gapBegin(left.end));
+    output_.setIndent(output_.indent().substr(0, left.indentLength));
+    output_.setKeepLeadingWs(left.keepLeadingWs);
+    --indentedBraces_;
+}
+
+} // namespace Norvane

@@ -1,0 +1,68 @@
+#include "src/Norvane_ExprWalk.h"
+
+#include "src/Norvane_Gap.h"
+#include "streams/Zelmar_Columns.h"
+
+namespace Norvane {
+
+namespace {
+
+/// Whether `a` is wider than `b` at `column`. A line feed is wider than any blanks, so that the two
+/// do not change places with each run.
+bool isWider(std::string_view a, std::string_view b, int column, int tabSize) {
+    if (hasLineFeed(a) != hasLineFeed(b)) return hasLineFeed(a);
+    return Zelmar::textColumn(a, column, tabSize) > Zelmar::textColumn(b, column, tabSize);
+}
+
+} // namespace
+
+/// A run of marks behind the current token, which ends a type.
+void ExprWalk::writePointer() {
+    const std::size_t first = at_ + 1;
+    std::size_t last = first;
+    while (kindAt(last + 1) == Cpp::tkAsterisk || kindAt(last + 1) == Cpp::tkAmpersand) ++last;
+    const PointerStyle& style =
+        tokens_.kind(first) == Cpp::tkAsterisk ? options_.asterisk : options_.ampersand;
+    const bool atComment = Cpp::isComment(tokens_.kind(at_));
+    at_ = last + 1;
+    if (style.anchor == PointerAnchor::kAsInSource || atComment) return;
+    // A closing bracket behind the marks leaves no name that they could stay with or leave.
+    const bool endsText = at_ == frame().end && frame().group == ExprGroup::kText;
+    if (endsText || kindAt(at_) == Cpp::tkIdentifier) return anchorPointer(style, first, last);
+    for (std::size_t i = first + 1; i <= last; ++i) decide(i, std::string_view());
+}
+
+/// Puts the marks from `first` to `last` next to the type or next to the name.
+void ExprWalk::anchorPointer(const PointerStyle& style, std::size_t first, std::size_t last) {
+    const std::string_view before = tokens_.gap(first);
+    const std::string_view after = tokens_.gap(last + 1);
+    if (!isBlank(before) || !isBlank(after)) return;
+    settle();
+    copier_.copyTo(tokens_.gapBegin(first));
+    const bool beforeIsWider = isWider(before, after, output_.column(), output_.tabSize());
+    const bool afterIsWider = isWider(after, before, output_.column(), output_.tabSize());
+
+    const OptionalString* const separator = frame().separator;
+    const bool breaks = separator && separator->breaksLine();
+    // A line that breaks behind the type breaks behind its marks.
+    const bool atType = style.anchor == PointerAnchor::kAtType || breaks;
+    std::string_view narrow = beforeIsWider ? after : before;
+    std::string_view wide = afterIsWider ? after : before;
+    if (!beforeIsWider && !afterIsWider) {
+        narrow = after;
+        wide = before;
+    }
+    if (style.ws.set) {
+        // Once the marks stand where they belong the other gap is the one to keep.
+        const std::string_view own = atType ? before : after;
+        const std::string_view other = atType ? after : before;
+        if (own == style.ws.value && !other.empty()) wide = other;
+        narrow = style.ws.value;
+        if (separator) wide = separator->value;
+    }
+    decide(first, atType ? narrow : wide);
+    for (std::size_t i = first + 1; i <= last; ++i) decide(i, std::string_view());
+    decide(last + 1, atType ? wide : narrow);
+}
+
+} // namespace Norvane
