@@ -62,6 +62,7 @@ private:
         return at_ + ahead < text_.size() ? text_[at_ + ahead] : '\0';
     }
     void skipSpace();
+    // Each moves on and returns true if it made a token; otherwise what it read is skipped.
     bool scanToken(RawToken& token);
     bool scanName(RawToken& token);
     bool scanNumber(RawToken& token);
@@ -73,7 +74,9 @@ private:
     bool scanCharacter(RawToken& token);
     bool scanDirective(RawToken& token);
     bool scanDirectiveTail(RawToken& token);
+    // The token from the read point to `end`, which becomes the read point. Both return true.
     bool finish(RawToken& token, int type, std::size_t end);
+    bool finishOverLines(RawToken& token, int type, std::size_t end);
 
     std::string_view text_;
     std::uint32_t at_ = 0;

@@ -44,10 +44,9 @@ void dumpTokens(std::string_view text, std::ostream& out) {
     std::vector<RawToken> tokens;
     scanAll(source.text(), tokens);
     for (const RawToken& token : tokens) {
-        const std::string line = placeText(startOf(source, token)) + "-" + placeText(endOf(source, token)) + " " +
-                                 std::string(tokenTypeName(token.type)) + " \"" +
-                                 escaped(spelling(source.text(), token)) + "\"\n";
-        out.write(line.data(), static_cast<std::streamsize>(line.size()));
+        const std::string extent = placeText(startOf(source, token)) + "-" + placeText(endOf(source, token));
+        out << extent << ' ' << tokenTypeName(token.type) << " \"" << escaped(spelling(source.text(), token))
+            << "\"\n";
     }
 }
 

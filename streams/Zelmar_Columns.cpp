@@ -51,7 +51,9 @@ int textColumn(std::string_view text, int startColumn, int tabSize) {
 int textColumnBack(std::string_view text, int endColumn, int tabSize) {
     if (tabSize < 1 || endColumn <= 0) return 0;
     int column = endColumn;
-    for (auto c = text.rbegin(); c != text.rend() && column > 0; ++c) column -= charWidth(*c, column, tabSize);
+    for (auto c = text.rbegin(); c != text.rend() && column > 0; ++c) {
+        column -= charWidth(*c, column, tabSize);
+    }
     return std::max(column, 0);
 }
 
@@ -78,7 +80,8 @@ std::string makeIndent(std::string_view indent, int wsMode, int tabSize, int wid
     switch (wsMode) {
     case kWsKeep:
     case kWsTabsToSpaces: return std::string(indent) + spaces(width - indentWidth);
-    case kWsSpacesToTabs: return std::string(indent) + tabbedFillBehind(indentWidth, tab, width - indentWidth);
+    case kWsSpacesToTabs:
+        return std::string(indent) + tabbedFillBehind(indentWidth, tab, width - indentWidth);
     default: return std::string();
     }
 }

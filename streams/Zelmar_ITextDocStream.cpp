@@ -14,7 +14,8 @@ ITextDocStreamBase::ITextDocStreamBase(const std::string& text, int wsMode, int 
 ITextDocStream::ITextDocStream(std::istream& source, int wsMode, int tabSize, int startLine, int startColumn)
     : ITextDocStreamBase(source.rdbuf(), wsMode, tabSize, startLine, startColumn), std::istream(&docBuf_) {}
 
-ITextDocStream::ITextDocStream(const std::string& text, int wsMode, int tabSize, int startLine, int startColumn)
+ITextDocStream::ITextDocStream(const std::string& text, int wsMode, int tabSize, int startLine,
+                               int startColumn)
     : ITextDocStreamBase(text, wsMode, tabSize, startLine, startColumn), std::istream(&docBuf_) {}
 
 bool rewind(std::istream& stream) {

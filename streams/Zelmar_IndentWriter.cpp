@@ -9,17 +9,20 @@ namespace Zelmar {
 
 namespace {
 
-// The characters that conversion has to look at one by one; runs of all others are copied whole.
-constexpr std::array<bool, 256> makeConvertible() {
-    std::array<bool, 256> table{};
-    for (const unsigned char c : {' ', '\t', '\n', '"', '\''}) table[c] = true;
-    return table;
-}
-constexpr std::array<bool, 256> kConvertible = makeConvertible();
+using CharSet = std::array<bool, 256>;
 
-std::size_t plainRun(std::string_view text) {
+constexpr CharSet makeCharSet(std::string_view chars) {
+    CharSet set{};
+    for (const char c : chars) set[static_cast<unsigned char>(c)] = true;
+    return set;
+}
+// The characters that conversion has to look at one by one; runs of all others are copied whole.
+constexpr CharSet kStopsToSpaces = makeCharSet("\t\n\"'");
+constexpr CharSet kStopsToTabs = makeCharSet(" \t\n\"'");
+
+std::size_t plainRun(std::string_view text, const CharSet& stops) {
     std::size_t length = 0;
-    while (length < text.size() && !kConvertible[static_cast<unsigned char>(text[length])]) ++length;
+    while (length < text.size() && !stops[static_cast<unsigned char>(text[length])]) ++length;
     return length;
 }
 
@@ -33,7 +36,8 @@ std::string_view dropBlanks(std::string_view text) {
 
 IndentWriter::IndentWriter(const IndentStreamState& state)
     : indent_(state.indent), keepLeadingWs_(state.keepLeadingWs), wsMode_(state.wsMode),
-      tabSize_(std::max(state.tabSize, 1)), line_(std::max(state.line, 1)), column_(std::max(state.column, 0)) {}
+      tabSize_(std::max(state.tabSize, 1)), line_(std::max(state.line, 1)),
+      column_(std::max(state.column, 0)) {}
 
 IndentStreamState IndentWriter::state() const {
     return {indent_, keepLeadingWs_, wsMode_, tabSize_, line_, column_};
@@ -93,41 +97,59 @@ void IndentWriter::writeUnder(std::string_view text, std::string_view indent, bo
     while (true) {
         if (column_ == 0 && !keepLeadingWs) text = dropBlanks(text);
         if (text.empty()) return;
-        if (column_ == 0 && text.front() != '\n') writeSegment(indent);
-        const std::size_t feed = text.find('\n');
-        const std::size_t length = feed == std::string_view::npos ? text.size() : feed + 1;
-        writeSegment(text.substr(0, length));
-        text.remove_prefix(length);
+        if (column_ == 0 && text.front() != '\n') writeIndent(indent);
+        text.remove_prefix(writeLine(text));
     }
 }
 
-void IndentWriter::writeSegment(std::string_view segment) {
-    if (wsMode_ == kWsKeep) {
-        copySegment(segment);
-    } else {
-        convertSegment(segment);
+void IndentWriter::writeIndent(std::string_view indent) {
+    while (!indent.empty()) indent.remove_prefix(writeLine(indent));
+}
+
+std::size_t IndentWriter::writeLine(std::string_view text) {
+    return wsMode_ == kWsKeep ? copyLine(text) : convertLine(text);
+}
+
+// One look at each character finds the end of the line and the column at once: most texts that
+// arrive here are single tokens, too short for a search to pay.
+std::size_t IndentWriter::copyLine(std::string_view text) {
+    std::size_t length = 0;
+    int column = column_;
+    while (length < text.size()) {
+        const char c = text[length++];
+        if (c == '\n') {
+            ++line_;
+            column = 0;
+            break;
+        }
+        column += c == '\t' ? tab() - column % tab() : 1;
     }
+    column_ = column;
+    text_.append(text.data(), length);
+    return length;
 }
 
-void IndentWriter::copySegment(std::string_view segment) {
-    text_.append(segment);
-    for (const char c : segment) advance(c);
-}
-
-void IndentWriter::convertSegment(std::string_view segment) {
-    while (!segment.empty()) {
-        const std::size_t run = plainRun(segment);
-        if (run > 0) {
-            flushHeldSpaces();
-            text_.append(segment.substr(0, run));
-            column_ += static_cast<int>(run);
-            prevChar_ = static_cast<unsigned char>(segment[run - 1]);
-            segment.remove_prefix(run);
+std::size_t IndentWriter::convertLine(std::string_view text) {
+    const CharSet& stops = wsMode_ == kWsTabsToSpaces ? kStopsToSpaces : kStopsToTabs;
+    std::size_t length = 0;
+    while (length < text.size()) {
+        if (const std::size_t run = plainRun(text.substr(length), stops); run > 0) {
+            copyRun(text.substr(length, run));
+            length += run;
             continue;
         }
-        convert(segment.front());
-        segment.remove_prefix(1);
+        const char c = text[length++];
+        convert(c);
+        if (c == '\n') break;
     }
+    return length;
+}
+
+void IndentWriter::copyRun(std::string_view run) {
+    flushHeldSpaces();
+    text_.append(run);
+    column_ += static_cast<int>(run.size());
+    prevChar_ = static_cast<unsigned char>(run.back());
 }
 
 void IndentWriter::convert(char c) {
@@ -141,7 +163,7 @@ void IndentWriter::convert(char c) {
     }
     if (wsMode_ == kWsSpacesToTabs && c == ' ' && !inLiteral && holdBack()) return;
     flushHeldSpaces();
-    append(c);
+    copyLine(std::string_view(&c, 1));
 }
 
 // Knows nothing of comments: an apostrophe in one keeps the rest of its line from being converted,
@@ -179,20 +201,6 @@ void IndentWriter::flushHeldSpaces() {
     if (pendingSpaces_ < 1) return;
     text_.append(static_cast<std::size_t>(pendingSpaces_), ' ');
     pendingSpaces_ = 0;
-}
-
-void IndentWriter::append(char c) {
-    text_.push_back(c);
-    advance(c);
-}
-
-void IndentWriter::advance(char c) {
-    if (c == '\n') {
-        ++line_;
-        column_ = 0;
-    } else {
-        column_ += c == '\t' ? tab() - column_ % tab() : 1;
-    }
 }
 
 } // namespace Zelmar

@@ -83,15 +83,16 @@ public:
 
 private:
     void writeUnder(std::string_view text, std::string_view indent, bool keepLeadingWs);
-    void writeSegment(std::string_view segment);
-    void copySegment(std::string_view segment);
-    void convertSegment(std::string_view segment);
+    void writeIndent(std::string_view indent);
+    // These three write as far as the first line feed and return how much that was.
+    std::size_t writeLine(std::string_view text);
+    std::size_t copyLine(std::string_view text);
+    std::size_t convertLine(std::string_view text);
+    void copyRun(std::string_view run);
     void convert(char c);
     void trackLiteral(char c);
     bool holdBack();
     void flushHeldSpaces();
-    void append(char c);
-    void advance(char c);
     int tab() const { return tabSize_ < 1 ? 1 : tabSize_; }
 
     std::string text_;

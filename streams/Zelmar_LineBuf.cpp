@@ -20,10 +20,10 @@ std::size_t LineBuf::fill() {
     while (used < kBufferSize) {
         const int_type c = source_->sbumpc();
         if (traits_type::eq_int_type(c, traits_type::eof())) break;
-        const bool isReturn = traits_type::to_char_type(c) == '\r';
+        const bool isReturn = c == traits_type::to_int_type('\r');
         buffer_[used++] = isReturn ? '\n' : traits_type::to_char_type(c);
         // Asks the source, not this buffer: the pair may lie across the end of a fill.
-        if (isReturn && traits_type::eq_int_type(source_->sgetc(), traits_type::to_int_type('\n'))) source_->sbumpc();
+        if (isReturn && source_->sgetc() == traits_type::to_int_type('\n')) source_->sbumpc();
     }
     return used - kPutBack;
 }

@@ -11,7 +11,8 @@ namespace Zelmar {
 /// space that a line is given at its start unless it is told to keep it.
 class OIndentBuf : public OTextDocBuf {
 public:
-    OIndentBuf(std::streambuf* destination, const IndentStreamState& state) : OTextDocBuf(destination, state) {}
+    OIndentBuf(std::streambuf* destination, const IndentStreamState& state)
+        : OTextDocBuf(destination, state) {}
 
     const std::string& indent() const { return writer().indent(); }
     bool keepLeadingWs() const { return writer().keepLeadingWs(); }

@@ -14,8 +14,11 @@ std::vector<Token> tokensOf(const std::string& text) {
     std::istringstream in(text);
     Cpp::Lexer lexer(in);
     std::vector<Token> tokens;
-    for (Token token = lexer.nextToken(); token.type() != Cpp::tkEnd; token = lexer.nextToken()) tokens.push_back(token);
-    return tokens;
+    while (true) {
+        Token token = lexer.nextToken();
+        if (token.type() == Cpp::tkEnd) return tokens;
+        tokens.push_back(std::move(token));
+    }
 }
 
 std::string stringValue(const Token& token) {

@@ -16,12 +16,15 @@ public:
     explicit FullBuffer(std::size_t room) : room_(room) {}
 
 protected:
-    int_type overflow(int_type c) override { return room_ > 0 ? (--room_, std::stringbuf::overflow(c)) : traits_type::eof(); }
+    int_type overflow(int_type c) override {
+        if (room_ == 0) return traits_type::eof();
+        --room_;
+        return std::stringbuf::overflow(c);
+    }
     std::streamsize xsputn(const char* text, std::streamsize count) override {
-        for (std::streamsize i = 0; i < count; ++i) {
-            if (traits_type::eq_int_type(overflow(traits_type::to_int_type(text[i])), traits_type::eof())) return i;
-        }
-        return count;
+        std::streamsize done = 0;
+        while (done < count && overflow(traits_type::to_int_type(text[done])) != traits_type::eof()) ++done;
+        return done;
     }
 
 private:

@@ -162,7 +162,7 @@ private:
         if (state_.wsMode != 0) track(c);
         if (state_.wsMode == 1 && c == '\t' && !quote_) {
             for (int n = toTabStop(); n > 0; --n) put(' ');
-        } else if (state_.wsMode == 2 && c == ' ' && !quote_ && (held_ > 0 || state_.column % state_.tabSize == 0)) {
+        } else if (state_.wsMode == 2 && c == ' ' && !quote_ && (held_ > 0 || toTabStop() == state_.tabSize)) {
             ++state_.column;
             if (++held_ == state_.tabSize && held_ > 1) {
                 held_ = 0;

@@ -49,7 +49,8 @@ TEST(LineBuf, FourCharactersCanBePutBackAcrossAFill) {
 }
 
 TEST(LineBuf, WritesLineFeedsByItsMode) {
-    for (const auto& [mode, expected] : {std::pair(1, "a\r\n\r\nb"), std::pair(2, "a\n\nb"), std::pair(0, "a\n\nb")}) {
+    const std::pair<int, const char*> modes[] = {{1, "a\r\n\r\nb"}, {2, "a\n\nb"}, {0, "a\n\nb"}};
+    for (const auto& [mode, expected] : modes) {
         SCOPED_TRACE(mode);
         std::stringbuf target;
         LineBuf buffer(&target, mode);
