@@ -1,0 +1,162 @@
+#include "src/Norvane_CppFormatter.h"
+
+#include "cpp/Cpp_Scanner.h"
+#include "src/Norvane_CppFormatter_Guards.h"
+#include "src/Norvane_DataOffsetCalculator.h"
+#include "src/Norvane_Gap.h"
+#include "src/Norvane_NameOffsetCalculator.h"
+#include "streams/Zelmar_Columns.h"
+
+namespace Norvane {
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+PropertySet normalised(PropertySet scheme) {
+    normalizeProperties(scheme);
+    return scheme;
+}
+
+} // namespace
+
+CppFormatter::CppFormatter(std::istream& source, std::ostream& output)
+    : CppFormatter(source, output, PropertySet("FormatterProperties")) {}
+
+CppFormatter::CppFormatter(std::istream& source, std::ostream& output, const PropertySet& scheme)
+    : props_(normalised(scheme)), options_(props_), source_(Zelmar::readAll(source)), destination_(output),
+      exprFormatter_(props_), input_(source_) {
+    output_.setTabSize(options_.tabSize);
+    output_.setWsMode(options_.convertWs);
+}
+
+void CppFormatter::visit(Cpp::RootNode& node) {
+    if (options_.alignClassMemberNamesLeft || options_.alignFnDeclNamesLeft || options_.alignDdNamesLeft) {
+        NameOffsetCalculator calculator(props_);
+        node.accept(calculator);
+        fnNameColumns_ = calculator.fnColumns();
+        nameColumns_ = calculator.dataColumns();
+    }
+    if (options_.alignDdInitializers) {
+        DataOffsetCalculator calculator(props_);
+        node.accept(calculator);
+        initializerColumns_ = calculator.columns();
+    }
+    output_.reserve(source_.size() + source_.size() / 8);
+    // The mark is no text: with it in the line, the first construct would begin in a wrong column.
+    if (sourceText().starts_with(kByteOrderMark)) {
+        const std::string_view mark = input_.readThrough({1, static_cast<std::uint32_t>(kByteOrderMark.size())});
+        destination_.write(mark.data(), static_cast<std::streamsize>(mark.size()));
+    }
+    {
+        const Edge edge(*this, {}, !options_.leftMargin.set);
+        writeChildren(node, options_.leftMargin);
+        writeSource(input_.readRest());
+    }
+    const std::string text = output_.takeText();
+    destination_.write(text.data(), static_cast<std::streamsize>(text.size()));
+    destination_.flush();
+}
+
+void CppFormatter::noteLineEnd() {
+    const std::size_t offset = input_.offset();
+    if (offset > 0 && sourceText()[offset - 1] == '\n') lineEnd_ = offset;
+}
+
+bool CppFormatter::isOutputLineBlank() const {
+    if (output_.column() == 0) return true;
+    const std::string_view text = output_.text();
+    return isBlank(text.substr(text.rfind('\n') + 1));
+}
+
+bool CppFormatter::onlyNotesBetween(std::size_t begin, const Position& end) const {
+    const std::size_t stop = source_.offsetOf(end);
+    if (stop > source_.size() || stop < begin) return false;
+    const std::string_view text = sourceText().substr(begin, stop - begin);
+    if (isBlank(text)) return true;
+    Cpp::Scanner scanner(text);
+    std::size_t at = 0;
+    for (Cpp::RawToken token; scanner.next(token); at = token.end) {
+        if (!Cpp::isCommentOrDirective(token.type) || !isBlank(text.substr(at, token.begin - at))) return false;
+    }
+    return isBlank(text.substr(at));
+}
+
+void CppFormatter::pushPending(const OptionalString& option) {
+    if (option.set) pendingWs_.push_back({option.value});
+}
+
+bool CppFormatter::takePending(const Position& start, std::string_view& value) {
+    if (pendingWs_.size() <= pendingFloor_) return false;
+    const PendingWs pending = pendingWs_.back();
+    pendingWs_.pop_back();
+    value = pending.value;
+    return pending.templateEnd == std::string_view::npos || onlyNotesBetween(pending.templateEnd, start);
+}
+
+void CppFormatter::beginDeclaration(const Cpp::SyntaxNode& node) {
+    std::string_view ws;
+    const Position start = node.start();
+    if (takePending(start, ws)) writeGapEnd(readUpTo(start), ws, base());
+}
+
+// Taken by the declaration right behind the head. Where something else stands there, such as a
+// "using", the column that the head has left means nothing to the declarations after it.
+bool CppFormatter::takeTemplateBase(const Position& start, Base& taken) {
+    if (!templateColumnPending_ || baseColumns_.size() != templateBases_) return false;
+    templateColumnPending_ = false;
+    taken = baseColumns_.back();
+    baseColumns_.pop_back();
+    return onlyNotesBetween(templateEnd_, start);
+}
+
+void CppFormatter::visit(Cpp::CommentNode& node) {
+    const Position start = node.start();
+    copyUpTo(start);
+    if (node.verbatim()) {
+        // The first character still brings the indent of its line along.
+        copyThrough(start);
+        const int wsMode = output_.wsMode();
+        output_.setWsMode(Zelmar::kWsKeep);
+        output_.writeRaw(readThrough(node.end()));
+        output_.setWsMode(wsMode);
+    } else if (isLineComment(node)) {
+        output_.write(readThrough(node.end()));
+    } else {
+        exprFormatter_.formatMultiLineToken(start, node.end(), input_, output_);
+    }
+    noteLineEnd();
+}
+
+// The white space in front of a directive on its line goes along with it: its column is a matter of
+// the directive options alone.
+void CppFormatter::visit(Cpp::PreprocDirectiveNode& node) {
+    const Position start = node.start();
+    if (startsLine(start)) {
+        copyUpTo({start.line, 1});
+        if (!isOutputLineBlank()) output_.write("\n");
+    }
+    exprFormatter_.formatDirective(start, node.end(), input_, output_);
+    noteLineEnd();
+}
+
+void CppFormatter::visit(Cpp::ExprNode& node) {
+    copyUpTo(node.start());
+    exprFormatter_.formatTo(readThrough(node.end()), output_);
+}
+
+// The text of an assembler block: its lines move with the first one and keep their shape.
+void CppFormatter::visit(Cpp::TextNode& node) {
+    copyUpTo(node.start());
+    exprFormatter_.formatMultiLineToken(node.start(), node.end(), input_, output_);
+}
+
+void CppFormatter::visit(Cpp::LabelNode& node) { copyNode(node); }
+void CppFormatter::visit(Cpp::KeywordNode& node) { copyNode(node); }
+void CppFormatter::visit(Cpp::IdNode& node) { copyNode(node); }
+void CppFormatter::visit(Cpp::TypeNode& node) { copyNode(node); }
+void CppFormatter::visit(Cpp::EnumHeadNode& node) { copyNode(node); }
+void CppFormatter::visit(Cpp::NamespaceHeadNode& node) { copyNode(node); }
+void CppFormatter::visit(Cpp::ClassNameNode& node) { copyNode(node); }
+
+} // namespace Norvane

@@ -1,0 +1,40 @@
+#ifndef KERFLINE_NORVANE_CPPFORMATTER_TEXT_H
+#define KERFLINE_NORVANE_CPPFORMATTER_TEXT_H
+
+#include "cpp/Cpp_Scanner.h"
+#include "src/Norvane_Gap.h"
+#include "src/Norvane_OptionalString.h"
+
+#include <cstddef>
+#include <string_view>
+
+namespace Norvane {
+
+/// The value of an option that no scheme sets.
+inline const OptionalString& noWs() {
+    static const OptionalString unset;
+    return unset;
+}
+
+/// The value that puts everything on a line of its own.
+inline const OptionalString& lineFeedWs() {
+    static const OptionalString feed{true, "\n"};
+    return feed;
+}
+
+/// `text` ends in a pointer mark, white space aside.
+inline bool endsInMark(std::string_view text) {
+    return endsInAsterisk(text) || endsInAmpersand(text);
+}
+
+/// Where the pointer marks that end `text` begin, with the white space in front of and among them;
+/// the size of the text if there are none. The first character always stays with the type.
+inline std::size_t trailingMarks(std::string_view text) {
+    std::size_t begin = text.size();
+    while (begin > 1 && (text[begin - 1] == '*' || text[begin - 1] == '&' || Cpp::isSpace(text[begin - 1]))) --begin;
+    return begin;
+}
+
+} // namespace Norvane
+
+#endif
