@@ -17,6 +17,7 @@ const std::map<std::string, Dump>& dumpNames() {
         {"tree", Dump::tree},
         {"messages", Dump::messages},
         {"scheme", Dump::scheme},
+        {"options", Dump::options},
     };
     return names;
 }
@@ -72,7 +73,8 @@ CommandLine::CommandLine() {
                        ->allow_extra_args(false);
     app_.add_flag("-i,--in-place", inPlace_, "Write each result back to its file, if it changed");
     app_.add_flag("--check", check_, "Write nothing; name the files that would change, and exit with status 1");
-    app_.add_option("--dump", dump_, "Show tokens, tree, messages or the scheme in the place of the result")
+    app_.add_option("--dump", dump_, "In the place of the result, show the tokens, tree or messages of each FILE,\n"
+                    "the scheme in force, or all options that a scheme can hold")
         ->transform(CLI::CheckedTransformer(dumpNames()))
         ->type_name("WHAT");
     app_.add_option("FILE", files_, "Files to lay out; none or \"-\" is standard input")->type_name("");

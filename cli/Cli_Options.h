@@ -14,7 +14,7 @@ namespace Cli {
 enum class Destination { standardOutput, sameFile, checkOnly };
 
 /// What is shown in the place of the laid out text.
-enum class Dump { none, tokens, tree, messages, scheme };
+enum class Dump { none, tokens, tree, messages, scheme, options };
 
 /// One "--set NAME=VALUE" or "--unset NAME", as it was typed.
 struct SchemeEdit {

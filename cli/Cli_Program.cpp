@@ -1,5 +1,6 @@
 #include "cli/Cli_Program.h"
 
+#include "cli/Cli_OptionList.h"
 #include "cli/Cli_SchemeLoader.h"
 #include "cli/Cli_TokenCheck.h"
 
@@ -156,6 +157,7 @@ void Program::dump(const std::string& path, const SourceFile& source) {
         break;
     case Dump::none:
     case Dump::scheme:
+    case Dump::options:
         break;
     }
     if (refusesFile(messages)) report_.raise(ExitStatus::refused);
@@ -172,7 +174,9 @@ void Program::finishOutput() {
 ExitStatus runProgram(const Options& options, const Streams& streams) {
     Report report;
     try {
-        if (const auto scheme = loadScheme(options, report)) {
+        if (options.dump == Dump::options) {
+            listSchemeOptions(streams.out);
+        } else if (const auto scheme = loadScheme(options, report)) {
             if (options.dump == Dump::scheme) {
                 scheme->write(streams.out);
             } else {

@@ -32,6 +32,21 @@ bool equalButForSpace(std::string_view a, std::string_view b) {
     }
 }
 
+/// What lies between two tokens: white space, and rarely characters that belong to no token. A
+/// backslash there may guard the line end behind it, so the two stay together.
+bool sameStrayCharacters(std::string_view a, std::string_view b) {
+    std::size_t i = 0;
+    std::size_t j = 0;
+    while (true) {
+        skipSpace(a, i);
+        skipSpace(b, j);
+        if (i == a.size() || j == b.size()) return i == a.size() && j == b.size();
+        if (a[i] != b[j] || (a[i] == '\\' && a.substr(i + 1, 1) != b.substr(j + 1, 1))) return false;
+        ++i;
+        ++j;
+    }
+}
+
 bool sameToken(std::string_view source, const Cpp::RawToken& a, std::string_view result, const Cpp::RawToken& b) {
     if (a.type != b.type) return false;
     const std::string_view left = range(source, a);
@@ -57,11 +72,17 @@ std::optional<Trn::Position> firstTokenDifference(std::string_view source, std::
     Cpp::RawToken a;
     Cpp::RawToken b;
     while (true) {
+        const std::size_t gapA = a.end;
+        const std::size_t gapB = b.end;
         const bool moreSource = sourceScanner.next(a);
         const bool moreResult = resultScanner.next(b);
+        const std::size_t beginA = moreSource ? a.begin : source.size();
+        const std::size_t beginB = moreResult ? b.begin : result.size();
+        if (!sameStrayCharacters(source.substr(gapA, beginA - gapA), result.substr(gapB, beginB - gapB))) {
+            return positionOf(source, gapA);
+        }
         if (!moreSource && !moreResult) return std::nullopt;
-        if (!moreSource) return positionOf(source, source.size());
-        if (!moreResult || !sameToken(source, a, result, b)) return positionOf(source, a.begin);
+        if (moreSource != moreResult || !sameToken(source, a, result, b)) return positionOf(source, beginA);
     }
 }
 

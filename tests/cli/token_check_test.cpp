@@ -27,6 +27,9 @@ const CheckCase kCases[] = {
     {"LineCommentLostItsEnd", "// a\nb;", "// a b;", {1, 1}},
     {"DirectiveContinuationMoved", "#define A \\\n  b\n", "#define A \\\n      b\n", {0, 0}},
     {"LastLineEndIsNoToken", "#endif\n", "#endif", {0, 0}},
+    {"StrayCharacterLost", "a; @\nb;", "a;\nb;", {1, 3}},
+    {"StrayCharacterMoved", "a @ b;", "a\n@ b;", {0, 0}},
+    {"GuardedLineEndJoined", "a \\\nb;", "a \\ b;", {1, 2}},
     {"MacroGetsArguments", "#define A (b)\n", "#define A(b)\n", {1, 1}},
 };
 

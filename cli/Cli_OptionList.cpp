@@ -1,0 +1,21 @@
+#include "cli/Cli_OptionList.h"
+
+#include "src/Norvane_PropertyCatalogue.h"
+
+namespace Cli {
+
+void listSchemeOptions(std::ostream& out) {
+    bool first = true;
+    Norvane::PropertyFamily family{};
+    for (const Norvane::PropertyInfo& info : Norvane::propertyCatalogue()) {
+        if (first || info.family != family) {
+            out << (first ? "" : "\n") << Norvane::propertyFamilyName(info.family) << '\n';
+            family = info.family;
+            first = false;
+        }
+        out << "  " << info.name << "  (" << Norvane::propertyKindName(info.kind) << ", default: " << info.defaultValue
+            << ")\n      " << info.description << '\n';
+    }
+}
+
+} // namespace Cli
