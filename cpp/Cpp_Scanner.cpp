@@ -120,6 +120,16 @@ std::string directiveSpelling(std::string_view text, const RawToken& token) {
     return result.append(text.substr(copied, token.end - copied));
 }
 
+// A compiler takes "0xe+1" for one malformed number: to it a sign behind an "e" or a "p" goes on
+// with any number.
+bool endsInExponent(std::string_view text) {
+    if (lower(text.back()) != 'e' && lower(text.back()) != 'p') return false;
+    std::size_t begin = text.size();
+    while (begin > 0 && (isIdentifierChar(text[begin - 1]) || text[begin - 1] == '.')) --begin;
+    while (begin < text.size() && text[begin] == '.') ++begin;
+    return begin < text.size() && isDigit(text[begin]);
+}
+
 } // namespace
 
 bool Scanner::next(RawToken& token) {
@@ -348,6 +358,16 @@ bool needsBlank(char left, char right) {
     case '.': return right == '.' || right == '*';
     default: return isDigit(left) && right == '.';
     }
+}
+
+bool needsBlank(std::string_view left, std::string_view right) {
+    if (left.empty() || right.empty()) return false;
+    const char before = left.back();
+    const char behind = right.front();
+    if (needsBlank(before, behind)) return true;
+    if (before == '~') return isLetter(behind);
+    if (behind == ':') return isIdentifierChar(before) && startsWith(right, 0, "::");
+    return (behind == '+' || behind == '-') && endsInExponent(left);
 }
 
 } // namespace Cpp

@@ -113,6 +113,12 @@ constexpr bool isIdentifierChar(char c) {
 /// "/ *", ": ::"). Where two characters do not tell, the blank stays.
 bool needsBlank(char left, char right);
 
+/// The same with all of the text on either side to look at, of which only the ends count. So it
+/// sees more: a sign behind a number that ends in "e" ("0xe +1" would read as one exponent), a name
+/// in front of a "::" and a "~" in front of a name ("A ::b", "~ a"), each of which would read as one
+/// name. An empty side needs no blank.
+bool needsBlank(std::string_view left, std::string_view right);
+
 } // namespace Cpp
 
 #endif

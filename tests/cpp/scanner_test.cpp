@@ -305,4 +305,19 @@ TEST(NeedsBlank, NotWhereTheyStayApart) {
     }
 }
 
+TEST(NeedsBlank, SeesMoreInWholeTexts) {
+    const std::pair<const char*, const char*> glued[] = {{"x = 0xe", "+1"},  {"1.5E", "-y"},     {"0x1p", "+3"},
+                                                         {"friend A", "::b"}, {"else", "::g()"}, {"x = ~", "a"}};
+    for (const auto& [left, right] : glued) {
+        SCOPED_TRACE(std::string(left) + " " + right);
+        EXPECT_TRUE(Cpp::needsBlank(std::string_view(left), std::string_view(right)));
+    }
+    const std::pair<const char*, const char*> apart[] = {{"value", "+1"}, {"a.e", "-1"}, {"0xf", "+1"}, {"case 1", ":"},
+                                                         {")", "::b"},    {"~", "0"},    {"", "a"},     {"a", ""}};
+    for (const auto& [left, right] : apart) {
+        SCOPED_TRACE(std::string(left) + " " + right);
+        EXPECT_FALSE(Cpp::needsBlank(std::string_view(left), std::string_view(right)));
+    }
+}
+
 } // namespace

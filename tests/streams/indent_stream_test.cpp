@@ -1,4 +1,5 @@
 #include "streams/Zelmar_OIndentStream.h"
+#include "streams/Zelmar_RawText.h"
 
 #include <gtest/gtest.h>
 
