@@ -1,0 +1,197 @@
+#include "src/Norvane_CppLineWrapper.h"
+
+#include "cpp/Cpp_Tokens.h"
+#include "src/Norvane_CppLineWrapper_Scope.h"
+#include "src/Norvane_WrapOptions.h"
+#include "streams/Zelmar_Columns.h"
+
+#include <algorithm>
+
+namespace Norvane {
+
+namespace {
+
+std::string_view firstLine(std::string_view text) {
+    return text.substr(0, text.find('\n'));
+}
+
+} // namespace
+
+CppLineWrapper::CppLineWrapper(const PropertySet& scheme, const std::string& formattedText,
+                               std::ostream& wrapped)
+    : props_(scheme), source_(formattedText), reader_(source_), wrapped_(wrapped), exprWrapper_(scheme) {
+    normalizeProperties(props_);
+    readOptions();
+    if (lineWrap_ && rightMargin_ > 0) findOverLines();
+    output_.setTabSize(tabSize_);
+    output_.reserve(formattedText.size() + formattedText.size() / 16);
+}
+
+CppLineWrapper::CommaSpacing CppLineWrapper::spacingOption(const char* before, const char* between,
+                                                           const char* alignSwitch) const {
+    CommaSpacing spacing{wrapString(props_, before), wrapString(props_, between)};
+    if (alignSwitch != nullptr && wrapBool(props_, alignSwitch)) spacing.between = {true, "\n"};
+    return spacing;
+}
+
+void CppLineWrapper::readOptions() {
+    lineWrap_ = wrapBool(props_, "LINE_WRAP");
+    rightMargin_ = std::max(wrapInt(props_, "RIGHT_MARGIN", 0), 0);
+    wrapStyle_ = wrapStyleValue(props_, "WRAP_STYLE", 0, 0);
+    wrapIndent_ = wrapIndentValue(props_, "WRAP_INDENT");
+    commaWrapStyle_ = wrapStyleValue(props_, "COMMA_WRAP_STYLE", 2, 1);
+    joinsElements_ = wrapStyleValue(props_, "LIST_WRAP_STRATEGY", 0, 0) != 0;
+    tabSize_ = std::max(wrapInt(props_, "TAB_SIZE", 1), 1);
+    wsMode_ = wrapStyleValue(props_, "CONVERT_WS", Zelmar::kWsKeep, Zelmar::kWsKeep);
+    readIndents();
+    const char* const alignBases = "ALIGN_BASE_CLAUSES_LEFT";
+    baseSpacing_ = spacingOption("WS_BEFORE_BASE_CLAUSES_COMMA", "WS_BETWEEN_BASE_CLAUSES", alignBases);
+    parameterSpacing_ = spacingOption("WS_BEFORE_FN_COMMA", "WS_BETWEEN_FN_PARAMS", "ALIGN_FN_PARAMS_LEFT");
+    templateSpacing_ = spacingOption("WS_BEFORE_TP_COMMA", "WS_BETWEEN_TP_PARAMS", "ALIGN_TP_PARAMS_LEFT");
+    initSpacing_ = spacingOption("WS_BEFORE_CLASS_INITS_COMMA", "WS_BETWEEN_CLASS_INITS", nullptr);
+    enumSpacing_ = spacingOption("WS_BEFORE_ENUM_COMMA", "WS_BETWEEN_ENUM_ELEMENTS", nullptr);
+}
+
+void CppLineWrapper::readIndents() {
+    leftMargin_ = wrapIndentValue(props_, "LEFT_MARGIN");
+    namespaceIndent_ = wrapIndentValue(props_, "INDENT_NS_CONTENT");
+    blockIndent_ = wrapIndentValue(props_, "GLOBAL_INDENT_CONTENT");
+    classIndent_ = wrapIndentValue(props_, "INDENT_CLASS_CONTENT");
+    functionIndent_ = wrapIndentValue(props_, "INDENT_FN_CONTENT");
+    controlIndent_ = wrapIndentValue(props_, "INDENT_CS_CONTENT");
+    caseIndent_ = wrapIndentValue(props_, "INDENT_CS_CASE_CONTENT");
+    dataIndent_ = wrapIndentValue(props_, "INDENT_DD_CONTENT");
+    enumIndent_ = wrapIndentValue(props_, "INDENT_ENUM_CONTENT");
+}
+
+void CppLineWrapper::findOverLines() {
+    std::string_view rest = source_.text();
+    const auto margin = static_cast<std::size_t>(rightMargin_);
+    for (std::uint32_t line = 1; !rest.empty(); ++line) {
+        const std::string_view text = firstLine(rest);
+        const bool mayBeOver = text.size() > margin || text.find('\t') != std::string_view::npos;
+        if (mayBeOver && Zelmar::textColumn(text, 0, tabSize_) > rightMargin_) overLines_.push_back(line);
+        rest.remove_prefix(std::min(text.size() + 1, rest.size()));
+    }
+}
+
+bool CppLineWrapper::overMargin(const Cpp::SyntaxNode& node) const {
+    const Trn::Position start = node.start();
+    const Trn::Position end = node.end();
+    if (start.line == 0 || end.line == 0 || end < start) return false;
+    const std::uint32_t lastLine = end.column == 0 ? end.line - 1 : end.line;
+    const auto over = std::lower_bound(overLines_.begin(), overLines_.end(), start.line);
+    return over != overLines_.end() && *over <= lastLine;
+}
+
+int CppLineWrapper::copyUpToStart(const Cpp::SyntaxNode& node) {
+    copyUpTo(node.start());
+    return output_.column();
+}
+
+// Close brackets and the punctuation behind them have no place on a line of their own.
+std::string_view CppLineWrapper::stuckPart(std::string_view text) {
+    const std::string_view line = firstLine(text);
+    const std::string_view stuck = line.substr(0, line.find_first_not_of(")]};,{ \t"));
+    return stuck.substr(0, stuck.find_last_not_of(" \t") + 1);
+}
+
+std::string_view CppLineWrapper::follower() const {
+    return stuckPart(source_.text().substr(reader_.offset()));
+}
+
+// For a list in a head nothing behind the list can go to another line, up to the end of the head.
+std::string_view CppLineWrapper::followerThrough(const Trn::Position& end) const {
+    const std::string_view rest = source_.text().substr(reader_.offset());
+    const std::size_t endOffset = source_.offsetOf(end);
+    if (endOffset == Zelmar::SourceText::npos || endOffset < reader_.offset()) return stuckPart(rest);
+    const std::size_t length = std::min(endOffset + 1 - reader_.offset(), rest.size());
+    if (rest.substr(0, length).find('\n') != std::string_view::npos) return firstLine(rest);
+    return rest.substr(0, length + stuckPart(rest.substr(length)).size());
+}
+
+std::string CppLineWrapper::indentFor(int column) const {
+    return Zelmar::makeIndent(output_.indent(), wsMode_, tabSize_, column);
+}
+
+std::string CppLineWrapper::continuationIndent() const {
+    return wrapStyle_ == 2 ? indentFor(baseColumn()) + wrapIndent_.value : indentFor(baseColumn());
+}
+
+Zelmar::IndentStreamState CppLineWrapper::stateWith(const std::string& indent) const {
+    return {indent, true, wsMode_, tabSize_, output_.line(), output_.column()};
+}
+
+void CppLineWrapper::visitChildren(Cpp::InteriorNode& node) {
+    for (auto child = node.childBegin(); child != node.childEnd(); ++child) (*child)->accept(*this);
+}
+
+void CppLineWrapper::visit(Cpp::RootNode& node) {
+    if (overMargin(node)) {
+        output_.setIndent(leftMargin_.value);
+        visitChildren(node);
+    }
+    output_.writeRaw(reader_.readRest());
+    output_.sync();
+    const std::string& text = output_.text();
+    wrapped_.write(text.data(), static_cast<std::streamsize>(text.size()));
+    wrapped_.flush();
+}
+
+// Where a body has an indent of its own its lines were laid out from the base column.
+void CppLineWrapper::writeBody(Cpp::InteriorNode& body, const OptionalString& indent) {
+    if (!overMargin(body)) return copyNode(body);
+    const bool hasBrace = body.empty() || body.start() != body.child(0)->start();
+    if (hasBrace) copyThrough(body.start());
+    if (indent.set) {
+        const Zelmar::IndentGuard guard(output_, indentFor(baseColumn()) + indent.value);
+        const ColumnScope scope(*this, baseColumn());
+        visitChildren(body);
+    } else {
+        const ColumnScope scope(*this, baseColumn());
+        visitChildren(body);
+    }
+    copyNode(body);
+}
+
+void CppLineWrapper::visit(Cpp::ExprNode& node) {
+    copyUpTo(node.start());
+    if (!overMargin(node)) return copyNode(node);
+    wrapHere(std::string(reader_.readThrough(node.end())));
+}
+
+void CppLineWrapper::wrapHere(const std::string& text) {
+    output_.writeRaw(exprWrapper_.wrap(text, stateWith(output_.indent()), false, false, follower()));
+}
+
+void CppLineWrapper::visit(Cpp::CommentNode& node) {
+    copyUpTo(node.start());
+    const bool spansLines = node.start().line < node.end().line && node.end().column > 0;
+    if (spansLines && !node.verbatim()) return moveComment(node);
+    copyNode(node);
+}
+
+// A comment whose first line has moved takes its other lines along.
+void CppLineWrapper::moveComment(const Cpp::CommentNode& node) {
+    const std::size_t lineStart = source_.lineStart(node.start().line);
+    const std::string_view inFront = source_.text().substr(lineStart, reader_.offset() - lineStart);
+    if (Zelmar::textColumn(inFront, 0, tabSize_) == output_.column()) return copyNode(node);
+    output_.setWsMode(wsMode_);
+    exprWrapper_.formatMultiLineToken(node.start(), node.end(), reader_, output_);
+    output_.setWsMode(Zelmar::kWsKeep);
+}
+
+void CppLineWrapper::visit(Cpp::AsmNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::LabelNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::TextNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::EnumHeadNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::PreprocDirectiveNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::CaseNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::KeywordNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::TypeNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::IdNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::NamespaceHeadNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::AccessSpecNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::ClassNameNode& node) { copyNode(node); }
+
+} // namespace Norvane

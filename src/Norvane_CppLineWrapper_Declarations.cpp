@@ -1,0 +1,226 @@
+#include "src/Norvane_CppLineWrapper.h"
+
+#include "cpp/Cpp_Tokens.h"
+#include "src/Norvane_CppLineWrapper_Scope.h"
+#include "src/Norvane_WrapText.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace Norvane {
+
+namespace {
+
+bool isElement(const Cpp::SyntaxNode* node) {
+    return dynamic_cast<const Cpp::CommentNode*>(node) == nullptr &&
+           dynamic_cast<const Cpp::PreprocDirectiveNode*>(node) == nullptr;
+}
+
+bool isRegion(const Cpp::SyntaxNode* node) {
+    const auto* comment = dynamic_cast<const Cpp::CommentNode*>(node);
+    return comment != nullptr && comment->verbatim();
+}
+
+bool startsBracket(int kind) {
+    return kind == Cpp::tkOpenBrace || kind == Cpp::tkOpenParen;
+}
+
+struct Extent {
+    Trn::Position start;
+    Trn::Position end;
+};
+
+// From the first element to the last. None if there is no element, or if a region lies among them,
+// of which not a byte may change.
+std::optional<Extent> elementsOf(const Cpp::InteriorNode& list) {
+    std::optional<Extent> extent;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        const Cpp::SyntaxNode* child = list.child(i);
+        if (isRegion(child)) return std::nullopt;
+        if (!isElement(child) || child->start().isNone()) continue;
+        if (!extent) extent = Extent{child->start(), child->end()};
+        if (child->start() < extent->start) extent->start = child->start();
+        if (extent->end < child->end()) extent->end = child->end();
+    }
+    return extent;
+}
+
+} // namespace
+
+// The column of a class or a function: that of the template head in front of it, if there is one,
+// which it takes over whether or not it is too long itself.
+int CppLineWrapper::declarationColumn(const Cpp::SyntaxNode* head) {
+    const int column = baseColumn();
+    if (templateDepth_ != 0 && templateDepth_ == indentColumns_.size()) {
+        templateDepth_ = 0;
+        indentColumns_.pop_back();
+        return column;
+    }
+    return head != nullptr ? copyUpToStart(*head) : column;
+}
+
+void CppLineWrapper::visit(Cpp::NamespaceDeclNode& node) {
+    if (!overMargin(node)) return copyNode(node);
+    const int column = node.head() != nullptr ? copyUpToStart(*node.head()) : baseColumn();
+    const ColumnScope scope(*this, column);
+    if (node.body() != nullptr) node.body()->accept(*this);
+    copyNode(node);
+}
+
+void CppLineWrapper::visit(Cpp::NamespaceBodyNode& node) { writeBody(node, namespaceIndent_); }
+
+void CppLineWrapper::visit(Cpp::LinkageBlockNode& node) {
+    if (!overMargin(node)) return copyNode(node);
+    const int column = node.linkage() != nullptr ? copyUpToStart(*node.linkage()) : baseColumn();
+    if (node.linkage() != nullptr) copyNode(*node.linkage());
+    const ColumnScope scope(*this, column);
+    if (node.body() != nullptr) node.body()->accept(*this);
+    copyNode(node);
+}
+
+void CppLineWrapper::visit(Cpp::LinkageBlockBodyNode& node) { writeBody(node, blockIndent_); }
+
+void CppLineWrapper::visit(Cpp::TemplateNode& node) {
+    indentColumns_.push_back(copyUpToStart(node));
+    templateDepth_ = indentColumns_.size();
+    if (overMargin(node) && node.params() != nullptr) {
+        copyThrough(node.params()->start());
+        wrapCommaList(*node.params(), templateSpacing_, continuationIndent(), false, node.end());
+    }
+    copyNode(node);
+}
+
+void CppLineWrapper::visit(Cpp::ClassDeclNode& node) {
+    const int column = declarationColumn(node.head());
+    if (!overMargin(node)) return copyNode(node);
+    if (node.head() != nullptr) node.head()->accept(*this);
+    const ColumnScope scope(*this, column);
+    if (node.body() != nullptr) node.body()->accept(*this);
+    copyNode(node);
+}
+
+void CppLineWrapper::visit(Cpp::ClassHeadNode& node) {
+    if (node.bases() != nullptr) node.bases()->accept(*this);
+}
+
+void CppLineWrapper::visit(Cpp::ClassBodyNode& node) { writeBody(node, classIndent_); }
+
+void CppLineWrapper::visit(Cpp::BaseClauseListNode& node) {
+    wrapCommaList(node, baseSpacing_, continuationIndent(), false, node.end());
+}
+
+void CppLineWrapper::visit(Cpp::FunctionDeclNode& node) {
+    const int column = declarationColumn(node.head());
+    if (!overMargin(node)) return copyNode(node);
+    const ColumnScope scope(*this, column);
+    if (node.head() != nullptr) wrapHead(*node.head());
+    writeFunctionBody(node.block());
+    copyNode(node);
+}
+
+void CppLineWrapper::visit(Cpp::CtorDeclNode& node) {
+    const int column = declarationColumn(node.head());
+    if (!overMargin(node)) return copyNode(node);
+    const ColumnScope scope(*this, column);
+    if (node.head() != nullptr) wrapHead(*node.head());
+    if (node.initializers() != nullptr) node.initializers()->accept(*this);
+    writeFunctionBody(node.block());
+    copyNode(node);
+}
+
+void CppLineWrapper::writeFunctionBody(Cpp::BlockNode* block) {
+    if (block != nullptr) writeBody(*block, functionIndent_);
+}
+
+void CppLineWrapper::wrapHead(Cpp::FunctionHeadNode& head) {
+    if (head.params() != nullptr) wrapParameters(*head.params(), head.end());
+    copyNode(head);
+}
+
+void CppLineWrapper::wrapParameters(Cpp::ParameterListNode& params, const Trn::Position& headEnd) {
+    if (!overMargin(params)) return;
+    copyThrough(params.start());
+    wrapCommaList(params, parameterSpacing_, continuationIndent(), false, headEnd);
+}
+
+void CppLineWrapper::visit(Cpp::FunctionPtrDeclNode& node) {
+    if (!overMargin(node)) return copyNode(node);
+    const ColumnScope scope(*this, copyUpToStart(node));
+    if (node.params() != nullptr) wrapParameters(*node.params(), node.end());
+    copyNode(node);
+}
+
+void CppLineWrapper::visit(Cpp::InitializerListNode& node) {
+    wrapCommaList(node, initSpacing_, continuationIndent(), false, node.end());
+}
+
+void CppLineWrapper::visit(Cpp::EnumDeclNode& node) {
+    if (!overMargin(node)) return copyNode(node);
+    const int column = node.head() != nullptr ? copyUpToStart(*node.head()) : baseColumn();
+    const ColumnScope scope(*this, column);
+    if (node.body() != nullptr) node.body()->accept(*this);
+    copyNode(node);
+}
+
+// Enumerators stand at the indent of the content, to which WRAP_INDENT adds nothing.
+void CppLineWrapper::visit(Cpp::EnumBodyNode& node) {
+    const std::string own = indentFor(baseColumn()) + enumIndent_.value;
+    wrapCommaList(node, enumSpacing_, enumIndent_.set ? own : output_.indent(), true, node.end());
+}
+
+void CppLineWrapper::wrapCommaList(Cpp::InteriorNode& list, const CommaSpacing& spacing,
+                                   const std::string& indent, bool noWrapIndent,
+                                   const Trn::Position& headEnd) {
+    if (!overMargin(list)) return;
+    const std::optional<Extent> elements = elementsOf(list);
+    if (!elements) return;
+    copyUpTo(elements->start);
+    std::string text(reader_.readThrough(elements->end));
+    if (joinsElements_ && spacing.isUnset()) text = joinElements(text, indent);
+    output_.writeRaw(exprWrapper_.wrapList(text, stateWith(indent), noWrapIndent, followerThrough(headEnd)));
+}
+
+// With no value for the gaps they are made alike, so that it does not hang on the lines of the
+// source which elements share one.
+std::string CppLineWrapper::joinElements(const std::string& text, const std::string& indent) {
+    const OptionalString blank{true, " "};
+    const OptionalString before = commaWrapStyle_ == 2 ? OptionalString{true, ""} : blank;
+    Zelmar::IndentStreamState state = stateWith(output_.column() > 0 ? indent : std::string());
+    state.keepLeadingWs = false;
+    return exprWrapper_.formatList(text, Cpp::tkComma, before, blank, state);
+}
+
+void CppLineWrapper::visit(Cpp::DataDeclNode& node) {
+    if (!overMargin(node) || node.init() == nullptr) return copyNode(node);
+    const int column = copyUpToStart(node);
+    copyUpTo(node.init()->start());
+    if (overMargin(*node.init())) {
+        wrapInitializer(std::string(reader_.readThrough(node.init()->end())), column);
+    }
+    copyNode(node);
+}
+
+void CppLineWrapper::wrapInitializer(const std::string& text, int column) {
+    const WrapText tokens(text);
+    std::size_t first = 0;
+    while (first < tokens.size() && !startsBracket(tokens.kind(first))) ++first;
+    const bool isBraced = tokens.kind(first) == Cpp::tkOpenBrace && tokens.mate(first) != WrapText::npos;
+    if (!isBraced) return wrapHere(text);
+    const auto open = static_cast<std::size_t>(tokens.token(first).data() - text.data());
+    const auto close = static_cast<std::size_t>(tokens.token(tokens.mate(first)).data() - text.data());
+    wrapBracedInitializer(text, open, close, column);
+}
+
+// The lines between the braces belong to the declaration, and WRAP_INDENT has no part in them.
+void CppLineWrapper::wrapBracedInitializer(const std::string& text, std::size_t open, std::size_t close,
+                                           int column) {
+    output_.writeRaw(std::string_view(text).substr(0, open + 1));
+    const std::string indent = indentFor(column) + dataIndent_.value;
+    const std::string inner = text.substr(open + 1, close - open - 1);
+    const std::string behind = text.substr(close) + std::string(follower());
+    output_.writeRaw(exprWrapper_.wrapList(inner, stateWith(indent), true, stuckPart(behind)));
+    output_.writeRaw("}");
+    wrapHere(text.substr(close + 1));
+}
+
+} // namespace Norvane
