@@ -2,6 +2,7 @@
 
 #include "cpp/Cpp_Scanner.h"
 #include "src/Norvane_CppFormatter_Guards.h"
+#include "src/Norvane_CppFormatter_Text.h"
 #include "src/Norvane_DataOffsetCalculator.h"
 #include "src/Norvane_Gap.h"
 #include "src/Norvane_NameOffsetCalculator.h"
@@ -49,8 +50,8 @@ void CppFormatter::visit(Cpp::RootNode& node) {
         destination_.write(mark.data(), static_cast<std::streamsize>(mark.size()));
     }
     {
-        const Edge edge(*this, {}, !options_.leftMargin.set);
-        writeChildren(node, options_.leftMargin);
+        const Edge edge(*this, options_.leftMargin.value, !options_.leftMargin.set);
+        writeChildren(node, noWs());
         writeSource(input_.readRest());
     }
     const std::string text = output_.takeText();
@@ -91,6 +92,7 @@ bool CppFormatter::takePending(const Position& start, std::string_view& value) {
     const PendingWs pending = pendingWs_.back();
     pendingWs_.pop_back();
     value = pending.value;
+    if (start.isNone()) return false;
     return pending.templateEnd == std::string_view::npos || onlyNotesBetween(pending.templateEnd, start);
 }
 
