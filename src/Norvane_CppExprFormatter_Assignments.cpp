@@ -47,11 +47,12 @@ std::vector<Line> splitLines(const ExprTokens& tokens) {
 }
 
 /// The column, counted from 1, of the last character in front of the assignment; 0 on a line that
-/// has no token there.
+/// has no token there. Comments do not count: a long one would push all operators to the right.
 int endColumn(const ExprTokens& tokens, const Line& line) {
-    if (line.assignment == line.firstToken) return 0;
-    const std::size_t end = tokens.end(line.assignment - 1);
-    const std::string_view before = trimmedRight(tokens.text().substr(line.begin, end - line.begin));
+    std::size_t last = line.assignment;
+    while (last > line.firstToken && Cpp::isCommentOrDirective(tokens.kind(last - 1))) --last;
+    if (last == line.firstToken) return 0;
+    const std::string_view before = tokens.text().substr(line.begin, tokens.end(last - 1) - line.begin);
     const std::size_t feed = before.rfind('\n');
     return static_cast<int>(before.size() - (feed == std::string_view::npos ? 0 : feed + 1));
 }

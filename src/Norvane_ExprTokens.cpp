@@ -59,6 +59,7 @@ void ExprTokens::assign(std::string_view text) {
 }
 
 bool ExprTokens::endsLine(std::size_t index) const {
+    if (tokens_[index].unclosed) return true;
     return end(index) > begin(index) && text_[end(index) - 1] == '\n';
 }
 
@@ -66,12 +67,18 @@ void ExprTokens::classify() {
     hasAngles_ = false;
     for (std::size_t i = 0; i < tokens_.size(); ++i) kinds_[i] = tokens_[i].type;
     for (std::size_t i = 0; i < tokens_.size(); ++i) {
+        if (kinds_[i] == Cpp::tkIdentifier) trimName(tokens_[i]);
         if (kinds_[i] == Cpp::tkOperator) nameOperator(i);
         if (kinds_[i] == Cpp::tkLess) hasAngles_ = true;
         if (kinds_[i] == Cpp::tkStringLiteral && token(i).find('\n') != std::string_view::npos) {
             rawTokens_.push_back(i);
         }
     }
+}
+
+/// A name that ends in "::" has the white space behind it in its range; here that is a gap.
+void ExprTokens::trimName(Cpp::RawToken& token) const {
+    while (token.end > token.begin && Cpp::isSpace(text_[token.end - 1])) --token.end;
 }
 
 /// "operator" and the token behind it are one name, with the second bracket of a pair.

@@ -56,7 +56,8 @@ public:
     }
     /// The token that closes the one at `index`, kNone if nothing does or if it opens nothing.
     std::size_t mate(std::size_t index) const { return mates_[index]; }
-    /// The line feed is the token's own: a line comment or a directive.
+    /// The line feed is the token's own, as that of a line comment or a directive, or it alone ends
+    /// a literal that is not closed.
     bool endsLine(std::size_t index) const;
     /// The token spans lines.
     bool spansLines(std::size_t index) const { return token(index).find('\n') + 1 < token(index).size(); }
@@ -70,6 +71,7 @@ private:
     };
 
     void classify();
+    void trimName(Cpp::RawToken& token) const;
     void nameOperator(std::size_t index);
     void match();
     void matchAngles();

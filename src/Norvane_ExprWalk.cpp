@@ -139,7 +139,9 @@ int ExprWalk::kindAt(std::size_t index) const {
 
 std::size_t ExprWalk::mateInFrame(std::size_t index) const {
     const std::size_t mate = tokens_.mate(index);
-    return mate < frame().end ? mate : ExprTokens::kNone;
+    // A ">>" closes the group that the walk is in along with the one inside it.
+    const bool isShared = mate == frame().end && mate < tokens_.size() && tokens_.token(mate) == ">>";
+    return mate < frame().end || isShared ? mate : ExprTokens::kNone;
 }
 
 const BracketDepths& ExprWalk::depthsAt(std::size_t index) {
@@ -218,8 +220,10 @@ bool ExprWalk::opensOperand(std::size_t index) const {
     switch (kind) {
     case Cpp::tkSemicolon:
     case Cpp::tkOpenBrace: return true;
-    // Behind a block that ends a line another statement starts.
-    case Cpp::tkCloseBrace: return hasLineFeed(tokens_.gap(index + 1));
+    // Behind a block that ends a line another statement starts. Where operators break lines too
+    // that shows nothing.
+    case Cpp::tkCloseBrace:
+        return hasLineFeed(tokens_.gap(index + 1)) && !options_.aroundOperator.breaksLine();
     case Cpp::tkGreater: return false;
     // Part of the name of a member that is pointed to, as in "int A::*p".
     case Cpp::tkIdentifier: {

@@ -110,6 +110,7 @@ private:
     void writeListComma();
     void decideBehindComma(std::size_t next, int column);
     int hangingColumnAt(std::size_t comma) const;
+    std::string_view blanksBehindComma(const ListStyle& list, std::size_t next) const;
 
     // Brackets.
     void openGroup(ExprGroup group, const BracketStyle& style, const ListStyle& list);

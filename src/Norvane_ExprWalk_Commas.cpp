@@ -39,7 +39,8 @@ void ExprWalk::writeListComma() {
     const std::size_t comma = at_++;
     const bool inColumn = frame().aligned && list.breaksLine();
     const int column = inColumn ? hangingColumnAt(comma) : 0;
-    if (list.beforeComma.set) {
+    // In front of the first of all it is the opening bracket that has its say.
+    if (list.beforeComma.set && comma != frame().open + 1) {
         decide(comma, list.beforeComma.value, inColumn ? Place::kColumn : Place::kExact, column);
     }
     // What stands in front of the closing bracket is for the bracket to say.
@@ -71,12 +72,18 @@ void ExprWalk::decideBehindComma(std::size_t next, int column) {
 int ExprWalk::hangingColumnAt(std::size_t comma) const {
     const ListStyle& list = *frame().list;
     std::string hanging(",");
-    if (list.between.set) {
-        hanging.append(list.between.value);
-    } else if (!hasLineFeed(tokens_.gap(comma + 1))) {
-        hanging.append(tokens_.gap(comma + 1));
-    }
+    hanging.append(blanksBehindComma(list, comma + 1));
     return hangingColumn(list.beforeComma, hanging, frame().alignColumn, output_.tabSize());
+}
+
+/// The white space that will stand between a comma and the element at `next` on the same line.
+std::string_view ExprWalk::blanksBehindComma(const ListStyle& list, std::size_t next) const {
+    const int kind = kindAt(next);
+    if (kind == Cpp::tkEnd || kind == Cpp::tkComma) return std::string_view();
+    if (list.between.set) return list.between.value;
+    if (hasLineFeed(tokens_.gap(next))) return std::string_view();
+    const bool isPrefix = CppExprFormatterBase::isBinaryOperator(kind);
+    return isPrefix && options_.aroundOperator.set ? options_.aroundOperator.value : tokens_.gap(next);
 }
 
 } // namespace Norvane

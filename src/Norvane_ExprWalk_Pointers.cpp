@@ -3,6 +3,8 @@
 #include "src/Norvane_Gap.h"
 #include "streams/Zelmar_Columns.h"
 
+#include <utility>
+
 namespace Norvane {
 
 namespace {
@@ -39,24 +41,17 @@ void ExprWalk::anchorPointer(const PointerStyle& style, std::size_t first, std::
     if (!isBlank(before) || !isBlank(after)) return;
     settle();
     copier_.copyTo(tokens_.gapBegin(first));
-    const bool beforeIsWider = isWider(before, after, output_.column(), output_.tabSize());
-    const bool afterIsWider = isWider(after, before, output_.column(), output_.tabSize());
-
+    const int column = output_.column();
     const OptionalString* const separator = frame().separator;
-    const bool breaks = separator && separator->breaksLine();
     // A line that breaks behind the type breaks behind its marks.
-    const bool atType = style.anchor == PointerAnchor::kAtType || breaks;
-    std::string_view narrow = beforeIsWider ? after : before;
-    std::string_view wide = afterIsWider ? after : before;
-    if (!beforeIsWider && !afterIsWider) {
-        narrow = after;
-        wide = before;
-    }
+    const bool atType = style.anchor == PointerAnchor::kAtType || (separator && separator->breaksLine());
+    std::string_view narrow = atType ? before : after;
+    std::string_view wide = atType ? after : before;
+    if (isWider(narrow, wide, column, output_.tabSize())) std::swap(narrow, wide);
     if (style.ws.set) {
         // Once the marks stand where they belong the other gap is the one to keep.
-        const std::string_view own = atType ? before : after;
         const std::string_view other = atType ? after : before;
-        if (own == style.ws.value && !other.empty()) wide = other;
+        if ((atType ? before : after) == style.ws.value) wide = other;
         narrow = style.ws.value;
         if (separator) wide = separator->value;
     }
