@@ -1,0 +1,34 @@
+#ifndef KERFLINE_CPP_PARSER_H
+#define KERFLINE_CPP_PARSER_H
+
+#include "trn/Trn_Lexer.h"
+#include "trn/Trn_Message.h"
+#include "trn/Trn_Parser.h"
+#include "trn/Trn_SyntaxNode.h"
+
+#include <cstdint>
+#include <string>
+
+namespace Cpp {
+
+/// Builds the coarse tree of a C or C++ text: a tolerant parser with no symbol table and no
+/// preprocessor. It never sees the definition of a macro or a type, and tells declarations,
+/// statements and classes apart by looking ahead.
+///
+/// It reports what it cannot place, severity 3 throughout, and goes on behind it. Where a text does
+/// not parse because the branches of a conditional directive each hold a part of a construct, such
+/// as two heads for one body, it is parsed once more with one branch seen and the other kept as it
+/// stands. The messages are then those of the first attempt, or none if the second one succeeds.
+class Parser : public Trn::Parser {
+public:
+    /// `lexer` must be a Cpp::Lexer and `root` a Cpp::RootNode; anything else throws
+    /// Trn::InvalidParameterException. `root` is replaced, `messages` is appended to.
+    void parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::MessageList& messages) override;
+
+    /// The text of a numbered diagnostic.
+    static std::string messageText(std::int32_t code);
+};
+
+} // namespace Cpp
+
+#endif

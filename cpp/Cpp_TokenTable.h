@@ -1,0 +1,83 @@
+#ifndef KERFLINE_CPP_TOKENTABLE_H
+#define KERFLINE_CPP_TOKENTABLE_H
+
+#include "cpp/Cpp_Scanner.h"
+#include "streams/Zelmar_SourceText.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Cpp {
+
+/// A token as the parser sees it: offsets into the source, and a type that may differ from that of
+/// the scanner where a C++ keyword can only be a name of a C program.
+struct ParseToken {
+    std::int16_t type = tkEnd;
+    /// A stretch that nobody looks into, such as the one that "#if 0" disables: it is a directive
+    /// whose range reaches through its "#endif".
+    bool isRegion = false;
+    std::uint32_t begin = 0;
+    std::uint32_t end = 0;
+    std::uint32_t line = 1;
+};
+
+/// All tokens of one text, with what the parser asks of them again and again found out beforehand in
+/// one pass: which brackets belong together, which "<" opens a template argument list, and where the
+/// next token that is no comment and no directive stands. Each question costs constant time.
+///
+/// Indexes count from 0; size() is the index of the end, whose type is tkEnd.
+class TokenTable {
+public:
+    using Index = std::uint32_t;
+    static constexpr Index kNone = static_cast<Index>(-1);
+
+    /// `source` must outlive the table. `tokens` are in the order of the text.
+    TokenTable(const Zelmar::SourceText& source, std::vector<ParseToken> tokens);
+
+    Index size() const { return static_cast<Index>(tokens_.size() - 1); }
+    int type(Index i) const { return tokens_[i].type; }
+    const ParseToken& token(Index i) const { return tokens_[i]; }
+    bool isRegion(Index i) const { return tokens_[i].isRegion; }
+
+    /// The bracket that belongs to the bracket at `i`, or kNone. A "<" has a partner where it opens a
+    /// template argument list, and so has the ">" or ">>" that closes it (the outer one for ">>").
+    Index mate(Index i) const { return mates_[i]; }
+    /// The first token at or behind `i` that is no comment and no directive.
+    Index significant(Index i) const { return significant_[i]; }
+    /// The last such token in front of `i`, or kNone.
+    Index significantBefore(Index i) const;
+
+    std::string_view source() const { return source_.text(); }
+    std::string_view text(Index i) const {
+        return source_.text().substr(tokens_[i].begin, tokens_[i].end - tokens_[i].begin);
+    }
+    std::string spelling(Index i) const;
+    Trn::Position start(Index i) const;
+    Trn::Position end(Index i) const;
+
+private:
+    void matchBrackets();
+    void findSignificant();
+
+    const Zelmar::SourceText& source_;
+    std::vector<ParseToken> tokens_;
+    std::vector<Index> mates_;
+    std::vector<Index> significant_;
+};
+
+/// Scans `source` into tokens for the parser: the stretches under "#if 0" become one directive each,
+/// and C++ keywords where only a name can stand become names. `unclosedRegion` is set to the index
+/// of an "#if 0" that no "#endif" closes; everything behind it is left out.
+std::vector<ParseToken> scanForParser(const Zelmar::SourceText& source, TokenTable::Index& unclosedRegion);
+
+/// The kinds of conditional directives, told by their first word.
+enum class Conditional { None, If, Else, EndIf };
+Conditional conditionalOf(std::string_view directive);
+/// True for "#if 0", however it is spaced; "#if 00" is one, too.
+bool opensDisabledRegion(std::string_view directive);
+
+} // namespace Cpp
+
+#endif

@@ -1,0 +1,255 @@
+#include "cpp/Cpp_TreeBuilder.h"
+
+#include "cpp/Cpp_Parser.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace Cpp {
+
+using Index = TreeBuilder::Index;
+
+void TreeBuilder::report(std::int32_t code, Index at) {
+    messages_.push_back({Trn::kSeverityError, t_.start(at), code, Parser::messageText(code)});
+}
+
+void TreeBuilder::report(std::string text, Index at) {
+    messages_.push_back({Trn::kSeverityError, t_.start(at), 0, std::move(text)});
+}
+
+/// The last token in front of `before`; the end itself in a text without tokens.
+Index TreeBuilder::lastTaken(Index before) const {
+    const Index last = t_.significantBefore(before);
+    return last == kNone ? t_.size() : last;
+}
+
+bool TreeBuilder::tooDeep(Index at) {
+    if (depth_ < kMaxDepth) return false;
+    report(7, at);
+    at_ = t_.size();
+    return true;
+}
+
+bool TreeBuilder::isAsm(Index i) const {
+    static constexpr std::array<std::string_view, 8> words = {"asm",   "_asm",  "__asm",   "asm_",
+                                                              "asm__", "_asm_", "__asm__", "___asm"};
+    if (type(i) != tkAsm && type(i) != tkIdentifier) return false;
+    return std::find(words.begin(), words.end(), t_.text(i)) != words.end();
+}
+
+/// True for a word whose bracketed argument is no parameter list.
+bool TreeBuilder::takesPair(Index i) const {
+    static constexpr std::array<std::string_view, 6> bracketed = {"__based",    "_based",  "__assume",
+                                                                  "__declspec", "alignas", "_Alignas"};
+    static constexpr std::array<std::string_view, 6> extensions = {"__attribute__", "__attribute", "decltype",
+                                                                   "__typeof__",    "__typeof",    "typeof"};
+    if (type(i) == tkExplicit) return true;
+    if (type(i) != tkIdentifier) return false;
+    const std::string_view text = t_.text(i);
+    return std::find(bracketed.begin(), bracketed.end(), text) != bracketed.end() ||
+           std::find(extensions.begin(), extensions.end(), text) != extensions.end();
+}
+
+/// Upper case throughout, or with the prefix of names that the compiler's own headers use.
+bool TreeBuilder::looksLikeMacro(std::string_view name) {
+    if (name.substr(0, 2) == "__") return true;
+    return std::none_of(name.begin(), name.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+}
+
+/// "[[...]]".
+bool TreeBuilder::isAttribute(Index i) const {
+    return type(i) == tkOpenBracket && type(i + 1) == tkOpenBracket && t_.mate(i) != kNone;
+}
+
+/// From a word that takes a pair to the last token that belongs to it.
+Index TreeBuilder::skipPair(Index i) const {
+    const Index paren = nextSig(i);
+    return type(paren) == tkOpenParen && t_.mate(paren) != kNone ? t_.mate(paren) : i;
+}
+
+/// The first ";" from `from` on that is in no bracket, or kNone.
+Index TreeBuilder::findSemicolon(Index from) const {
+    for (Index j = sig(from); j < t_.size(); j = nextSig(j)) {
+        if (type(j) == tkSemicolon) return j;
+        if (type(j) == tkCloseBrace) return kNone;
+        const bool opens = type(j) == tkOpenParen || type(j) == tkOpenBrace || type(j) == tkOpenBracket;
+        if (opens && t_.mate(j) != kNone) j = t_.mate(j);
+    }
+    return kNone;
+}
+
+/// The spellings from `first` up to but not including `last`, with single blanks between them;
+/// comments and directives are left out.
+std::string TreeBuilder::joined(Index first, Index last) const {
+    std::string text;
+    for (Index i = sig(first); i < last; i = nextSig(i)) {
+        if (!text.empty()) text += ' ';
+        if (type(i) == tkIdentifier) text += t_.spelling(i);
+        else text += t_.text(i);
+    }
+    return text;
+}
+
+void TreeBuilder::parseRoot(RootNode& root) { parseBody(root, Body::Root); }
+
+/// Reads what stands in a body, up to its "}" or the end of the text. Returns whether it is closed;
+/// the "}" is left unread. Each turn takes something: what no rule takes is dropped.
+bool TreeBuilder::parseBody(InteriorNode& body, Body kind) {
+    for (;;) {
+        addNotes(body);
+        const Index before = at_;
+        if (type(at_) == tkEnd) {
+            if (kind != Body::Root) reportEnd(at_);
+            return kind == Body::Root;
+        }
+        if (type(at_) == tkCloseBrace && kind != Body::Root) return true;
+        if (!parseBodyItem(body, kind) && at_ == before) return false;
+        if (at_ == before) ++at_;
+    }
+}
+
+void TreeBuilder::addNote(InteriorNode& body) {
+    const Trn::Position start = t_.start(at_);
+    const Trn::Position end = t_.end(at_);
+    std::string text = t_.isRegion(at_) ? std::string() : std::string(t_.text(at_));
+    if (type(at_) == tkDirective)
+        body.append(std::make_unique<PreprocDirectiveNode>(std::move(text), start, end));
+    else
+        body.append(std::make_unique<CommentNode>(std::move(text), start, end));
+    ++at_;
+}
+
+void TreeBuilder::addNotes(InteriorNode& body) {
+    while (isCommentOrDirective(type(at_))) addNote(body);
+}
+
+void TreeBuilder::skipThroughSemicolon(InteriorNode* notes) {
+    const Index first = at_;
+    Index end = findSemicolon(at_);
+    if (end == kNone) {
+        reportEnd(t_.size());
+        end = first;
+    }
+    for (; at_ < end; ++at_) {
+        if (!notes || !isCommentOrDirective(type(at_))) continue;
+        addNote(*notes);
+        --at_;
+    }
+    ++at_;
+}
+
+/// One construct of a body. Returns false only if the body cannot go on.
+bool TreeBuilder::parseBodyItem(InteriorNode& body, Body kind) {
+    switch (type(at_)) {
+    case tkInvalid: case tkSemicolon: case tkCloseBrace:
+        ++at_;
+        return true;
+    case tkOpenBrace:
+        addUnlessNull(body, parseBlock());
+        return true;
+    case tkNamespace:
+        if (kind == Body::Class) report("Namespace declaration illegal inside class declaration.", at_), ++at_;
+        else addUnlessNull(body, parseNamespace());
+        return true;
+    case tkInline:
+        if (nextType(at_) != tkNamespace) return parseMember(body, kind), true;
+        at_ = nextSig(at_);
+        addUnlessNull(body, parseNamespace());
+        return true;
+    case tkUsing:
+        skipThroughSemicolon(kind == Body::Root ? nullptr : &body);
+        return true;
+    case tkTemplate:
+        if (kind == Body::CLinkage) report("templates cannot be declared to have 'C' linkage.", at_), ++at_;
+        else addUnlessNull(body, parseTemplate());
+        return true;
+    case tkAsm:
+        addUnlessNull(body, parseAsm());
+        return true;
+    case tkThrow: case tkContinue: case tkBreak: case tkGoto: case tkReturn:
+        addUnlessNull(body, parseExpressionStatement());
+        return true;
+    case tkExtern:
+        addUnlessNull(body, parseExtern());
+        return true;
+    case tkIf: case tkElse: case tkFor: case tkDo: case tkWhile: case tkTry: case tkCatch: case tkSwitch:
+        parseControl(body, kind);
+        return true;
+    case tkPublic: case tkPrivate: case tkProtected:
+        return parseAccess(body, kind);
+    case tkIdentifier:
+        parseWord(body, kind);
+        return true;
+    default:
+        parseMember(body, kind);
+        return true;
+    }
+}
+
+bool TreeBuilder::parseAccess(InteriorNode& body, Body kind) {
+    if (kind == Body::Class) {
+        addUnlessNull(body, parseAccessLabel());
+        return true;
+    }
+    if (kind == Body::CLinkage || kind == Body::CppLinkage)
+        report("public: protected: private: labels are illegal inside linkage blocks.", at_);
+    else
+        report(7, at_);
+    ++at_;
+    return true;
+}
+
+void TreeBuilder::parseControl(InteriorNode& body, Body kind) {
+    const bool linkage = kind == Body::CLinkage || kind == Body::CppLinkage;
+    const bool functionTry = type(at_) == tkTry || type(at_) == tkCatch;
+    if (linkage && !functionTry) {
+        report("control statements (e.g. if, else, while) are illegal inside linkage blocks.", at_);
+        ++at_;
+        return;
+    }
+    addUnlessNull(body, parseCtrlStmt());
+}
+
+/// A name at the start of a construct: assembler, an access label of some framework, a macro that
+/// is used as the head of a block, or the first word of a declaration.
+void TreeBuilder::parseWord(InteriorNode& body, Body kind) {
+    if (isAsm(at_)) {
+        const Index before = at_;
+        addUnlessNull(body, parseAsm());
+        if (at_ == before) ++at_;
+        return;
+    }
+    const int next = nextType(at_);
+    if (kind == Body::Class && next == tkColon) {
+        addUnlessNull(body, parseAccessLabel());
+    } else if (next == tkOpenBrace) {
+        body.append(std::make_unique<ExprNode>(t_.spelling(at_), t_.start(at_), t_.end(at_)));
+        ++at_;
+        addNotes(body);
+        addUnlessNull(body, parseBlock());
+    } else {
+        parseMember(body, kind);
+    }
+}
+
+void TreeBuilder::parseMember(InteriorNode& body, Body kind) {
+    const Index first = at_;
+    NodePtr node = parseDeclaration(kind == Body::Class);
+    if (!node) {
+        report(7, first);
+        return;
+    }
+    addUnlessNull(body, std::move(node));
+}
+
+/// Lets a class or an enum reach up to the ";" that follows it, if one does.
+void TreeBuilder::endAtSemicolon(SyntaxNode& node) {
+    const Index semicolon = sig(at_);
+    if (type(semicolon) != tkSemicolon) return;
+    // A comment in between stays within the extent, where nobody looks for it.
+    node.setEnd(t_.end(semicolon));
+    at_ = semicolon + 1;
+}
+
+} // namespace Cpp

@@ -1,0 +1,180 @@
+#ifndef KERFLINE_CPP_TREEBUILDER_H
+#define KERFLINE_CPP_TREEBUILDER_H
+
+#include "cpp/Cpp_Nodes.h"
+#include "cpp/Cpp_TokenTable.h"
+#include "trn/Trn_Message.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace Cpp {
+
+/// One parse of one table of tokens. Each parse function reads from the read point `at_` on and
+/// leaves it behind what it took; on failure it returns null after reporting.
+///
+/// Nothing is copied: a construct is a range of token indexes, and questions about brackets are
+/// answered by the table. Nesting is limited, so that no input can exhaust the stack.
+class TreeBuilder {
+public:
+    using Index = TokenTable::Index;
+
+    TreeBuilder(const TokenTable& table, Trn::MessageList& messages) : t_(table), messages_(messages) {}
+
+    void parseRoot(RootNode& root);
+
+private:
+    static constexpr Index kNone = TokenTable::kNone;
+    // Deep enough for generated code; a level of the passes needs up to some kB of stack.
+    static constexpr int kMaxDepth = 1000;
+
+    template <class T> using Ptr = std::unique_ptr<T>;
+    using NodePtr = Ptr<SyntaxNode>;
+
+    /// What a body may hold.
+    enum class Body { Root, Class, Namespace, CLinkage, CppLinkage };
+
+    /// How a declaration goes on, and where its kind was decided.
+    enum class DeclKind { Failed, Function, Data, Class, Enum, BraceInit };
+    struct DeclHead {
+        DeclKind kind = DeclKind::Failed;
+        Index at = 0;        // the "(" of a function, the "{" of a class, the token that ends the scan
+        bool pointer = false; // a declarator in parentheses
+        Index op = kNone;    // the keyword "operator"
+    };
+    /// Where a run of data tokens ends.
+    struct DataRun {
+        Index end = 0; // one past the last token of the declarator
+        bool hasTerminator = false; // `end` is a ";" or a "," that belongs to it
+    };
+    /// What follows the parameters of a function.
+    struct FunctionTail {
+        Index headEnd = 0; // one past what the head node covers
+        Index next = 0;    // where parsing goes on
+        Index initColon = kNone;
+        bool moreDeclarators = false;
+        bool failed = false;
+    };
+
+    class Depth;
+
+    // Reporting.
+    void report(std::int32_t code, Index at);
+    void report(std::string text, Index at);
+    void reportEnd(Index before) { report(1, lastTaken(before)); }
+    Index lastTaken(Index before) const;
+    bool tooDeep(Index at);
+
+    // Small questions.
+    int type(Index i) const { return t_.type(i); }
+    Index sig(Index i) const { return t_.significant(i); }
+    Index nextSig(Index i) const { return i < t_.size() ? t_.significant(i + 1) : t_.size(); }
+    int nextType(Index i) const { return type(nextSig(i)); }
+    bool isWord(Index i, std::string_view word) const { return t_.text(i) == word; }
+    bool isAsm(Index i) const;
+    bool takesPair(Index i) const;
+    bool isAttribute(Index i) const;
+    Index skipPair(Index i) const;
+    Index behindMate(Index i) const { return t_.mate(i) == kNone ? kNone : sig(t_.mate(i) + 1); }
+    Index findSemicolon(Index from) const;
+    bool isMacroRun(Index first, Index last) const;
+    bool endsInColons(Index i) const;
+    static bool looksLikeMacro(std::string_view name);
+    std::string joined(Index first, Index last) const;
+
+    // Bodies and what all of them share.
+    bool parseBody(InteriorNode& body, Body kind);
+    bool parseBodyItem(InteriorNode& body, Body kind);
+    void addNote(InteriorNode& body);
+    void addNotes(InteriorNode& body);
+    void skipThroughSemicolon(InteriorNode* notes);
+    void parseMember(InteriorNode& body, Body kind);
+    void parseWord(InteriorNode& body, Body kind);
+    bool parseAccess(InteriorNode& body, Body kind);
+    void parseControl(InteriorNode& body, Body kind);
+    void addUnlessNull(InteriorNode& body, NodePtr node) { if (node) body.append(std::move(node)); }
+
+    // Declarations.
+    NodePtr parseDeclaration(bool allowBitfield);
+    DeclHead scanHead(Index first) const;
+    bool scanHeadParen(Index& j, Index prev, bool classKey, int names, DeclHead& head) const;
+    NodePtr parseDataFrom(Index first, Index scanned, bool allowBitfield);
+    NodePtr parseData(Index first, Index last, const DataRun& run, bool allowBitfield);
+    DataRun collectData(Index first, Index from) const;
+    Index firstComma(Index first, Index last) const;
+    Index findHeadEnd(Index first, Index last, bool allowBitfield) const;
+    Index findName(Index first, Index last) const;
+    bool splitBitfield(Index first, Index last, DataDeclNode& node) const;
+    void splitDeclarator(Index first, Index last, DataDeclNode& node) const;
+    bool checkBitfield(Index colon, Index last);
+    NodePtr parseBraceInit(Index first, const DeclHead& head, bool allowBitfield);
+    void endAtSemicolon(SyntaxNode& node);
+
+    // Classes, enums, namespaces, templates, linkage.
+    NodePtr parseClassDecl(Index first, Index brace);
+    Ptr<ClassHeadNode> parseClassHead(Index first, Index brace);
+    Ptr<BaseClauseListNode> parseBaseClauses(Index first, Index last);
+    NodePtr parseAccessLabel();
+    NodePtr parseEnumDecl(Index first, Index brace);
+    Ptr<EnumBodyNode> parseEnumBody(Index brace);
+    NodePtr parseNamespace();
+    NodePtr parseTemplate();
+    NodePtr parseExtern();
+    NodePtr parseLinkageBlock(Index string);
+
+    // Functions.
+    NodePtr parseFunction(Index first, const DeclHead& head);
+    FunctionTail scanTail(Index afterParams);
+    bool skipTailPiece(Index& k, bool& noted);
+    Index skipMacroRun(Index k) const;
+    Index findInitBody(Index colon) const;
+    Ptr<FunctionHeadNode> parseFunctionHead(Index first, Index paren, Index op, Index end);
+    Index findFunctionName(Index first, Index paren) const;
+    Index operatorNameStart(Index first, Index op) const;
+    void parseHeadTail(FunctionHeadNode& head, Index from, Index end);
+    Ptr<ParameterListNode> parseParameterList(Index open, Index close);
+    Ptr<InitializerListNode> parseMemberInits(Index colon, Index brace);
+    Ptr<InitializerNode> parseMemberInit(Index& at, Index brace);
+    Ptr<ArgListNode> parseArgs(Index open, Index close) const;
+    NodePtr parseFunctionPtr(Index first, Index paren, Index end);
+    NodePtr parsePointer(Index first, const DeclHead& head);
+    NodePtr finishFunction(Ptr<FunctionHeadNode> head, const FunctionTail& tail);
+
+    // Statements.
+    Ptr<BlockNode> parseBlock();
+    void parseCompound(BlockNode& block);
+    bool parseStatement(BlockNode& block);
+    void parseStatementWord(BlockNode& block);
+    NodePtr parseDataStatement();
+    NodePtr parseCtrlStmt();
+    bool continues(int keyword, bool directiveBetween, Index next) const;
+    Ptr<CtrlSubStmtNode> parseCtrlSub();
+    Ptr<CtrlSubStmtHeadNode> parseCtrlSubHead();
+    Ptr<ExprNode> parseCondition();
+    NodePtr parseCase();
+    NodePtr parseLabel();
+    NodePtr parseAsm();
+    NodePtr parseExpressionStatement();
+
+    const TokenTable& t_;
+    Trn::MessageList& messages_;
+    Index at_ = 0;
+    int depth_ = 0;
+};
+
+/// Counts a level of nesting for the length of a scope.
+class TreeBuilder::Depth {
+public:
+    explicit Depth(TreeBuilder& builder) : builder_(builder) { ++builder_.depth_; }
+    ~Depth() { --builder_.depth_; }
+    Depth(const Depth&) = delete;
+    Depth& operator=(const Depth&) = delete;
+
+private:
+    TreeBuilder& builder_;
+};
+
+} // namespace Cpp
+
+#endif

@@ -1,0 +1,219 @@
+#include "cpp/Cpp_TreeBuilder.h"
+
+#include <utility>
+
+namespace Cpp {
+
+using Index = TreeBuilder::Index;
+
+TreeBuilder::NodePtr TreeBuilder::parseClassDecl(Index first, Index brace) {
+    if (tooDeep(brace)) return nullptr;
+    const Depth depth(*this);
+    Ptr<ClassHeadNode> head = parseClassHead(sig(first), brace);
+    auto body = std::make_unique<ClassBodyNode>();
+    body->setStart(t_.start(brace));
+    at_ = brace + 1;
+    if (!parseBody(*body, Body::Class)) return nullptr;
+    body->setEnd(t_.end(at_));
+    ++at_;
+    auto node = std::make_unique<ClassDeclNode>(head.release(), body.release());
+    endAtSemicolon(*node);
+    return node;
+}
+
+TreeBuilder::Ptr<ClassHeadNode> TreeBuilder::parseClassHead(Index first, Index brace) {
+    int key = 0;
+    std::string name;
+    Index last = first;
+    Index colon = kNone;
+    for (Index j = first; j < brace; j = nextSig(j)) {
+        if (type(j) == tkColon) {
+            colon = j;
+            break;
+        }
+        const bool isKey = type(j) == tkClass || type(j) == tkStruct || type(j) == tkUnion;
+        const Index end = type(j) == tkLess && t_.mate(j) != kNone ? t_.mate(j)
+                          : isAttribute(j)                         ? t_.mate(j)
+                                                                   : j;
+        if (isKey && key == 0) key = type(j);
+        else (name += name.empty() ? "" : " ") += joined(j, end + 1);
+        last = j = end;
+    }
+    auto nameNode = std::make_unique<ClassNameNode>(key, std::move(name), t_.start(first), t_.end(last));
+    Ptr<BaseClauseListNode> bases;
+    if (colon != kNone) bases = parseBaseClauses(nextSig(colon), brace);
+    return std::make_unique<ClassHeadNode>(nameNode.release(), bases.release());
+}
+
+TreeBuilder::Ptr<BaseClauseListNode> TreeBuilder::parseBaseClauses(Index first, Index last) {
+    auto list = std::make_unique<BaseClauseListNode>();
+    for (Index j = first; j < last;) {
+        Index comma = firstComma(j, last);
+        if (comma == kNone) comma = last;
+        int access = 0;
+        bool isVirtual = false;
+        std::string name;
+        for (Index k = j; k < comma; k = nextSig(k)) {
+            if (isAccessKeyword(type(k))) {
+                if (access != 0) report("Not expecting to find keyword \"" + t_.spelling(k) + "\"", k);
+                else access = type(k);
+            } else if (type(k) == tkVirtual) {
+                if (isVirtual) report("Not expecting to find keyword \"virtual\"", k);
+                isVirtual = true;
+            } else {
+                (name += name.empty() ? "" : " ") += t_.spelling(k);
+            }
+        }
+        if (j < comma)
+            list->append(std::make_unique<BaseClauseNode>(access, isVirtual, std::move(name), t_.start(j),
+                                                          t_.end(t_.significantBefore(comma))));
+        j = comma < last ? nextSig(comma) : last;
+    }
+    return list->empty() ? nullptr : std::move(list);
+}
+
+/// "public:", "public slots:", "slots:".
+TreeBuilder::NodePtr TreeBuilder::parseAccessLabel() {
+    const Index first = at_;
+    const int access = isAccessKeyword(type(first)) ? type(first) : 0;
+    Index j = nextSig(first);
+    if (access != 0) {
+        while (type(j) == tkIdentifier) j = nextSig(j);
+    }
+    if (type(j) == tkColon) {
+        at_ = j + 1;
+        return std::make_unique<AccessSpecNode>(access, t_.start(first), t_.end(j));
+    }
+    report("Expected ':' Found: " + t_.spelling(j), j);
+    at_ = first + 1;
+    return std::make_unique<AccessSpecNode>(access, t_.start(first), t_.end(first));
+}
+
+TreeBuilder::NodePtr TreeBuilder::parseEnumDecl(Index first, Index brace) {
+    first = sig(first);
+    std::string name;
+    bool found = false;
+    for (Index j = first; j < brace; j = nextSig(j)) {
+        if (type(j) == tkEnum && !found) found = true;
+        else if (found) (name += name.empty() ? "" : " ") += t_.spelling(j);
+    }
+    auto head = std::make_unique<EnumHeadNode>(std::move(name), t_.start(first), t_.end(t_.significantBefore(brace)));
+    Ptr<EnumBodyNode> body = parseEnumBody(brace);
+    if (!body) return nullptr;
+    auto node = std::make_unique<EnumDeclNode>(head.release(), body.release());
+    endAtSemicolon(*node);
+    return node;
+}
+
+/// One expression node for each enumerator, up to and with its comma.
+TreeBuilder::Ptr<EnumBodyNode> TreeBuilder::parseEnumBody(Index brace) {
+    const Index close = t_.mate(brace);
+    if (close == kNone) {
+        report("Expected \"}\" first to close enum declaration.", brace);
+        reportEnd(t_.size());
+        at_ = t_.size();
+        return nullptr;
+    }
+    auto body = std::make_unique<EnumBodyNode>(t_.start(brace), t_.end(close));
+    Index first = kNone;
+    const auto flush = [&](Index end) {
+        if (first != kNone) {
+            const Index last = t_.significantBefore(end);
+            body->append(std::make_unique<ExprNode>(joined(first, end), t_.start(first), t_.end(last)));
+        }
+        first = kNone;
+    };
+    for (at_ = brace + 1; at_ < close;) {
+        if (isCommentOrDirective(type(at_))) {
+            flush(at_);
+            addNote(*body);
+            continue;
+        }
+        if (first == kNone && type(at_) != tkComma) first = at_;
+        const bool opens = type(at_) == tkOpenParen || type(at_) == tkOpenBrace || type(at_) == tkOpenBracket;
+        if (type(at_) == tkComma) {
+            if (first == kNone) first = at_;
+            flush(at_ + 1);
+        }
+        at_ = opens && t_.mate(at_) != kNone ? t_.mate(at_) + 1 : at_ + 1;
+    }
+    flush(close);
+    at_ = close + 1;
+    return body;
+}
+
+TreeBuilder::NodePtr TreeBuilder::parseNamespace() {
+    const Index keyword = at_;
+    const Index name = nextSig(keyword);
+    if (type(name) == tkIdentifier && nextType(name) == tkAssign) {
+        skipThroughSemicolon(nullptr);
+        return nullptr;
+    }
+    if (tooDeep(keyword)) return nullptr;
+    const Depth depth(*this);
+    const bool named = type(name) == tkIdentifier && !takesPair(name);
+    const Index last = named ? name : keyword;
+    auto head = std::make_unique<NamespaceHeadNode>(named ? t_.spelling(name) : std::string(), t_.start(keyword), t_.end(last));
+    // Between the name and the brace macros and attributes may stand.
+    Index j = nextSig(last);
+    while (type(j) == tkIdentifier || isAttribute(j) || type(j) == tkOpenParen) {
+        j = type(j) == tkIdentifier ? nextSig(j) : t_.mate(j) != kNone ? nextSig(t_.mate(j)) : t_.size();
+    }
+    if (type(j) != tkOpenBrace) {
+        report("Expected:: \"{\".", j);
+        at_ = keyword + 1;
+        return nullptr;
+    }
+    auto body = std::make_unique<NamespaceBodyNode>();
+    body->setStart(t_.start(j));
+    at_ = j + 1;
+    if (!parseBody(*body, Body::Namespace)) return nullptr;
+    body->setEnd(t_.end(at_));
+    ++at_;
+    return std::make_unique<NamespaceDeclNode>(head.release(), body.release());
+}
+
+/// A template head; or a statement, where no "<" follows: an explicit instantiation.
+TreeBuilder::NodePtr TreeBuilder::parseTemplate() {
+    const Index keyword = at_;
+    const Index open = nextSig(keyword);
+    if (type(open) != tkLess) return parseExpressionStatement();
+    const Index close = t_.mate(open);
+    if (close == kNone || type(close) == tkShiftRight) {
+        reportEnd(t_.size());
+        at_ = open + 1;
+        return nullptr;
+    }
+    auto word = std::make_unique<KeywordNode>(tkTemplate, t_.start(keyword), t_.end(keyword));
+    Ptr<ParameterListNode> params = parseParameterList(open, close);
+    at_ = close + 1;
+    return std::make_unique<TemplateNode>(word.release(), params.release());
+}
+
+TreeBuilder::NodePtr TreeBuilder::parseExtern() {
+    const Index keyword = at_;
+    const Index string = nextSig(keyword);
+    if (type(string) == tkStringLiteral && nextType(string) == tkOpenBrace) return parseLinkageBlock(string);
+    NodePtr node = parseDeclaration(false);
+    if (!node) report(7, keyword);
+    return node;
+}
+
+TreeBuilder::NodePtr TreeBuilder::parseLinkageBlock(Index string) {
+    const Index keyword = at_;
+    if (tooDeep(keyword)) return nullptr;
+    const Depth depth(*this);
+    auto linkage = std::make_unique<ExprNode>(joined(keyword, string + 1), t_.start(keyword), t_.end(string));
+    const Index brace = nextSig(string);
+    auto body = std::make_unique<LinkageBlockBodyNode>();
+    body->setStart(t_.start(brace));
+    at_ = brace + 1;
+    // Only 'C' linkage forbids templates.
+    const Body kind = isWord(string, "\"C\"") ? Body::CLinkage : Body::CppLinkage;
+    if (!parseBody(*body, kind)) return nullptr;
+    body->setEnd(t_.end(at_));
+    ++at_;
+    return std::make_unique<LinkageBlockNode>(linkage.release(), body.release());
+}
+
+} // namespace Cpp

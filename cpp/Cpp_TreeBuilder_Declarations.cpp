@@ -1,0 +1,364 @@
+#include "cpp/Cpp_TreeBuilder.h"
+
+#include <utility>
+
+namespace Cpp {
+
+using Index = TreeBuilder::Index;
+
+namespace {
+
+bool isBuiltinType(int type) { return type >= tkChar && type < tkFloat; }
+
+bool isDeclSpecifier(int type) {
+    return type == tkConst || type == tkMutable || type == tkVolatile || type == tkSigned || type == tkUnsigned ||
+           type == tkRegister || type == tkExtern;
+}
+
+bool isClassKey(int type) { return type == tkClass || type == tkStruct || type == tkUnion; }
+
+} // namespace
+
+/// Reads one declaration, of which kind whatever. Null after reporting, or if nothing could be made
+/// of it; the read point may have moved then.
+TreeBuilder::NodePtr TreeBuilder::parseDeclaration(bool allowBitfield) {
+    const Index first = at_;
+    const DeclHead head = scanHead(first);
+    switch (head.kind) {
+    case DeclKind::Failed:
+        reportEnd(head.at);
+        at_ = head.at;
+        return nullptr;
+    case DeclKind::Function:
+        return head.pointer ? parsePointer(first, head) : parseFunction(first, head);
+    case DeclKind::Class:
+        return parseClassDecl(first, head.at);
+    case DeclKind::Enum:
+        return parseEnumDecl(first, head.at);
+    case DeclKind::BraceInit:
+        return parseBraceInit(first, head, allowBitfield);
+    case DeclKind::Data:
+        break;
+    }
+    return parseDataFrom(first, head.at, allowBitfield);
+}
+
+/// Walks over the first tokens of a declaration until one tells what it is. Template arguments and
+/// attributes are stepped over.
+TreeBuilder::DeclHead TreeBuilder::scanHead(Index first) const {
+    DeclHead head;
+    Index prev = kNone;
+    bool colon = false, enumKey = false, classKey = false;
+    int names = 0; // behind the class key
+    for (Index j = sig(first);; prev = j, j = nextSig(j)) {
+        head.at = j;
+        const int prevType = prev == kNone ? int(tkEnd) : type(prev);
+        switch (type(j)) {
+        case tkEnd: case tkInvalid:
+            // The last line of a file may be a macro that needs no ";".
+            if (isMacroRun(first, j)) head.kind = DeclKind::Data;
+            return head;
+        case tkSemicolon: case tkCloseBrace: case tkNamespace: case tkUsing:
+            head.kind = DeclKind::Data;
+            return head;
+        case tkTemplate:
+            if (prev == kNone || endsInColons(prev)) break;
+            head.kind = DeclKind::Data;
+            return head;
+        case tkColon:
+            colon = true;
+            break;
+        case tkOpenParen:
+            if (scanHeadParen(j, prev, classKey, names, head)) return head;
+            break;
+        case tkOpenBrace:
+            head.kind = enumKey ? DeclKind::Enum : classKey ? DeclKind::Class : DeclKind::BraceInit;
+            return head;
+        case tkAssign:
+            if (head.op != kNone && (prevType == tkOperator || nextType(j) == tkOpenParen)) break;
+            head.kind = DeclKind::Data;
+            return head;
+        case tkOpenBracket:
+            if (isAttribute(j)) {
+                j = t_.mate(j);
+                break;
+            }
+            if (prevType == tkOperator && nextType(j) == tkCloseBracket) {
+                j = nextSig(j);
+                break;
+            }
+            if (head.op != kNone && (prevType == tkNew || prevType == tkDelete)) break;
+            head.kind = DeclKind::Data;
+            return head;
+        case tkLess:
+            if (prevType != tkOperator && t_.mate(j) != kNone) j = t_.mate(j);
+            break;
+        case tkPublic: case tkPrivate: case tkProtected:
+            if (colon) break;
+            head.kind = DeclKind::Data;
+            return head;
+        case tkEnum:
+            enumKey = true;
+            break;
+        case tkOperator:
+            head.op = j;
+            break;
+        case tkClass: case tkStruct: case tkUnion:
+            classKey = true;
+            names = 0;
+            break;
+        case tkIdentifier: case tkExplicit:
+            ++names;
+            if (takesPair(j)) --names, j = skipPair(j);
+            break;
+        default:
+            break;
+        }
+    }
+}
+
+/// True for names alone that look like macros.
+bool TreeBuilder::isMacroRun(Index first, Index last) const {
+    Index j = sig(first);
+    while (j < last && type(j) == tkIdentifier && looksLikeMacro(t_.text(j))) j = nextSig(j);
+    return j == last && sig(first) < last;
+}
+
+/// "A::", which goes on with what follows it.
+bool TreeBuilder::endsInColons(Index i) const {
+    const std::string name = t_.spelling(i);
+    return name.size() > 2 && name.compare(name.size() - 2, 2, "::") == 0;
+}
+
+/// Decides on a "(". Returns true if that ends the scan, otherwise `j` may have moved behind a pair.
+bool TreeBuilder::scanHeadParen(Index& j, Index prev, bool classKey, int names, DeclHead& head) const {
+    const Index close = t_.mate(j);
+    if (head.op != kNone && prev == head.op && close != kNone && nextSig(j) == close) {
+        j = close; // the name "operator()"
+        return false;
+    }
+    // A macro with an argument between the class key and the name.
+    if (classKey && names == 1 && close != kNone && prev != kNone && type(prev) == tkIdentifier &&
+        nextType(close) == tkIdentifier && head.op == kNone) {
+        const int behind = nextType(nextSig(close));
+        if (behind == tkColon || behind == tkOpenBrace || behind == tkSemicolon || behind == tkLess) {
+            j = close;
+            return false;
+        }
+    }
+    head.at = j;
+    if (close == kNone) return true;
+    head.kind = DeclKind::Function;
+    const Index inner = nextSig(j);
+    const bool starBefore = prev != kNone && type(prev) == tkAsterisk;
+    const bool namedStar = type(inner) == tkIdentifier && nextType(inner) == tkAsterisk;
+    if (head.op != kNone) return true;
+    head.pointer = type(inner) == tkAsterisk || (starBefore && namedStar && type(t_.mate(j)) == tkCloseParen &&
+                                                 nextType(close) == tkOpenParen);
+    if (head.pointer || prev == kNone) return true;
+    // A second pair behind the first: "int (*f)(int)" in its other spellings.
+    Index behind = nextSig(close);
+    head.pointer = type(behind) == tkOpenParen;
+    return true;
+}
+
+/// The first "," from `first` on that is in no bracket and stands in front of `last`, or kNone.
+Index TreeBuilder::firstComma(Index first, Index last) const {
+    for (Index j = sig(first); j < last; j = nextSig(j)) {
+        if (type(j) == tkComma) return j;
+        if (type(j) == tkOpenParen || type(j) == tkOpenBracket || type(j) == tkOpenBrace || type(j) == tkLess) {
+            if (t_.mate(j) != kNone) j = t_.mate(j);
+        }
+    }
+    return kNone;
+}
+
+/// Finds the end of the declarator that starts at `first`; what lies in front of `from` is known to
+/// hold no end. A "," ends it unless an initialiser has begun.
+TreeBuilder::DataRun TreeBuilder::collectData(Index first, Index from) const {
+    bool initialiser = false;
+    Index prev = t_.significantBefore(from);
+    if (prev != kNone && prev < first) prev = kNone;
+    for (Index j = sig(from);; prev = j, j = nextSig(j)) {
+        switch (type(j)) {
+        case tkEnd: case tkInvalid: case tkCloseBrace: case tkPublic: case tkPrivate: case tkProtected:
+        case tkNamespace: case tkUsing:
+            return {j, false};
+        case tkTemplate:
+            if (initialiser || prev == kNone || endsInColons(prev)) break;
+            return {j, false};
+        case tkSemicolon:
+            return {j, true};
+        case tkComma:
+            if (!initialiser) return {j, true};
+            break;
+        case tkAssign:
+            initialiser = true;
+            break;
+        case tkOpenBrace:
+            if (!initialiser && prev != kNone && type(prev) == tkCloseParen) return {j, false};
+            if (t_.mate(j) == kNone) return {t_.size(), false};
+            j = t_.mate(j);
+            break;
+        case tkOpenParen: case tkOpenBracket: case tkLess:
+            if (t_.mate(j) != kNone) j = t_.mate(j);
+            break;
+        default:
+            break;
+        }
+    }
+}
+
+/// A data declaration whose first tokens have been looked at up to `scanned`.
+TreeBuilder::NodePtr TreeBuilder::parseDataFrom(Index first, Index scanned, bool allowBitfield) {
+    DataRun run;
+    if (type(scanned) == tkAssign) {
+        const Index comma = firstComma(first, scanned);
+        run = comma == kNone ? collectData(first, scanned) : DataRun{comma, true};
+    } else {
+        run = collectData(first, scanned);
+    }
+    return parseData(first, run.end, run, allowBitfield);
+}
+
+/// Builds the node of the tokens from `first` up to `last`, with or without a terminator at `last`.
+TreeBuilder::NodePtr TreeBuilder::parseData(Index first, Index last, const DataRun& run, bool allowBitfield) {
+    at_ = last;
+    if ((type(last) == tkEnd && !isMacroRun(first, last)) || (type(last) == tkInvalid && sig(first) != last)) {
+        reportEnd(last);
+        return nullptr;
+    }
+    const Index headEnd = findHeadEnd(first, last, allowBitfield);
+    if (sig(first) >= headEnd) {
+        if (run.hasTerminator) at_ = last + 1;
+        return nullptr;
+    }
+    auto node = std::make_unique<DataDeclNode>();
+    const bool bitfield = headEnd < last && type(headEnd) == tkColon;
+    if (!bitfield || !splitBitfield(first, headEnd, *node)) splitDeclarator(first, headEnd, *node);
+    if (type(headEnd) == tkOpenParen && headEnd < last && !node->name()) return nullptr;
+    if (bitfield && !checkBitfield(headEnd, last)) return nullptr;
+    if (headEnd < last) {
+        const Index lastOfInit = t_.significantBefore(last);
+        node->setInit(new ExprNode(joined(headEnd, last), t_.start(headEnd), t_.end(lastOfInit)));
+    }
+    const Index end = run.hasTerminator ? last : t_.significantBefore(last);
+    node->setEnd(t_.end(end));
+    at_ = run.hasTerminator ? last + 1 : end + 1;
+    return node;
+}
+
+/// Where the type and the name of a declarator end: at its initialiser, its bit field, or `last`.
+Index TreeBuilder::findHeadEnd(Index first, Index last, bool allowBitfield) const {
+    Index prev = kNone;
+    for (Index j = sig(first); j < last; prev = j, j = nextSig(j)) {
+        switch (type(j)) {
+        case tkAssign:
+            return j;
+        case tkOpenBrace:
+            return j;
+        case tkOpenParen:
+            if (prev != kNone && type(prev) != tkAsterisk) return j;
+            if (prev == kNone) return j;
+            if (t_.mate(j) != kNone) j = t_.mate(j);
+            break;
+        case tkColon: {
+            const int next = nextType(j);
+            if (allowBitfield && (next == tkNumber || next == tkIdentifier)) return j;
+            break;
+        }
+        case tkOpenBracket: case tkLess:
+            if (t_.mate(j) != kNone) j = t_.mate(j);
+            break;
+        default:
+            if (takesPair(j)) j = skipPair(j);
+            break;
+        }
+    }
+    return last;
+}
+
+/// The identifier that is declared: the last one in no bracket from `last` backwards, or kNone.
+Index TreeBuilder::findName(Index first, Index last) const {
+    for (Index j = t_.significantBefore(last); j != kNone && j >= first; j = t_.significantBefore(j)) {
+        const int kind = type(j);
+        if (kind == tkIdentifier) {
+            if (!takesPair(j)) return j;
+        } else if (kind == tkCloseBracket || kind == tkGreater || kind == tkShiftRight || kind == tkCloseParen ||
+                   kind == tkCloseBrace) {
+            if (t_.mate(j) != kNone && t_.mate(j) >= first) j = t_.mate(j);
+        }
+        if (j == 0) break;
+    }
+    return kNone;
+}
+
+void TreeBuilder::splitDeclarator(Index first, Index last, DataDeclNode& node) const {
+    first = sig(first);
+    const Index comma = firstComma(first, last);
+    const Index end = comma == kNone ? last : comma;
+    Index name = findName(first, end);
+    if (name == kNone) name = first;
+    // "struct A;" declares no name: the whole of it is a type.
+    const Index second = nextSig(first);
+    const bool onlyKeyAndName = (isClassKey(type(first)) || type(first) == tkEnum) && name == second && nextSig(name) >= end;
+    if (onlyKeyAndName && comma == kNone && last == end && type(last) == tkSemicolon) {
+        node.setType(new TypeNode(joined(first, end), t_.start(first), t_.end(name)));
+        return;
+    }
+    if (name > first)
+        node.setType(new TypeNode(joined(first, name), t_.start(first), t_.end(t_.significantBefore(name))));
+    const Index lastOfName = t_.significantBefore(end);
+    if (end > name && lastOfName != kNone && lastOfName >= name)
+        node.setName(new IdNode(joined(name, end), t_.start(name), t_.end(lastOfName)));
+}
+
+/// Type and name in front of the ":" of a bit field. Returns false if that is left to the general rule.
+bool TreeBuilder::splitBitfield(Index first, Index last, DataDeclNode& node) const {
+    first = sig(first);
+    Index j = first;
+    while (j < last && (isBuiltinType(type(j)) || isDeclSpecifier(type(j)))) j = nextSig(j);
+    if (j >= last) {
+        node.setType(new TypeNode(joined(first, last), t_.start(first), t_.end(t_.significantBefore(last))));
+        return true;
+    }
+    const Index name = t_.significantBefore(last);
+    if (name == first) { // nothing but one word: an unnamed field of a named type
+        node.setType(new TypeNode(joined(first, last), t_.start(first), t_.end(name)));
+        return true;
+    }
+    if (type(name) != tkIdentifier) return false;
+    node.setType(new TypeNode(joined(first, name), t_.start(first), t_.end(t_.significantBefore(name))));
+    node.setName(new IdNode(t_.spelling(name), t_.start(name), t_.end(name)));
+    return true;
+}
+
+/// The widths of a bit field: each "," must be followed by a further name with a width of its own.
+bool TreeBuilder::checkBitfield(Index colon, Index last) {
+    for (Index j = firstComma(nextSig(colon), last); j != kNone; j = firstComma(nextSig(j), last)) {
+        const Index name = nextSig(j);
+        if (type(name) != tkIdentifier && type(name) != tkColon) {
+            report("Bad looking bitfield. Expected an Identifier. Got: '" + t_.spelling(name) + "'.", name);
+            return false;
+        }
+    }
+    return true;
+}
+
+/// A "{" with neither class nor enum in front of it: an initialiser if a name stands before it and
+/// the declaration goes on behind it, otherwise some macro that heads a block.
+TreeBuilder::NodePtr TreeBuilder::parseBraceInit(Index first, const DeclHead& head, bool allowBitfield) {
+    const Index close = t_.mate(head.at);
+    const Index behind = close == kNone ? kNone : nextSig(close);
+    const Index start = sig(first);
+    const bool twoTokens = nextSig(start) < head.at;
+    if (behind != kNone && twoTokens && (type(behind) == tkSemicolon || type(behind) == tkComma))
+        return parseData(first, behind, {behind, true}, allowBitfield);
+    if (start == head.at) return parseBlock();
+    const Index last = t_.significantBefore(head.at);
+    auto node = std::make_unique<ExprNode>(joined(start, head.at), t_.start(start), t_.end(last));
+    at_ = last + 1;
+    return node;
+}
+
+} // namespace Cpp
