@@ -31,6 +31,11 @@ bool isCloseBracket(int type) {
     return type == tkCloseParen || type == tkCloseBracket || type == tkCloseBrace;
 }
 
+/// Behind which tokens a "<" may open a list of arguments.
+bool opensArguments(int before) {
+    return before == tkIdentifier || before == tkTemplate || (before >= tkStaticCast && before <= tkReinterpretCast);
+}
+
 /// What can stand behind a name but not behind a keyword that begins a construct.
 bool followsName(int type) {
     switch (type) {
@@ -180,7 +185,7 @@ void TokenTable::matchBrackets() {
     for (Index i = significant(0); i < size(); i = significant(i + 1)) {
         const int type = tokens_[i].type;
         if (type == tkLess) {
-            if (before == tkIdentifier || before == tkTemplate) open.push_back(i);
+            if (opensArguments(before)) open.push_back(i);
         } else if (type == tkGreater) {
             if (before != tkOperator) closeAngle(i);
         } else if (type == tkShiftRight) {

@@ -98,6 +98,7 @@ private:
     // Declarations.
     NodePtr parseDeclaration(bool allowBitfield);
     DeclHead scanHead(Index first) const;
+    Index skipConstraint(Index requires_) const;
     bool scanHeadParen(Index& j, Index prev, bool classKey, int names, DeclHead& head) const;
     NodePtr parseDataFrom(Index first, Index scanned, bool allowBitfield);
     NodePtr parseData(Index first, Index last, const DataRun& run, bool allowBitfield);

@@ -179,7 +179,7 @@ TreeBuilder::NodePtr TreeBuilder::parseTemplate() {
     const Index open = nextSig(keyword);
     if (type(open) != tkLess) return parseExpressionStatement();
     const Index close = t_.mate(open);
-    if (close == kNone || type(close) == tkShiftRight) {
+    if (close == kNone) {
         reportEnd(t_.size());
         at_ = open + 1;
         return nullptr;

@@ -69,6 +69,10 @@ TreeBuilder::DeclHead TreeBuilder::scanHead(Index first) const {
             colon = true;
             break;
         case tkOpenParen:
+            if (classKey && colon && t_.mate(j) != kNone) { // a macro among the base classes
+                j = t_.mate(j);
+                break;
+            }
             if (scanHeadParen(j, prev, classKey, names, head)) return head;
             break;
         case tkOpenBrace:
@@ -110,10 +114,36 @@ TreeBuilder::DeclHead TreeBuilder::scanHead(Index first) const {
         case tkIdentifier: case tkExplicit:
             ++names;
             if (takesPair(j)) --names, j = skipPair(j);
+            if (isWord(j, "requires")) j = skipConstraint(j);
             break;
         default:
             break;
         }
+    }
+}
+
+/// From "requires" to the last token of its clause: operands between "&&" and "||".
+TreeBuilder::Index TreeBuilder::skipConstraint(Index requires_) const {
+    Index last = requires_;
+    for (Index j = nextSig(requires_);;) {
+        while (type(j) == tkExclamation) j = nextSig(j);
+        const bool expression = isWord(j, "requires");
+        if (type(j) == tkIdentifier) {
+            last = j;
+            if (nextType(j) == tkLess && t_.mate(nextSig(j)) != kNone) last = t_.mate(nextSig(j));
+            if (type(nextSig(last)) == tkIdentifier && t_.text(nextSig(last)).substr(0, 2) == "::") last = nextSig(last);
+            if (expression && nextType(last) == tkOpenParen && t_.mate(nextSig(last)) != kNone) last = t_.mate(nextSig(last));
+            if (expression && nextType(last) == tkOpenBrace && t_.mate(nextSig(last)) != kNone) last = t_.mate(nextSig(last));
+        } else if (type(j) == tkOpenParen && t_.mate(j) != kNone) {
+            last = t_.mate(j);
+        } else if (type(j) == tkTrue || type(j) == tkFalse) {
+            last = j;
+        } else {
+            return last;
+        }
+        const Index next = nextSig(last);
+        if (type(next) != tkLogicalAnd && type(next) != tkLogicalOr) return last;
+        j = nextSig(next);
     }
 }
 

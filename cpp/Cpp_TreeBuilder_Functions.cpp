@@ -292,6 +292,11 @@ TreeBuilder::Ptr<ParameterListNode> TreeBuilder::parseParameterList(Index open, 
             if (first == kNone) first = j;
             const bool opens = type(j) == tkOpenParen || type(j) == tkOpenBrace || type(j) == tkOpenBracket || type(j) == tkLess;
             if (opens && t_.mate(j) != kNone && t_.mate(j) < close) j = t_.mate(j);
+            // A ">>" closes both the argument and the list: its first half is the argument's.
+            if (type(j) == tkLess && t_.mate(j) == close && first != kNone) {
+                list->append(std::make_unique<ParameterNode>(joined(first, close) + " >", t_.start(first), t_.start(close)));
+                return list;
+            }
         }
     }
     flush(close);
