@@ -92,8 +92,11 @@ void ListWriter::writeDirectiveBehind(std::size_t separator) {
     const std::string_view gap = tokens_.gap(next);
     if (between_.set && isBlank(gap)) {
         const std::size_t feed = gap.rfind('\n');
+        // A line that starts in the column of the list has its indent from there.
+        const bool inColumn = place_.found && breaks();
         output_.writeExact(between_.breaksLine() ? std::string_view(between_.value) : "\n");
-        copier_.skipTo(feed == std::string_view::npos ? tokens_.begin(next) : tokens_.gapBegin(next) + feed + 1);
+        copier_.skipTo(inColumn || feed == std::string_view::npos ? tokens_.begin(next)
+                                                                  : tokens_.gapBegin(next) + feed + 1);
     }
     copier_.copyDirective(next, place_);
 }

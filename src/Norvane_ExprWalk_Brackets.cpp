@@ -10,7 +10,7 @@ namespace {
 
 // Elements are lined up no further to the right than this. Nobody reads a column out there, and
 // with brackets nested in brackets the white space would outgrow the text by far.
-constexpr int kMaxAlignColumn = 1000;
+constexpr int kMaxAlignColumn = 400;
 
 bool isTypeKeyword(int kind) {
     switch (kind) {
