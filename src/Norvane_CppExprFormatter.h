@@ -42,7 +42,8 @@ public:
     /// Lays `text` out straight into `output`, as writing the result of format raw would, without
     /// the scratch text in between. The hot path: most of a source is expressions.
     void formatTo(std::string_view text, Zelmar::IndentWriter& output);
-    void formatDeclarationTo(std::string_view text, Zelmar::IndentWriter& output, const OptionalString& separator);
+    void formatDeclarationTo(std::string_view text, Zelmar::IndentWriter& output,
+                             const OptionalString& separator);
 
 private:
     void walk(std::string_view text, Zelmar::IndentWriter& output, const OptionalString* separator);

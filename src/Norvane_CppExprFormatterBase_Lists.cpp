@@ -48,7 +48,8 @@ void ListWriter::write(int separatorKind, bool aligned) {
     BracketDepths depths;
     for (std::size_t i = 0; i < tokens_.size(); ++i) {
         const int kind = tokens_.kind(i);
-        if (kind == Cpp::tkDirective && tokens_.begin(i) >= copier_.offset()) copier_.copyDirective(i, place_);
+        const bool isNew = tokens_.begin(i) >= copier_.offset();
+        if (kind == Cpp::tkDirective && isNew) copier_.copyDirective(i, place_);
         if (depths.count(kind) || kind != separatorKind || depths != BracketDepths()) continue;
         if (aligned) {
             writeAlignedSeparator(i);
@@ -143,9 +144,9 @@ void ListWriter::writeAlignedNext(std::size_t index) {
     copier_.copyTo(tokens_.end(index));
 }
 
-std::string writeList(const std::string& text, int separatorKind, bool aligned, const OptionalString& wsBefore,
-                      const OptionalString& wsBetween, const DirectivePlace& place,
-                      const Zelmar::IndentStreamState& state) {
+std::string writeList(const std::string& text, int separatorKind, bool aligned,
+                      const OptionalString& wsBefore, const OptionalString& wsBetween,
+                      const DirectivePlace& place, const Zelmar::IndentStreamState& state) {
     ExprTokens tokens;
     tokens.assign(text);
     Zelmar::IndentWriter output(state);

@@ -73,7 +73,8 @@ int padding(int maxColumn, int column, int indentWidth, int tabSize) {
 
 } // namespace
 
-std::string CppExprFormatter::alignAssignments(const std::string& text, const Zelmar::IndentStreamState& state) {
+std::string CppExprFormatter::alignAssignments(const std::string& text,
+                                               const Zelmar::IndentStreamState& state) {
     tokens_.assign(text);
     const std::vector<Line> lines = splitLines(tokens_);
     int maxColumn = 0;

@@ -46,12 +46,10 @@ std::string_view ExprCopier::safeValue(std::size_t index, std::string_view ws) c
     const std::size_t left = tokens_.gapBegin(index);
     const std::size_t right = tokens_.gapEnd(index);
     if (left == right || left == 0 || right >= tokens_.text().size()) return ws;
-    const char last = tokens_.text()[left - 1];
-    const char first = tokens_.text()[right];
-    // "~x" is one token, the name of a destructor for all that its text tells, and so is "->*".
-    const bool makesToken = (last == '~' && Cpp::isIdentifierChar(first)) ||
-                            (tokens_.token(index - 1) == "->" && first == '*');
-    return makesToken || Cpp::needsBlank(last, first) ? " " : ws;
+    const std::string_view last = tokens_.token(index - 1);
+    const std::string_view next = tokens_.text().substr(right);
+    const bool makesMemberPointer = last == "->" && next.front() == '*';
+    return makesMemberPointer || Cpp::needsBlank(last, next) ? " " : ws;
 }
 
 void ExprCopier::replaceGap(std::size_t index, std::string_view ws, bool exact) {

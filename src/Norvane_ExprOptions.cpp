@@ -9,7 +9,8 @@ namespace Norvane {
 
 namespace {
 
-PointerStyle readPointerStyle(const PropertySet& scheme, std::string_view anchorName, std::string_view wsName) {
+PointerStyle readPointerStyle(const PropertySet& scheme, std::string_view anchorName,
+                              std::string_view wsName) {
     std::int32_t anchor = -1;
     scheme.getInt(anchorName, anchor);
     PointerStyle style;

@@ -252,8 +252,8 @@ void ExprWalk::writeOperator(std::size_t left) {
     noteOperator(kind);
     if (kind == Cpp::tkAssign && writeBraces(at_)) return;
     // No operator, but the end of a type: "(char **)", "<A *, B>".
-    const bool isTypeMark = isMarkOrReference(kind) && (isTypeEnd(tokens_.kind(left)) || endsOperands(next()));
-    if (!hasNext() || isTypeMark) {
+    const bool endsType = isTypeEnd(tokens_.kind(left)) || endsOperands(next());
+    if (!hasNext() || (endsType && isMarkOrReference(kind))) {
         ++at_;
     } else {
         writeOperand(at_ + 1);

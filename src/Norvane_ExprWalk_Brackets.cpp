@@ -1,9 +1,5 @@
 #include "src/Norvane_ExprWalk.h"
 
-#include "src/Norvane_Gap.h"
-
-#include <algorithm>
-
 namespace Norvane {
 
 namespace {
@@ -106,7 +102,8 @@ void ExprWalk::alignList(const ListStyle& list) {
     frame().aligned = true;
     frame().alignColumn = output_.indentWidth();
     const int first = kindAt(at_);
-    if (!list.breaksLine() || first == Cpp::tkEnd || first == Cpp::tkComma || first == Cpp::tkDirective) return;
+    const bool hasFirst = first != Cpp::tkEnd && first != Cpp::tkComma && first != Cpp::tkDirective;
+    if (!list.breaksLine() || !hasFirst) return;
     settle();
     copier_.copyTo(tokens_.begin(at_));
     const int column = copier_.column();
@@ -169,96 +166,6 @@ bool ExprWalk::isCast(std::size_t open, std::size_t close) const {
 void ExprWalk::writeCall() {
     decide(++at_, options_.afterCallName);
     openGroup(ExprGroup::kCall, options_.parens, options_.callArgs);
-}
-
-/// The current token is a "<", or a name in front of one.
-void ExprWalk::writeAngle() {
-    const bool hasName = tokens_.kind(at_) != Cpp::tkLess;
-    const std::size_t open = hasName ? at_ + 1 : at_;
-    const std::size_t close = mateInFrame(open);
-    if (close != ExprTokens::kNone) return writeTemplateArgs(open, close);
-    if (hasName) decide(open, options_.aroundOperator);
-    at_ = open;
-    if (hasNext()) {
-        writeOperand(open + 1);
-    } else {
-        ++at_;
-    }
-}
-
-void ExprWalk::writeTemplateArgs(std::size_t open, std::size_t close) {
-    const BracketStyle& style = options_.angles;
-    at_ = open;
-    if (close == open + 1) {
-        if (style.isSet()) decide(close, std::string_view());
-        at_ = close;
-        return;
-    }
-    decide(open + 1, style.afterOpen);
-    pushGroup(ExprGroup::kTemplateArgs, open, close, style);
-    if (!options_.templateArgs.isSet()) return;
-    frame().list = &options_.templateArgs;
-    frame().separator = nullptr;
-    frame().assigned = false;
-}
-
-void ExprWalk::writeNamedCast() {
-    skipComments();
-    ++at_;
-    if (at_ < frame().end && tokens_.kind(at_) == Cpp::tkLess) {
-        openGroup(ExprGroup::kCast, options_.angles, options_.callArgs);
-    }
-}
-
-void ExprWalk::writeAssignment() {
-    noteOperator(Cpp::tkAssign);
-    if (!writeBraces(at_)) writeDefault();
-}
-
-/// Writes the opening brace behind `assign` and enters its group. Returns false if there is none.
-bool ExprWalk::writeBraces(std::size_t assign) {
-    std::size_t open = assign + 1;
-    while (Cpp::isCommentOrDirective(kindAt(open))) ++open;
-    if (kindAt(open) != Cpp::tkOpenBrace) return false;
-    skipComments();
-    decide(open, options_.beforeInitBrace);
-    at_ = open;
-    const std::size_t close = mateInFrame(open);
-    if (close == ExprTokens::kNone) {
-        ++at_;
-    } else if (close == open + 1) {
-        if (options_.initBraces.isSet()) decide(close, std::string_view());
-        at_ = close;
-    } else {
-        enterBraces(open, close);
-    }
-    return true;
-}
-
-/// The value behind the brace still goes by the indent of what stands outside.
-void ExprWalk::enterBraces(std::size_t open, std::size_t close) {
-    const bool keepsComment =
-        tokens_.kind(open + 1) == Cpp::tkLineComment && !hasLineFeed(tokens_.gap(open + 1));
-    if (!keepsComment) decide(open + 1, options_.initBraces.afterOpen);
-    settle();
-    copier_.copyTo(tokens_.end(open));
-    pushGroup(ExprGroup::kInitialiser, open, close, options_.initBraces);
-    if (options_.initElements.isSet()) frame().list = &options_.initElements;
-    frame().indentLength = output_.indent().size();
-    frame().keepLeadingWs = output_.keepLeadingWs();
-    // With every level deeper the lines would get longer than anyone can read.
-    constexpr int kMaxIndentedBraces = 200;
-    if (++indentedBraces_ > kMaxIndentedBraces || !options_.initIndent.set) return;
-    output_.setIndent(output_.indent() + options_.initIndent.value);
-    output_.setKeepLeadingWs(false);
-}
-
-void ExprWalk::leaveBraces(const ExprFrame& left) {
-    settle();
-    copier_.copyTo(tokens_.gapBegin(left.end));
-    output_.setIndent(output_.indent().substr(0, left.indentLength));
-    output_.setKeepLeadingWs(left.keepLeadingWs);
-    --indentedBraces_;
 }
 
 } // namespace Norvane

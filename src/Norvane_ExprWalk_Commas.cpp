@@ -7,9 +7,8 @@ namespace Norvane {
 void ExprWalk::writeComma() {
     endDeclarator();
     if (isListComma()) return writeListComma();
-    if (frame().group == ExprGroup::kText && isDeclaration() && CppExprFormatterBase::isPointerOperator(next())) {
-        return writePointer();
-    }
+    const bool declares = frame().group == ExprGroup::kText && isDeclaration();
+    if (declares && CppExprFormatterBase::isPointerOperator(next())) return writePointer();
     const std::size_t comma = at_;
     skipComments();
     if (hasNext() && CppExprFormatterBase::isBinaryOperator(next())) {

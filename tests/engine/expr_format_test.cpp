@@ -203,7 +203,8 @@ TEST(Brackets, TakeTheirValues) {
 }
 
 TEST(Brackets, KeepTheirDistanceFromANameUnlessItIsSet) {
-    const TextCase cases[] = {{"f (a)", "f(a)"}, {"g(f\n(a))", "g(f(a))"}, {"sizeof (a)", "sizeof(a)"}, {"(a) (b)", "(a) (b)"}};
+    const TextCase cases[] = {
+        {"f (a)", "f(a)"}, {"g(f\n(a))", "g(f(a))"}, {"sizeof (a)", "sizeof(a)"}, {"(a) (b)", "(a) (b)"}};
     expectLaidOut({{"WS_AFTER_FN_CALL_NAME", ""}}, cases);
 }
 
@@ -234,7 +235,8 @@ TEST(CallArguments, LineUpWhereTheirValueBreaksTheLine) {
 }
 
 TEST(CallArguments, LineUpBehindACommaThatBreaksTheLine) {
-    const TextCase cases[] = {{"foo(a,b)", "    foo(a\n      , b)"}, {"f(a // c\n, b)", "    f(a // c\n    , b)"}};
+    const TextCase cases[] = {{"foo(a,b)", "    foo(a\n      , b)"},
+                              {"f(a // c\n, b)", "    f(a // c\n    , b)"}};
     expectLaidOut({{"WS_BEFORE_FN_CALL_COMMA", "\n"}, {"WS_BETWEEN_FN_CALL_ARGS", " "}}, cases, 4);
 }
 
@@ -313,7 +315,8 @@ TEST(Pointers, StayWithTheName) {
 }
 
 TEST(Pointers, StayWithTheType) {
-    const TextCase cases[] = {{"int*p", "int* p"}, {"char * * p", "char** p"}, {"char *p, *q", "char* p,* q"}, {"T &x", "T& x"}};
+    const TextCase cases[] = {
+        {"int*p", "int* p"}, {"char * * p", "char** p"}, {"char *p, *q", "char* p,* q"}, {"T &x", "T& x"}};
     expectDeclared(anchored("0"), cases, kBlank);
 }
 

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <random>
+#include <sstream>
 
 namespace Norvane {
 namespace {
@@ -89,6 +89,11 @@ std::string schemeText(const PropertySet& scheme) {
     return text.str();
 }
 
+std::string placeText(const Zelmar::IndentStreamState& state) {
+    return "column " + std::to_string(state.column) + ", indent " + std::to_string(state.indent.size()) +
+           ", mode " + std::to_string(state.wsMode) + (state.keepLeadingWs ? ", white space kept" : "");
+}
+
 std::string layOut(CppExprFormatter& formatter, const std::string& text,
                    const Zelmar::IndentStreamState& state, const OptionalString* separator) {
     return separator ? formatter.formatDeclaration(text, state, *separator) : formatter.format(text, state);
@@ -108,10 +113,8 @@ TEST_P(RandomText, KeepsItsTokensAndSettles) {
         CppExprFormatter formatter(scheme);
 
         const std::string once = layOut(formatter, text, state, separator);
-        SCOPED_TRACE("scheme:\n" + schemeText(scheme) + "text: [" + text + "]\nonce: [" + once + "]\ncolumn " +
-                     std::to_string(state.column) + " indent " + std::to_string(state.indent.size()) + " mode " +
-                     std::to_string(state.wsMode) + (state.keepLeadingWs ? " keep" : "") +
-                     (separator ? " declaration [" + separator->value + "]" : ""));
+        SCOPED_TRACE("scheme:\n" + schemeText(scheme) + placeText(state) + "\ntext: [" + text + "]\nonce: [" +
+                     once + "]" + (separator ? "\ndeclaration [" + separator->value + "]" : ""));
         ASSERT_EQ(withoutSpace(once), withoutSpace(text));
         ASSERT_EQ(tokenTexts(once), tokenTexts(text));
         ASSERT_EQ(layOut(formatter, once, state, separator), once);
