@@ -118,10 +118,7 @@ void CppFormatter::visit(Cpp::CommentNode& node) {
     if (node.verbatim()) {
         // The first character still brings the indent of its line along.
         copyThrough(start);
-        const int wsMode = output_.wsMode();
-        output_.setWsMode(Zelmar::kWsKeep);
-        output_.writeRaw(readThrough(node.end()));
-        output_.setWsMode(wsMode);
+        output_.writeVerbatim(readThrough(node.end()));
     } else if (isLineComment(node)) {
         output_.write(readThrough(node.end()));
     } else {

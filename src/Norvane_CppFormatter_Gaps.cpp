@@ -110,7 +110,7 @@ void CppFormatter::writeSourceTokens(std::string_view text) {
                                                 source_.positionOf(offset + token.end - 1), reader, output_);
         } else if (token.type == Cpp::tkStringLiteral && hasLineFeed(spelling)) {
             output_.write(text.substr(at, token.begin + 1 - at));
-            output_.writeRaw(spelling.substr(1));
+            output_.writeVerbatim(spelling.substr(1));
         } else {
             continue;
         }

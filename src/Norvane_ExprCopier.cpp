@@ -25,7 +25,7 @@ void ExprCopier::copyTo(std::size_t offset) {
         const std::size_t first = std::max(at_, tokens_.begin(raw[nextRaw_]) + 1);
         const std::size_t end = std::min(offset, tokens_.end(raw[nextRaw_]));
         if (first > at_) output_.write(text.substr(at_, first - at_));
-        if (end > first) output_.writeRaw(text.substr(first, end - first));
+        if (end > first) output_.writeVerbatim(text.substr(first, end - first));
         at_ = std::max(at_, std::max(first, end));
         if (at_ < tokens_.end(raw[nextRaw_])) return;
         ++nextRaw_;

@@ -65,6 +65,15 @@ void IndentWriter::writeRaw(std::string_view text) {
     writeUnder(text, std::string_view(), true);
 }
 
+void IndentWriter::writeVerbatim(std::string_view text) {
+    const int mode = wsMode_;
+    setWsMode(kWsKeep);
+    writeRaw(text);
+    setWsMode(mode);
+    quote_ = -1;
+    if (!text.empty()) prevChar_ = static_cast<unsigned char>(text.back());
+}
+
 void IndentWriter::sync() {
     flushHeldSpaces();
 }

@@ -62,6 +62,9 @@ public:
     void writeExact(std::string_view text);
     /// Writes with leading white space kept and no indent: for text that was laid out before.
     void writeRaw(std::string_view text);
+    /// Writes every byte as it stands, tabs and spaces too, up to the end of a literal or a region:
+    /// for text whose white space has a meaning of its own.
+    void writeVerbatim(std::string_view text);
     /// Writes out the spaces that mode 2 holds back.
     void sync();
 
