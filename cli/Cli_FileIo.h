@@ -23,11 +23,6 @@ std::ifstream openFile(const std::string& path);
 /// Reads `in` to its end, or up to `limit` bytes. Throws std::system_error if reading fails.
 ReadResult readSource(std::istream& in, std::size_t limit = kLargestSource);
 
-/// Puts `bytes` in the place of what the file `path` holds. Either all of it or nothing: the new
-/// text is written beside the file first, so that a full disk costs nobody their source. Keeps the
-/// owner and the permissions. Throws std::system_error with the system's reason.
-void replaceFile(const std::string& path, const std::string& bytes);
-
 } // namespace Cli
 
 #endif

@@ -49,6 +49,7 @@ void Program::processFile(const std::string& file) {
         if (file == "-") {
             processStream(shownName, streams_.in);
         } else {
+            look(file);
             std::ifstream in = openFile(file);
             processStream(shownName, in);
         }
@@ -57,6 +58,17 @@ void Program::processFile(const std::string& file) {
     } catch (const std::bad_alloc&) {
         report_.error({shownName}, "not enough memory for this file", ExitStatus::fileFailed);
     }
+}
+
+void Program::look(const std::string& file) {
+    if (options_.destination != Destination::sameFile) return;
+    // A failure comes up again when the file is opened.
+    if (const auto status = files_.status(file)) seen_ = *status;
+}
+
+void Program::writeBack(const std::string& path, const std::string& result) {
+    const NorvaneUI::Status failure = files_.replace(path, result, seen_);
+    if (failure) report_.error({path}, failure->text, ExitStatus::fileFailed);
 }
 
 void Program::processStream(const std::string& shownName, std::istream& in) {
@@ -116,7 +128,7 @@ void Program::deliver(const std::string& path, const SourceFile& source, const s
         streams_.out << result;
         break;
     case Destination::sameFile:
-        if (changed) replaceFile(path, result);
+        if (changed) writeBack(path, result);
         break;
     case Destination::checkOnly:
         if (!changed) break;

@@ -6,6 +6,7 @@
 #include "cli/Cli_Options.h"
 #include "cli/Cli_Report.h"
 #include "cli/Cli_SourceFile.h"
+#include "schemes/NorvaneUI_DiskFileSystem.h"
 
 #include <istream>
 #include <ostream>
@@ -37,7 +38,9 @@ private:
     void processSource(const std::string& path, const SourceFile& source);
     void format(const std::string& path, const SourceFile& source);
     void dump(const std::string& path, const SourceFile& source);
+    void look(const std::string& file);
     void deliver(const std::string& path, const SourceFile& source, const std::string& result);
+    void writeBack(const std::string& path, const std::string& result);
     void refuse(const std::string& path, const SourceFile& source, const Outcome& outcome);
     void passThrough(const std::string& bytes);
     void finishOutput();
@@ -46,6 +49,9 @@ private:
     Engine engine_;
     Streams streams_;
     Report& report_;
+    NorvaneUI::DiskFileSystem files_;
+    // How the file at work looked before it was read.
+    NorvaneUI::FileStatus seen_;
 };
 
 } // namespace Cli

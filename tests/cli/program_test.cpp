@@ -11,23 +11,23 @@ using Cli::ExitStatus;
 
 constexpr const char* kUntidy = "void f()\n{\nif(a)b();\n}\n";
 constexpr const char* kTidy = "void f()\n{\nif (a)b();\n}\n";
-constexpr const char* kBroken = "void f() { (a; }\n";
+constexpr const char* kBroken = "void f() { if (a }\n";
 
-struct Run {
+struct Ran {
     ExitStatus status = ExitStatus::done;
     std::string out;
     std::string err;
 };
 
 /// Runs the program with one rule: a blank behind the keyword of a control statement.
-Run run(std::vector<std::string> files, Cli::Options options = {}, const std::string& input = "") {
+Ran run(std::vector<std::string> files, Cli::Options options = {}, const std::string& input = "") {
     options.scheme = "none";
     options.edits = {{Cli::SchemeEdit::Kind::set, "WS_AFTER_CS_KEY= "}};
     options.files = std::move(files);
     std::istringstream in(input);
     std::ostringstream out;
     std::ostringstream err;
-    Run result;
+    Ran result;
     result.status = Cli::runProgram(options, {in, out, err});
     result.out = out.str();
     result.err = err.str();
@@ -47,7 +47,7 @@ Cli::Options showing(Cli::Dump dump) {
 }
 
 TEST(Program, FiltersStandardInput) {
-    const Run result = run({"-"}, {}, kUntidy);
+    const Ran result = run({"-"}, {}, kUntidy);
     EXPECT_EQ(result.status, ExitStatus::done);
     EXPECT_EQ(result.out, kTidy);
     EXPECT_EQ(result.err, "");
@@ -55,7 +55,7 @@ TEST(Program, FiltersStandardInput) {
 
 TEST(Program, WritesFilesToStandardOutput) {
     const TempFolder folder;
-    const Run result = run({folder.write("a.c", kUntidy), folder.write("b.c", "int x;\n")});
+    const Ran result = run({folder.write("a.c", kUntidy), folder.write("b.c", "int x;\n")});
     EXPECT_EQ(result.out, std::string(kTidy) + "int x;\n");
     EXPECT_EQ(folder.read("a.c"), kUntidy);
 }
@@ -66,7 +66,7 @@ TEST(Program, WritesBackOnlyWhatChanged) {
     const std::string tidy = folder.write("b.c", kTidy);
     const auto longAgo = std::filesystem::file_time_type::clock::now() - std::chrono::hours(24);
     std::filesystem::last_write_time(tidy, longAgo);
-    const Run result = run({untidy, tidy}, to(Cli::Destination::sameFile));
+    const Ran result = run({untidy, tidy}, to(Cli::Destination::sameFile));
     EXPECT_EQ(result.status, ExitStatus::done);
     EXPECT_EQ(result.out, "");
     EXPECT_EQ(folder.read("a.c"), kTidy);
@@ -77,7 +77,7 @@ TEST(Program, ChecksWithoutWriting) {
     const TempFolder folder;
     const std::string untidy = folder.write("a.c", kUntidy);
     const std::string tidy = folder.write("b.c", kTidy);
-    const Run result = run({untidy, tidy}, to(Cli::Destination::checkOnly));
+    const Ran result = run({untidy, tidy}, to(Cli::Destination::checkOnly));
     EXPECT_EQ(result.status, ExitStatus::wouldChange);
     EXPECT_EQ(result.out, untidy + '\n');
     EXPECT_EQ(folder.read("a.c"), kUntidy);
@@ -85,7 +85,7 @@ TEST(Program, ChecksWithoutWriting) {
 }
 
 TEST(Program, PassesARefusedSourceThrough) {
-    const Run result = run({"-"}, {}, kBroken);
+    const Ran result = run({"-"}, {}, kBroken);
     EXPECT_EQ(result.status, ExitStatus::refused);
     EXPECT_EQ(result.out, kBroken);
     EXPECT_EQ(result.err.rfind("<stdin>:1:", 0), 0u) << result.err;
@@ -96,7 +96,7 @@ TEST(Program, LeavesARefusedFileAlone) {
     const TempFolder folder;
     const std::string broken = folder.write("a.c", kBroken);
     for (const auto destination : {Cli::Destination::sameFile, Cli::Destination::checkOnly}) {
-        const Run result = run({broken}, to(destination));
+        const Ran result = run({broken}, to(destination));
         EXPECT_EQ(result.status, ExitStatus::refused);
         EXPECT_EQ(result.out, "");
         EXPECT_EQ(folder.read("a.c"), kBroken);
@@ -107,7 +107,7 @@ TEST(Program, GoesOnBehindAFailureAndKeepsTheHighestStatus) {
     const TempFolder folder;
     const std::string missing = folder / "missing.c";
     const std::string untidy = folder.write("a.c", kUntidy);
-    Run result = run({missing, untidy}, to(Cli::Destination::sameFile));
+    Ran result = run({missing, untidy}, to(Cli::Destination::sameFile));
     EXPECT_EQ(result.status, ExitStatus::fileFailed);
     EXPECT_EQ(result.err, missing + ":1:1: error: No such file or directory\n");
     EXPECT_EQ(folder.read("a.c"), kTidy);
@@ -124,7 +124,7 @@ TEST(Program, KeepsLineEndsAndByteOrderMark) {
 
 TEST(Program, RefusesWideText) {
     const std::string wide("\xff\xfei\0n\0t\0", 8);
-    const Run result = run({"-"}, {}, wide);
+    const Ran result = run({"-"}, {}, wide);
     EXPECT_EQ(result.status, ExitStatus::refused);
     EXPECT_EQ(result.out, wide);
 }
@@ -168,7 +168,7 @@ TEST(Dump, ShowsTheTree) {
 }
 
 TEST(Dump, ShowsMessages) {
-    const Run result = run({"-"}, showing(Cli::Dump::messages), kBroken);
+    const Ran result = run({"-"}, showing(Cli::Dump::messages), kBroken);
     EXPECT_EQ(result.status, ExitStatus::refused);
     EXPECT_EQ(result.out.rfind("<stdin>:1:", 0), 0u) << result.out;
     EXPECT_EQ(result.err, "");

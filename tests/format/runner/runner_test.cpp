@@ -84,7 +84,7 @@ TEST(UpdateGolden, RewritesOnlyExpectedTexts) {
 
 TEST(UpdateGolden, LeavesARefusedCaseAlone) {
     const TempFolder folder;
-    const std::string content = std::string(kRule) + ">>>\nvoid f() { (a; }\n<<<\nold\n";
+    const std::string content = std::string(kRule) + ">>>\nvoid f() { if (a }\n<<<\nold\n";
     const std::string path = folder.write("a.case", content);
     int refused = 0;
     EXPECT_EQ(Golden::updateFile(path, refused), path + ":3: refused: does not parse\n");
