@@ -33,6 +33,8 @@ private:
         if (isNumeral(c) || isSeparator()) return take();
         if (c == '.') return takeOnce(dot_);
         if (c == 'e') return takeOnce(exponent_) && takeSign();
+        // The sign in 0x1p-3 is no operator.
+        if (c == 'p' && hex_) return takeOnce(exponent_) && takeSign();
         if ((c == 'u' || c == 'l') && !dot_ && !exponent_) return takeRunOf('u', 'l');
         return (c == 'l' || c == 'f') && takeRunOf('l', 'f');
     }

@@ -38,6 +38,10 @@ void ExprCopier::copyTo(std::size_t offset) {
 bool ExprCopier::isReplaceable(std::size_t index) const {
     if (index > 0 && tokens_.endsLine(index - 1)) return false;
     if (index < tokens_.size() && tokens_.kind(index) == Cpp::tkDirective) return false;
+    // "<=>" is one operator, though it comes as two tokens.
+    const bool inOperator = index > 0 && index < tokens_.size() && tokens_.kind(index - 1) == Cpp::tkLessEqual &&
+                            tokens_.kind(index) == Cpp::tkGreater && tokens_.gap(index).empty();
+    if (inOperator) return false;
     return isBlank(tokens_.gap(index));
 }
 

@@ -76,8 +76,8 @@ const ScanCase kNames[] = {
 INSTANTIATE_TEST_SUITE_P(Names, Scan, testing::ValuesIn(kNames), rowName);
 
 const ScanCase kNumbers[] = {
-    {"Plain", "0 42 1.5e+3f 0x1FUL 1e5 7ull",
-     "<number>[0] <number>[42] <number>[1.5e+3f] <number>[0x1FUL] <number>[1e5] <number>[7ull]"},
+    {"Plain", "0 42 1.5e+3f 0x1FUL 0x1.8p-3 1e5 7ull",
+     "<number>[0] <number>[42] <number>[1.5e+3f] <number>[0x1FUL] <number>[0x1.8p-3] <number>[1e5] <number>[7ull]"},
     {"LeadingDotIsItsOwn", ".5", ". <number>[5]"},
     {"SecondDotEnds", "1..2", "<number>[1.] . <number>[2]"},
     {"RunIntoLettersIsDropped", "123abc 0b11 x", "<identifier>[abc] <identifier>[b11] <identifier>[x]"},
