@@ -1,0 +1,136 @@
+#include "addin/Addin_FormatJob.h"
+
+#include "addin/Addin_Extensions.h"
+#include "addin/Addin_Texts.h"
+#include "schemes/NorvaneUI_Text.h"
+#include "src/Norvane_FormatDriver.h"
+#include "src/Norvane_FormatMarkerTable.h"
+#include "streams/Zelmar_SourceText.h"
+
+#include <algorithm>
+#include <optional>
+#include <sstream>
+#include <utility>
+
+namespace Addin {
+
+namespace {
+
+using NorvaneUI::filled;
+
+/// The engine counts offsets in 32 bits, and the result may be longer than the source.
+constexpr std::size_t kLargestSource = 0xffff0000;
+
+Trn::Message refusal(std::string_view text, const Trn::Position& position = {}) {
+    return {Trn::kSeverityError, position, 0, std::string(text)};
+}
+
+Trn::Position positionOf(const std::string& text, std::size_t offset) {
+    const auto lines = std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(offset), '\n');
+    const std::size_t lineFeed = offset == 0 ? std::string::npos : text.rfind('\n', offset - 1);
+    const std::size_t lineStart = lineFeed == std::string::npos ? 0 : lineFeed + 1;
+    return {static_cast<std::uint32_t>(lines + 1), static_cast<std::uint32_t>(offset - lineStart + 1)};
+}
+
+/// Why the engine must not be given `text`; nothing if it may be.
+std::optional<Trn::Message> faultOf(const std::string& text) {
+    if (text.size() > kLargestSource) return refusal(Texts::kTooLarge);
+    // White space of one byte would shift all that follows.
+    if (text.starts_with("\xff\xfe") || text.starts_with("\xfe\xff")) return refusal(Texts::kWideText);
+    const std::size_t nul = text.find('\0');
+    if (nul != std::string::npos) return refusal(Texts::kHoldsNul, positionOf(text, nul));
+    return std::nullopt;
+}
+
+} // namespace
+
+FormatJob::FormatJob(const Workbench& bench, const std::string& shownName, std::string fullName,
+                     FileProgressDlg* dialog)
+    : bench_(bench), messages_(bench.host, bench.options), fullName_(std::move(fullName)), dialog_(dialog),
+      update_(dialog, shownName) {}
+
+bool FormatJob::pump() {
+    if (dialog_ != nullptr) bench_.host.pump();
+    return !isCancelled();
+}
+
+bool FormatJob::tell(std::string_view step) {
+    // Without a dialog there is nobody to show it to, and nobody who could have cancelled.
+    return dialog_ == nullptr || update_(std::string(step));
+}
+
+void FormatJob::send(std::uint32_t severity, std::string_view format) {
+    messages_.send(severity, filled(format, {fullName_}));
+}
+
+void FormatJob::sendAndShow(std::string_view format) { messages_.sendAndShow(filled(format, {fullName_})); }
+
+FormatResult FormatJob::guarded(const std::function<FormatResult()>& action) {
+    try {
+        return action();
+    } catch (...) {
+        const std::string text = currentExceptionText();
+        messages_.send(Trn::kSeverityError, text + filled(Texts::kFileEnding, {fullName_}));
+        return FormatResult::failed;
+    }
+}
+
+FormatResult FormatJob::run(const Norvane::PropertySet& scheme, const std::string& source, const Store& store) {
+    if (!pump()) return FormatResult::cancelled;
+    std::string result;
+    Trn::MessageList messages;
+    if (!format(scheme, source, result, messages)) return refuse(messages);
+    return finish(source, result, store);
+}
+
+bool FormatJob::format(const Norvane::PropertySet& scheme, const std::string& source, std::string& result,
+                       Trn::MessageList& messages) {
+    if (const auto fault = faultOf(source)) {
+        messages.push_back(*fault);
+        return false;
+    }
+    std::istringstream in(source);
+    std::ostringstream out;
+    const Norvane::FormatOptions options(scheme, Norvane::defaultFormatMarkers());
+    Norvane::UpdateFunctor silent;
+    Norvane::UpdateFunctor& update = dialog_ == nullptr ? silent : update_;
+    if (Norvane::FormatDriver().format(options, in, out, messages, update) != 0) return false;
+    result = std::move(out).str();
+    return true;
+}
+
+FormatResult FormatJob::finish(const std::string& source, const std::string& result, const Store& store) {
+    if (!tell(Texts::kWriting)) return FormatResult::cancelled;
+    FormatResult outcome = FormatResult::unchanged;
+    if (result != source) {
+        const std::string reason = bench_.gate ? bench_.gate(fullName_, source, result) : std::string();
+        if (!reason.empty()) {
+            messages_.send(Trn::kSeverityError, reason);
+            return FormatResult::refused;
+        }
+        outcome = store(result);
+    }
+    tell(Texts::kCompleted);
+    return outcome;
+}
+
+FormatResult FormatJob::refuse(const Trn::MessageList& messages) {
+    tell(Texts::kNotFormatted);
+    for (const Trn::Message& message : messages) {
+        messages_.send(message.severity, diagnosticLine(fullName_, message), Place{fullName_, message.position});
+    }
+    // A run that was cancelled has parsed nothing that could be at fault.
+    if (isCancelled()) return FormatResult::cancelled;
+    send(Trn::kSeverityError, Texts::kNotParsed);
+    return FormatResult::refused;
+}
+
+bool FormatJob::backUp(const std::string& path) {
+    if (!bench_.options.createBackups) return true;
+    const std::string extension = backupExtensionOf(bench_.options.backupExtension);
+    if (isValidExtension(extension) && !bench_.files.copy(path, path + '.' + extension)) return true;
+    send(Trn::kSeverityError, Texts::kBackupFailed);
+    return false;
+}
+
+} // namespace Addin

@@ -1,0 +1,93 @@
+#ifndef KERFLINE_ADDIN_FORMATJOB_H
+#define KERFLINE_ADDIN_FORMATJOB_H
+
+#include "addin/Addin_Host.h"
+#include "addin/Addin_Messages.h"
+#include "schemes/NorvaneUI_FileSystem.h"
+#include "src/Norvane_PropertySet.h"
+#include "trn/Trn_Message.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace Addin {
+
+/// What became of one text.
+enum class FormatResult {
+    formatted,
+    /// Formatted already: nothing was written.
+    unchanged,
+    /// Not a text to be formatted, by its name or because it is empty.
+    skipped,
+    /// The text, or the user, does not let it be formatted.
+    refused,
+    /// Something outside the text went wrong: the file, the host, the memory.
+    failed,
+    cancelled,
+};
+
+/// Whether the caller may count the text as being in the scheme's form now.
+inline bool isDone(FormatResult result) {
+    return result == FormatResult::formatted || result == FormatResult::unchanged;
+}
+
+/// Asked with the path, the source and the result, both in line feeds, before anything is written.
+/// Returns why the result must not be written; empty if it may be. No function: it always may.
+using Gate = std::function<std::string(const std::string&, const std::string&, const std::string&)>;
+
+/// What every formatting works with. Nothing is owned, and all of it outlives the work.
+struct Workbench {
+    Host& host;
+    NorvaneUI::FileSystem& files;
+    const AddInOptions& options;
+    Gate gate = {};
+};
+
+/// One text on its way through the engine: what files and documents have in common.
+class FormatJob {
+public:
+    /// Puts the result where the source came from, after the backup.
+    using Store = std::function<FormatResult(const std::string& result)>;
+
+    /// `shownName` is for the progress dialog, which may be null, and `fullName` for messages.
+    FormatJob(const Workbench& bench, const std::string& shownName, std::string fullName, FileProgressDlg* dialog);
+
+    /// From now on messages use this name, for a document that was given one meanwhile.
+    void setFullName(const std::string& fullName) { fullName_ = fullName; }
+
+    /// Lets the host take what waits. False if the user has cancelled.
+    bool pump();
+    /// Tells of a step. False if the user has cancelled.
+    bool tell(std::string_view step);
+    /// Sends `format`, filled with the name.
+    void send(std::uint32_t severity, std::string_view format);
+    void sendAndShow(std::string_view format);
+
+    /// Does `action`. An exception becomes a message, and the text has failed.
+    FormatResult guarded(const std::function<FormatResult()>& action);
+
+    /// Formats `source`, which is in line feeds, and lets `store` put away what came out. What the
+    /// engine has against the text becomes messages, and the source stays as it is.
+    FormatResult run(const Norvane::PropertySet& scheme, const std::string& source, const Store& store);
+
+    /// Copies the file beside itself if the user wants backups. False if that failed.
+    bool backUp(const std::string& path);
+
+private:
+    bool isCancelled() const { return dialog_ != nullptr && dialog_->cancelled(); }
+    bool format(const Norvane::PropertySet& scheme, const std::string& source, std::string& result,
+                Trn::MessageList& messages);
+    FormatResult finish(const std::string& source, const std::string& result, const Store& store);
+    FormatResult refuse(const Trn::MessageList& messages);
+
+    const Workbench& bench_;
+    Messages messages_;
+    std::string fullName_;
+    FileProgressDlg* dialog_;
+    FileProgressDlg::UpdateFunction update_;
+};
+
+} // namespace Addin
+
+#endif

@@ -1,0 +1,42 @@
+#ifndef KERFLINE_ADDIN_MESSAGES_H
+#define KERFLINE_ADDIN_MESSAGES_H
+
+#include "addin/Addin_Host.h"
+#include "trn/Trn_Message.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace Addin {
+
+/// True if a message of `severity` is shown under `threshold`. A severity that is none counts as
+/// information.
+bool passesThreshold(std::uint32_t severity, int threshold);
+
+/// A diagnostic in the form of a compiler's error line, which editors can jump to.
+///     a.cpp(3) : error: col 7: Unexpected token.
+std::string diagnosticLine(const std::string& path, const Trn::Message& message);
+
+/// The one way for messages to the user.
+class Messages {
+public:
+    /// Neither is owned; a threshold that changes counts at once.
+    Messages(Host& host, const AddInOptions& options) : host_(host), options_(options) {}
+
+    /// Goes to the messages window if there is one and the threshold lets it pass.
+    void send(std::uint32_t severity, const std::string& text, const std::optional<Place>& place = std::nullopt);
+    /// As an error in the messages window and as a notice.
+    void sendAndShow(const std::string& text);
+
+private:
+    Host& host_;
+    const AddInOptions& options_;
+};
+
+/// What to tell of the exception that is being handled. Requires: there is one.
+std::string currentExceptionText();
+
+} // namespace Addin
+
+#endif
