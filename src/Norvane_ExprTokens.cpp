@@ -16,6 +16,24 @@ bool BracketDepths::count(int kind) {
     }
 }
 
+bool endsType(int kind) {
+    switch (kind) {
+    case Cpp::tkConst: case Cpp::tkVolatile: case Cpp::tkSigned: case Cpp::tkUnsigned: case Cpp::tkAuto:
+        return true;
+    default:
+        return kind >= Cpp::tkChar && kind <= Cpp::tkVoid;
+    }
+}
+
+bool isTypeKeyword(int kind) {
+    switch (kind) {
+    case Cpp::tkStruct: case Cpp::tkClass: case Cpp::tkEnum: case Cpp::tkUnion: case Cpp::tkTypename:
+        return true;
+    default:
+        return endsType(kind);
+    }
+}
+
 namespace {
 
 void closeTop(std::vector<std::size_t>& open, std::vector<std::size_t>& mates, std::size_t index) {
@@ -30,13 +48,11 @@ bool isTemplateArgument(int kind) {
     switch (kind) {
     case Cpp::tkNumber: case Cpp::tkComma: case Cpp::tkAsterisk: case Cpp::tkAmpersand: case Cpp::tkDot:
     case Cpp::tkOpenParen: case Cpp::tkCloseParen: case Cpp::tkOpenBracket: case Cpp::tkCloseBracket:
-    case Cpp::tkLess: case Cpp::tkGreater: case Cpp::tkIdentifier: case Cpp::tkClass: case Cpp::tkStruct:
-    case Cpp::tkConst: case Cpp::tkVolatile: case Cpp::tkSigned: case Cpp::tkUnsigned: case Cpp::tkAuto:
-    case Cpp::tkTypename: case Cpp::tkEnum: case Cpp::tkUnion: case Cpp::tkTemplate: case Cpp::tkSizeof:
+    case Cpp::tkLess: case Cpp::tkGreater: case Cpp::tkIdentifier: case Cpp::tkTemplate: case Cpp::tkSizeof:
     case Cpp::tkTrue: case Cpp::tkFalse:
         return true;
     default:
-        return (kind >= Cpp::tkChar && kind <= Cpp::tkVoid) || Cpp::isComment(kind);
+        return isTypeKeyword(kind) || Cpp::isComment(kind);
     }
 }
 

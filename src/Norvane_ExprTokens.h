@@ -24,6 +24,11 @@ struct BracketDepths {
     bool count(int kind);
 };
 
+/// Keywords that stand in a type: "const", "unsigned", "int".
+bool isTypeKeyword(int kind);
+/// Those of them that a type can end in; a "*" behind one is never a multiplication.
+bool endsType(int kind);
+
 /// The tokens of one piece of text, with the bracket that closes each bracket. Made to be filled
 /// again and again: it keeps its memory. The text must outlive its use.
 ///

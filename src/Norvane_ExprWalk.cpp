@@ -23,21 +23,23 @@ bool isCoroutineWord(std::string_view name) {
     return name == "co_return" || name == "co_await" || name == "co_yield";
 }
 
-/// Keywords that a type can end in; a "*" behind them is never a multiplication.
-bool isTypeEnd(int kind) {
-    switch (kind) {
-    case Cpp::tkConst: case Cpp::tkVolatile: case Cpp::tkSigned: case Cpp::tkUnsigned: case Cpp::tkAuto:
-        return true;
-    default:
-        return Base::isBuiltinType(kind);
-    }
-}
-
 bool isMarkOrReference(int kind) {
     return Base::isPointerOperator(kind) || kind == Cpp::tkLogicalAnd;
 }
 
-bool endsOperands(int kind) {
+/// Tokens behind which "++" and "--" are postfix operators.
+bool endsOperand(int kind) {
+    switch (kind) {
+    case Cpp::tkIdentifier: case Cpp::tkThis: case Cpp::tkCloseParen: case Cpp::tkCloseBracket:
+    case Cpp::tkGreater:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Tokens in front of which no operand stands.
+bool closesOperands(int kind) {
     switch (kind) {
     case Cpp::tkComma: case Cpp::tkSemicolon: case Cpp::tkCloseParen: case Cpp::tkCloseBracket:
     case Cpp::tkCloseBrace: case Cpp::tkGreater:
@@ -205,7 +207,7 @@ void ExprWalk::writeDefault() {
         ++at_;
     } else if (opensOperand(left)) {
         writeBehindOpener(left);
-    } else if (isMark(at_ + 1)) {
+    } else if (isMark(at_ + 1) || declaresPointer()) {
         writePointer();
     } else if (Base::isBinaryOperator(next())) {
         writeOperator(left);
@@ -225,6 +227,8 @@ bool ExprWalk::opensOperand(std::size_t index) const {
     case Cpp::tkCloseBrace:
         return hasLineFeed(tokens_.gap(index + 1)) && !options_.aroundOperator.breaksLine();
     case Cpp::tkGreater: return false;
+    case Cpp::tkIncrement:
+    case Cpp::tkDecrement: return index == 0 || !endsOperand(tokens_.kind(index - 1));
     // Part of the name of a member that is pointed to, as in "int A::*p".
     case Cpp::tkIdentifier: {
         const std::string_view name = trimmedRight(tokens_.token(index));
@@ -252,8 +256,8 @@ void ExprWalk::writeOperator(std::size_t left) {
     noteOperator(kind);
     if (kind == Cpp::tkAssign && writeBraces(at_)) return;
     // No operator, but the end of a type: "(char **)", "<A *, B>".
-    const bool endsType = isTypeEnd(tokens_.kind(left)) || endsOperands(next());
-    if (!hasNext() || (endsType && isMarkOrReference(kind))) {
+    const bool isType = endsType(tokens_.kind(left)) || closesOperands(next());
+    if (!hasNext() || (isType && isMarkOrReference(kind))) {
         ++at_;
     } else {
         writeOperand(at_ + 1);
@@ -283,10 +287,10 @@ void ExprWalk::joinStrings() {
 bool ExprWalk::isMark(std::size_t index) const {
     if (!isDeclaration()) return false;
     const int left = tokens_.kind(at_);
-    const bool endsType = isTypeEnd(left) || left == Cpp::tkIdentifier || left == Cpp::tkGreater;
+    const bool isType = endsType(left) || left == Cpp::tkIdentifier || left == Cpp::tkGreater;
     // Between brackets "&&" is far more often an operator.
     const bool isReference = kindAt(index) == Cpp::tkLogicalAnd && frame().group == ExprGroup::kText;
-    return (endsType || Cpp::isComment(left)) && (Base::isPointerOperator(kindAt(index)) || isReference);
+    return (isType || Cpp::isComment(left)) && (Base::isPointerOperator(kindAt(index)) || isReference);
 }
 
 } // namespace Norvane

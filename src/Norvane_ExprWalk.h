@@ -130,6 +130,9 @@ private:
 
     // Pointers.
     bool isMark(std::size_t index) const;
+    bool declaresPointer() const;
+    const PointerStyle& pointerStyle(std::size_t mark) const;
+    std::size_t lastMark(std::size_t first) const;
     void writePointer();
     void anchorPointer(const PointerStyle& style, std::size_t first, std::size_t last);
 
@@ -150,6 +153,8 @@ private:
     // Brackets in front of token counted_, brought forward as the lists ask for them.
     BracketDepths depths_;
     std::size_t counted_ = 0;
+    // The token behind the captures of the last lambda.
+    std::size_t lambdaParams_ = ExprTokens::kNone;
     // Initialisers the walk is in that have added to the indent.
     int indentedBraces_ = 0;
 };

@@ -8,16 +8,6 @@ namespace {
 // with brackets nested in brackets the white space would outgrow the text by far.
 constexpr int kMaxAlignColumn = 400;
 
-bool isTypeKeyword(int kind) {
-    switch (kind) {
-    case Cpp::tkConst: case Cpp::tkVolatile: case Cpp::tkSigned: case Cpp::tkUnsigned: case Cpp::tkAuto:
-    case Cpp::tkStruct: case Cpp::tkClass: case Cpp::tkEnum: case Cpp::tkUnion: case Cpp::tkTypename:
-        return true;
-    default:
-        return CppExprFormatterBase::isBuiltinType(kind);
-    }
-}
-
 bool isTypePart(int kind) {
     return isTypeKeyword(kind) || kind == Cpp::tkIdentifier || CppExprFormatterBase::isPointerOperator(kind);
 }
@@ -30,6 +20,20 @@ bool holdsTypeKeyword(const ExprTokens& tokens, std::size_t open, std::size_t cl
         if (mate < close) i = mate;
     }
     return false;
+}
+
+/// A "[" that follows no operand and no type starts a lambda.
+bool startsLambda(const ExprTokens& tokens, std::size_t open) {
+    if (tokens.kind(open) != Cpp::tkOpenBracket) return false;
+    if (open == 0) return true;
+    const int left = tokens.kind(open - 1);
+    switch (left) {
+    case Cpp::tkIdentifier: case Cpp::tkThis: case Cpp::tkStringLiteral: case Cpp::tkDelete:
+    case Cpp::tkCloseParen: case Cpp::tkCloseBracket: case Cpp::tkGreater:
+        return false;
+    default:
+        return !endsType(left);
+    }
 }
 
 /// The head of a statement, behind which another statement starts.
@@ -54,6 +58,7 @@ void ExprWalk::openGroup(ExprGroup group, const BracketStyle& style, const ListS
         if (at_ < frame().end || frame().group == ExprGroup::kText) decide(at_, style.afterOpen);
         return;
     }
+    if (startsLambda(tokens_, open)) lambdaParams_ = close + 1;
     if (style.isSet()) {
         skipComments();
         if (at_ + 1 == close) {
@@ -92,6 +97,7 @@ bool ExprWalk::declaresInGroup(ExprGroup group, std::size_t open, std::size_t cl
     case ExprGroup::kTemplateArgs: return isDeclaration() || options_.templateArgs.between.set;
     default: break;
     }
+    if (group == ExprGroup::kParens && open == lambdaParams_) return true;
     if (!frame().declaration) return false;
     return (group == ExprGroup::kParens && !frame().assigned) || holdsTypeKeyword(tokens_, open, close);
 }

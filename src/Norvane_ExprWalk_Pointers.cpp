@@ -18,13 +18,29 @@ bool isWider(std::string_view a, std::string_view b, int column, int tabSize) {
 
 } // namespace
 
+const PointerStyle& ExprWalk::pointerStyle(std::size_t mark) const {
+    return tokens_.kind(mark) == Cpp::tkAsterisk ? options_.asterisk : options_.ampersand;
+}
+
+/// The end of a run of marks.
+std::size_t ExprWalk::lastMark(std::size_t first) const {
+    while (CppExprFormatterBase::isPointerOperator(kindAt(first + 1))) ++first;
+    return first;
+}
+
+/// A declaration in the middle of an expression, as the body of a lambda has it, if the style of
+/// the marks says where they go: the current token is a keyword of a type, and a name follows.
+bool ExprWalk::declaresPointer() const {
+    if (!CppExprFormatterBase::isPointerOperator(next()) || !endsType(tokens_.kind(at_))) return false;
+    if (pointerStyle(at_ + 1).anchor == PointerAnchor::kAsInSource) return false;
+    return kindAt(lastMark(at_ + 1) + 1) == Cpp::tkIdentifier;
+}
+
 /// A run of marks behind the current token, which ends a type.
 void ExprWalk::writePointer() {
     const std::size_t first = at_ + 1;
-    std::size_t last = first;
-    while (kindAt(last + 1) == Cpp::tkAsterisk || kindAt(last + 1) == Cpp::tkAmpersand) ++last;
-    const PointerStyle& style =
-        tokens_.kind(first) == Cpp::tkAsterisk ? options_.asterisk : options_.ampersand;
+    const std::size_t last = lastMark(first);
+    const PointerStyle& style = pointerStyle(first);
     const bool atComment = Cpp::isComment(tokens_.kind(at_));
     at_ = last + 1;
     if (style.anchor == PointerAnchor::kAsInSource || atComment) return;

@@ -54,6 +54,7 @@ TEST(Operators, StandBetweenBlanks) {
         {"A::B", "A::B"},
         {"i++", "i++"},
         {"1e-5", "1e-5"},
+        {"0x1p-64L+x", "0x1p-64L + x"},
         {"p->*q", "p->*q"},
         {"a[-1]", "a[-1]"},
         {"[&](int x){ return x; }", "[&](int x){ return x; }"},
@@ -85,6 +86,8 @@ TEST(Operators, AsPrefixesKeepTheirOperand) {
         {"sizeof *p", "sizeof *p"},
         {"co_return -x", "co_return -x"},
         {"!x", "!x"},
+        {"++*p", "++*p"},
+        {"p++*q", "p++ * q"},
         {"a- -b", "a - -b"},
         {"a* *p", "a * *p"},
         {"a<-1", "a < -1"},
@@ -335,6 +338,13 @@ TEST(Pointers, GoBackToTheNarrowerGapWithoutAValue) {
 TEST(Pointers, StandInFrontOfALineThatTheTypeEnds) {
     const TextCase cases[] = {{"char *f", "char*\nf"}};
     expectDeclared(anchored("1"), cases, {true, "\n"});
+}
+
+TEST(Pointers, OfADeclarationInsideAnExpressionAreMarks) {
+    const TextCase cases[] = {{"[](const T* x) { char const* y=x; }", "[](const T *x) { char const *y = x; }"},
+                              {"f(a, [&](T& x) { return *x; })", "f(a, [&](T &x) { return *x; })"},
+                              {"sizeof(char*)", "sizeof(char *)"}};
+    expectLaidOut(anchored("1"), cases);
 }
 
 TEST(Pointers, AreOperatorsInExpressionsOfADeclaration) {
