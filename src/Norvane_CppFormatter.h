@@ -237,6 +237,7 @@ private:
 
     // Statements.
     Base beginBlock(const Cpp::BlockNode& node);
+    void writeBlockOnNewLine(const Cpp::BlockNode& node);
     Base lineBase();
     void joinElseIf(const Position& start);
     const OptionalString& separatorOf(const Cpp::CtrlStmtNode& node) const;

@@ -132,7 +132,8 @@ void CppFormatter::writeKept(std::string_view text, const OptionalString& indent
 void CppFormatter::writeOpenBrace(const Cpp::InteriorNode& node, const BodyStyle& style) {
     copyThrough(node.start());
     const Cpp::SyntaxNode& first = *node.child(0);
-    const std::string_view value = style.wsAfterOpen.value;
+    const bool ownLine = isDirective(first) && startsLine(first.start());
+    const std::string_view value = ownLine && !style.wsAfterOpen.breaksLine() ? "\n" : std::string_view(style.wsAfterOpen.value);
     const std::string_view gap = style.wsAfterOpen.set ? readGapBefore(first, value) : readUpTo(lineOrStart(first));
     const Edge edge(*this, style.indent);
     if (!style.wsAfterOpen.set) {
@@ -144,7 +145,7 @@ void CppFormatter::writeOpenBrace(const Cpp::InteriorNode& node, const BodyStyle
     } else {
         output_.write(value);
     }
-    if (isDirective(first) && startsLine(first.start()) && !isOutputLineBlank()) output_.write("\n");
+    if (ownLine && !isOutputLineBlank()) output_.write("\n");
 }
 
 Trn::Position CppFormatter::lineOrStart(const Cpp::SyntaxNode& child) const {

@@ -126,7 +126,7 @@ void CppFormatter::padName(const Cpp::DataDeclNode& node, DataLine& line, std::s
 void CppFormatter::writeInitializer(const Cpp::DataDeclNode& node, const DataLine& line) {
     const Cpp::ExprNode& init = *node.init();
     const char first = sourceChar(init.start());
-    writeNameText(readUpTo(init.start()), first, line);
+    if (node.name() != nullptr) writeNameText(readUpTo(init.start()), first, line);
     if (options_.alignDdInitializers && first != '(' && first != '{') padInitializer(node, line);
     const std::string_view text = readThrough(init.end());
     const BaseScope scope(*this, line.column);

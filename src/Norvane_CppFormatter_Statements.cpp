@@ -61,27 +61,32 @@ void CppFormatter::visit(Cpp::BlockNode& node) {
     writeBody(node, {options_.globalIndentContent, options_.globalWsAfterOpenBrace, options_.globalWsBeforeCloseBrace});
 }
 
-// At the start of a line no white space parts the brace from anything.
 CppFormatter::Base CppFormatter::beginBlock(const Cpp::BlockNode& node) {
     const OptionalString& option = options_.globalWsBeforeOpenBrace;
     const Position start = node.start();
-    if (!option.set) {
-        copyUpTo(start);
-        return lineBase();
-    }
-    const bool onNewLine = output_.column() == 0;
-    const Base line = onNewLine ? base() : lineBase();
-    const GapEnd end = splitGapEnd(readGapBefore(node, option.value), option.value);
-    writeSource(end.kept);
-    std::string_view value = end.value;
-    if (onNewLine && end.kept.empty()) value = value.substr(value.starts_with('\n') ? 1 : value.size());
-    if (sourceOwnsEdge() && hasLineFeed(value) && !leavesIndent(node, option.value)) {
-        writeAtBase(value, line);
-    } else {
-        output_.writeExact(value);
+    if (option.set && output_.column() == 0 && isBlank(input_.peekUpTo(start))) {
+        writeBlockOnNewLine(node);
+    } else if (option.set) {
+        const Base line = lineBase();
+        const GapEnd end = splitGapEnd(readGapBefore(node, option.value), option.value);
+        writeSource(end.kept);
+        if (sourceOwnsEdge() && hasLineFeed(end.value) && !leavesIndent(node, option.value)) {
+            writeAtBase(end.value, line);
+        } else {
+            output_.writeExact(end.value);
+        }
     }
     copyUpTo(start);
     return lineBase();
+}
+
+// The line of the brace has begun: one line feed of the value is there already, and blanks alone
+// part the brace from nothing.
+void CppFormatter::writeBlockOnNewLine(const Cpp::BlockNode& node) {
+    readUpTo(lineOrStart(node));
+    std::string_view value = options_.globalWsBeforeOpenBrace.value;
+    value = value.substr(value.starts_with('\n') ? 1 : value.size());
+    output_.writeExact(sourceOwnsEdge() ? value.substr(0, value.rfind('\n') + 1) : value);
 }
 
 // A block has the indentation of the line on which it opens.
@@ -166,8 +171,10 @@ void CppFormatter::visit(Cpp::CtrlSubStmtHeadNode& node) {
     const Edge edge(*this, {}, true);
     if (options_.wsAfterCsKey.set) {
         std::string gap(readUpTo(start));
-        replaceGapEnds(gap, {}, options_.wsAfterCsKey.value);
+        replaceGapEnds(gap, {}, {});
         output_.writeExact(gap);
+        // Behind a line comment blanks part the parenthesis from nothing.
+        writeAtBase(output_.column() == 0 ? std::string_view() : options_.wsAfterCsKey.value, base());
     }
     copyUpTo(start);
     writeCondition(keywordOf(&node), readThrough(node.condition()->end()), sourceEdge);
