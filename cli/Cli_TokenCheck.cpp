@@ -16,7 +16,16 @@ void skipSpace(std::string_view text, std::size_t& at) {
     while (at < text.size() && Cpp::isSpace(text[at])) ++at;
 }
 
-bool equalButForSpace(std::string_view a, std::string_view b) {
+/// Offset behind the double quote that closes the one at `at`, or the end of the text.
+std::size_t endOfLiteral(std::string_view text, std::size_t at) {
+    for (++at; at < text.size() && text[at] != '"'; ++at) {
+        if (text[at] == '\\') ++at;
+    }
+    return std::min(at + 1, text.size());
+}
+
+/// With `guardsLiterals`, white space between double quotes counts.
+bool equalButForSpace(std::string_view a, std::string_view b, bool guardsLiterals) {
     std::size_t i = 0;
     std::size_t j = 0;
     while (true) {
@@ -26,9 +35,12 @@ bool equalButForSpace(std::string_view a, std::string_view b) {
         skipSpace(b, j);
         // White space at the end is the line end that the last line of a file may lack.
         if (i == a.size() || j == b.size()) return i == a.size() && j == b.size();
-        if ((i == beforeA) != (j == beforeB) || a[i] != b[j]) return false;
-        ++i;
-        ++j;
+        if ((i == beforeA) != (j == beforeB)) return false;
+        const bool opensLiteral = guardsLiterals && a[i] == '"' && (i == 0 || a[i - 1] != '\'');
+        const std::size_t length = opensLiteral ? endOfLiteral(a, i) - i : 1;
+        if (a.substr(i, length) != b.substr(j, length)) return false;
+        i += length;
+        j += length;
     }
 }
 
@@ -52,7 +64,7 @@ bool sameToken(std::string_view source, const Cpp::RawToken& a, std::string_view
     const std::string_view left = range(source, a);
     const std::string_view right = range(result, b);
     if (left == right) return true;
-    if (Cpp::isCommentOrDirective(a.type)) return equalButForSpace(left, right);
+    if (Cpp::isCommentOrDirective(a.type)) return equalButForSpace(left, right, a.type == Cpp::tkDirective);
     return (a.hasInnerSpace || b.hasInnerSpace) && Cpp::spelling(source, a) == Cpp::spelling(result, b);
 }
 
