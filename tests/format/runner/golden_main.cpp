@@ -1,4 +1,5 @@
-// Runs every case file under the folder of the cases as tests of their own.
+// Runs every case file under the folder of the cases, each case as a test of its own. Called with
+// --update-golden [FILE.case...] it rewrites the expected texts instead.
 
 #include "tests/format/runner/GoldenCheck.h"
 
@@ -98,7 +99,9 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     const std::filesystem::path folder = KERFLINE_CASES;
     const auto files = caseFiles(folder);
-    if (argc > 1 && std::string_view(argv[1]) == "--update-golden") return updateAll(files);
+    if (argc > 1 && std::string_view(argv[1]) == "--update-golden") {
+        return argc == 2 ? updateAll(files) : updateAll({argv + 2, argv + argc});
+    }
 
     Totals totals;
     for (const auto& file : files) registerFile(folder, file, totals);
