@@ -1,6 +1,7 @@
 #ifndef KERFLINE_NORVANE_CPPEXPRFORMATTERBASE_H
 #define KERFLINE_NORVANE_CPPEXPRFORMATTERBASE_H
 
+#include "src/Norvane_ExprTokens.h"
 #include "src/Norvane_OptionalString.h"
 #include "src/Norvane_PropertySet.h"
 #include "streams/Zelmar_IndentWriter.h"
@@ -80,6 +81,14 @@ protected:
     bool ppdFound_ = false;
     bool ppdLeftMost_ = false;
     DirectivePlace directivePlace_;
+
+private:
+    std::string writeList(std::string_view text, int separatorKind, bool aligned,
+                          const OptionalString& wsBefore, const OptionalString& wsBetween,
+                          const Zelmar::IndentStreamState& state);
+
+    // Kept for its memory: lists are laid out gap by gap.
+    ExprTokens listTokens_;
 };
 
 } // namespace Norvane

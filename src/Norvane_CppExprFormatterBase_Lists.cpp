@@ -144,29 +144,28 @@ void ListWriter::writeAlignedNext(std::size_t index) {
     copier_.copyTo(tokens_.end(index));
 }
 
-std::string writeList(const std::string& text, int separatorKind, bool aligned,
-                      const OptionalString& wsBefore, const OptionalString& wsBetween,
-                      const DirectivePlace& place, const Zelmar::IndentStreamState& state) {
-    ExprTokens tokens;
-    tokens.assign(text);
+} // namespace
+
+std::string CppExprFormatterBase::writeList(std::string_view text, int separatorKind, bool aligned,
+                                            const OptionalString& wsBefore, const OptionalString& wsBetween,
+                                            const Zelmar::IndentStreamState& state) {
+    listTokens_.assign(text);
     Zelmar::IndentWriter output(state);
-    ListWriter(tokens, wsBefore, wsBetween, place, output).write(separatorKind, aligned);
+    ListWriter(listTokens_, wsBefore, wsBetween, directivePlace_, output).write(separatorKind, aligned);
     return output.takeText();
 }
-
-} // namespace
 
 std::string CppExprFormatterBase::formatAlignedList(const std::string& text, int separatorKind,
                                                     const OptionalString& wsBefore,
                                                     const OptionalString& wsBetween,
                                                     const Zelmar::IndentStreamState& state) {
-    return writeList(text, separatorKind, true, wsBefore, wsBetween, directivePlace_, state);
+    return writeList(text, separatorKind, true, wsBefore, wsBetween, state);
 }
 
 std::string CppExprFormatterBase::formatList(const std::string& text, int separatorKind,
                                              const OptionalString& wsBefore, const OptionalString& wsBetween,
                                              const Zelmar::IndentStreamState& state) {
-    return writeList(text, separatorKind, false, wsBefore, wsBetween, directivePlace_, state);
+    return writeList(text, separatorKind, false, wsBefore, wsBetween, state);
 }
 
 } // namespace Norvane
