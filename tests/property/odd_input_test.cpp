@@ -42,22 +42,14 @@ TEST_P(CommentInGap, IsNeverLost) {
 INSTANTIATE_TEST_SUITE_P(Kinds, CommentInGap, testing::Values("/* c */", " // c\n", "/* c\n   d */", "\n#pragma p\n"),
                          [](const auto& row) { return "Kind" + std::to_string(row.index); });
 
+// The default scheme wraps lines too, so that every stage meets the nests.
 TEST(DeepNest, IsLaidOutOrRefused) {
-    for (const Source& nest : Property::deepNests()) {
-        EXPECT_EQ(breaches(Property::shippedScheme("default"), {nest}, Demand::keepTokens), "");
-    }
+    EXPECT_EQ(breaches(Property::shippedScheme("default"), Property::deepNests(), Demand::keepTokens), "");
 }
 
 TEST(DeepNest, ComesBackUnderTheEmptyScheme) {
     const Scheme empty{"empty", Norvane::PropertySet()};
     EXPECT_EQ(breaches(empty, Property::deepNests(), Demand::giveBack), "");
-}
-
-TEST(DeepNest, IsWrappedOrRefused) {
-    for (const Source& nest : Property::deepNests()) {
-        const Scheme scheme = Property::wrappedAt(80, Property::shippedScheme("default"));
-        EXPECT_EQ(breaches(scheme, {nest}, Demand::keepTokens), "");
-    }
 }
 
 } // namespace
