@@ -36,7 +36,8 @@ inline bool isDone(FormatResult result) {
 /// Returns why the result must not be written; empty if it may be. No function: it always may.
 using Gate = std::function<std::string(const std::string&, const std::string&, const std::string&)>;
 
-/// What every formatting works with. Nothing is owned, and all of it outlives the work.
+/// What every formatting works with. Nothing is owned, and all of it outlives the work. Texts can
+/// be formatted on several threads at once if each thread has a bench, and so a host, of its own.
 struct Workbench {
     Host& host;
     NorvaneUI::FileSystem& files;

@@ -134,7 +134,8 @@ public:
     virtual bool hasMessages() = 0;
     /// `severity` is 1 for information, 2 for a warning, 3 for an error. `text` already names the
     /// place; a host that shows places in its own way takes them from `place`.
-    virtual void addMessage(std::uint32_t severity, const std::string& text, const std::optional<Place>& place) = 0;
+    virtual void addMessage(std::uint32_t severity, const std::string& text,
+                            const std::optional<Place>& place) = 0;
     /// For `total` steps. Null: no progress is shown, and the run cannot be cancelled.
     virtual std::unique_ptr<FileProgressDlg> openProgress(int total) = 0;
     /// Takes what the user did meanwhile, so that a cancel arrives and the screen stays fresh.

@@ -16,7 +16,9 @@ using NorvaneUI::FileStatus;
 
 void chooseScheme(const NorvaneUI::PropertySetStore& store, SchemeChoice& choice) {
     choice.scheme.reset();
-    if (!choice.name.empty() && store.count(choice.name) != 0) choice.scheme = store.find(choice.name)->second.scheme;
+    if (!choice.name.empty() && store.count(choice.name) != 0) {
+        choice.scheme = store.find(choice.name)->second.scheme;
+    }
 }
 
 void tellOutcome(Host& host, Settings::Outcome outcome) {
@@ -100,7 +102,8 @@ void chooseSchemes(const NorvaneUI::PropertySetStore& store, AddInOptions& optio
     chooseScheme(store, options.onClose);
 }
 
-void ReadRegOptions(Host& host, Settings& settings, const NorvaneUI::PropertySetStore& store, AddInOptions& options) {
+void ReadRegOptions(Host& host, Settings& settings, const NorvaneUI::PropertySetStore& store,
+                    AddInOptions& options) {
     const Zelmar::Trace trace("ReadRegOptions");
     tellOutcome(host, settings.read());
     options = AddInOptions();

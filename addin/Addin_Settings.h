@@ -57,7 +57,8 @@ private:
 
 /// Fills `options` from `settings`, tells the user if they cannot be opened, and looks the schemes
 /// up in `store`.
-void ReadRegOptions(Host& host, Settings& settings, const NorvaneUI::PropertySetStore& store, AddInOptions& options);
+void ReadRegOptions(Host& host, Settings& settings, const NorvaneUI::PropertySetStore& store,
+                    AddInOptions& options);
 
 /// Writes `options`, and tells the user if that fails.
 void WriteRegOptions(Host& host, Settings& settings, const AddInOptions& options);

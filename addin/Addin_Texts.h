@@ -36,9 +36,9 @@ inline constexpr std::string_view kUnwritable =
 inline constexpr std::string_view kNotParsed =
     "Kerfline could not successfully parse the file %s. Please report this problem together with the file, if it "
     "compiles. The file will not be formatted.";
-inline constexpr std::string_view kUnexpected =
-    "An unexpected error has occurred. The current Kerfline operation has failed. Please contact Technical Support "
-    "and report the following details: %s";
+inline constexpr std::string_view kUnexpected = "An unexpected error has occurred. The current Kerfline "
+                                                "operation has failed. Please contact Technical Support "
+                                                "and report the following details: %s";
 inline constexpr std::string_view kOutOfMemory =
     "Kerfline is out of memory. Please try closing applications before attempting to run this application again.";
 inline constexpr std::string_view kUnknownDetail = "Unknown";
@@ -60,8 +60,8 @@ inline constexpr std::string_view kAskSave =
     "The file you have chosen to reformat is unsaved. Would you like to save it before Kerfline reformats it?";
 inline constexpr std::string_view kSaveFailed =
     "Kerfline was unable to save the file. The file will not be formatted.";
-inline constexpr std::string_view kNoText =
-    "Kerfline was unable to obtain the text of the active file from Visual Studio. The file will not be formatted.";
+inline constexpr std::string_view kNoText = "Kerfline was unable to obtain the text of the active file from "
+                                            "Visual Studio. The file will not be formatted.";
 
 // Batches. The spelling of the first is the one that people search for.
 inline constexpr std::string_view kNoModule =
@@ -89,8 +89,8 @@ inline constexpr std::string_view kListingTree =
     "Creating the list of C/C++ files in the directory tree %s";
 inline constexpr std::string_view kFormattingTree = "Formatting files under directory \"%s\" using scheme \"%s\".";
 inline constexpr std::string_view kFinishedTree = "Finished formatting directory tree.";
-inline constexpr std::string_view kAskTree =
-    "You have chosen to format all C/C++ files under the directory tree \"%s\". Are you sure you wish to continue?";
+inline constexpr std::string_view kAskTree = "You have chosen to format all C/C++ files under the directory "
+                                             "tree \"%s\". Are you sure you wish to continue?";
 
 // Settings and schemes.
 inline constexpr std::string_view kSettingsNotOpened =
@@ -98,11 +98,11 @@ inline constexpr std::string_view kSettingsNotOpened =
 inline constexpr std::string_view kSettingsNotCreated =
     "Failed to create registry settings. Any options you set during this session will not be saved.";
 inline constexpr std::string_view kSchemeUnreadable =
-    "Kerfline encountered an error while trying to read the scheme file \"%s\". To correct the problem, you should "
-    "delete this file before restarting Kerfline and attempting this operation again.";
+    "Kerfline encountered an error while trying to read the scheme file \"%s\". To correct the problem, you "
+    "should delete this file before restarting Kerfline and attempting this operation again.";
 inline constexpr std::string_view kSchemeUnwritable =
-    "Kerfline encountered an error while trying to write the scheme file \"%s\". To correct the problem, ensure you "
-    "have enough disk space and that the directory \"%s\" can be written to.";
+    "Kerfline encountered an error while trying to write the scheme file \"%s\". To correct the problem, "
+    "ensure you have enough disk space and that the directory \"%s\" can be written to.";
 
 /// Names of the thresholds 0 to 3.
 inline constexpr std::string_view kThresholds[] = {"Never display", "Information or greater", "Warning or greater",

@@ -103,7 +103,8 @@ void Descriptor::close() {
 FileStatus statusOf(const std::string& path) {
     struct stat found {};
     if (::stat(path.c_str(), &found) != 0) {
-        if (errno == ENOENT || errno == ENOTDIR) return {};
+        // A link that leads to itself leads nowhere, like one whose target is gone.
+        if (errno == ENOENT || errno == ENOTDIR || errno == ELOOP) return {};
         throw systemFailure(errno);
     }
     FileStatus status = toStatus(found);

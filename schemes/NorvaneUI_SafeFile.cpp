@@ -39,7 +39,8 @@ void flushFolderOf(const std::string& path) {
 /// A new file beside `target`, removed with its scope unless it is kept or took a place.
 class Sibling {
 public:
-    Sibling(const std::string& target, ::mode_t mode) : path_(folderOf(target) + ".kerfline-"), file_(open(mode)) {}
+    Sibling(const std::string& target, ::mode_t mode)
+        : path_(folderOf(target) + ".kerfline-"), file_(open(mode)) {}
     Sibling(const Sibling&) = delete;
     Sibling& operator=(const Sibling&) = delete;
     ~Sibling() {
@@ -109,7 +110,9 @@ void copyAttributes(const Descriptor& from, const Descriptor& to) {
         if (size < 0) continue;
         std::string value(static_cast<std::size_t>(size), '\0');
         const auto got = ::fgetxattr(from.number(), name, value.data(), value.size());
-        if (got < 0 || ::fsetxattr(to.number(), name, value.data(), static_cast<std::size_t>(got), 0) != 0) continue;
+        if (got < 0 || ::fsetxattr(to.number(), name, value.data(), static_cast<std::size_t>(got), 0) != 0) {
+            continue;
+        }
     }
 }
 
@@ -124,13 +127,16 @@ bool takeIdentity(const Descriptor& original, const Descriptor& copy) {
 }
 
 void checkUnchanged(const std::string& path, const FileStatus& seen) {
-    if (!seen.isUnchanged(statusOf(path))) throw Failure{FailureKind::changed, "The file has been changed meanwhile"};
+    if (!seen.isUnchanged(statusOf(path))) {
+        throw Failure{FailureKind::changed, "The file has been changed meanwhile"};
+    }
 }
 
 void writeInPlace(const std::string& path, std::string_view bytes) {
     Descriptor file(path, O_WRONLY);
     // On a full disk this says so before the first byte is touched; not all file systems know how.
-    if (!bytes.empty() && ::fallocate(file.number(), FALLOC_FL_KEEP_SIZE, 0, static_cast<::off_t>(bytes.size())) != 0 &&
+    if (!bytes.empty() &&
+        ::fallocate(file.number(), FALLOC_FL_KEEP_SIZE, 0, static_cast<::off_t>(bytes.size())) != 0 &&
         errno != EOPNOTSUPP && errno != ENOSYS) {
         throw systemFailure(errno);
     }

@@ -14,13 +14,13 @@ namespace {
 using Norvane::PropertySet;
 
 constexpr std::string_view kOneSkipped =
-    "The scheme '%s' was created using a previous version of Kerfline. The file is marked read-only and so cannot "
-    "be converted. Please ensure the file is read-write and run Kerfline again. Once the scheme has been converted, "
-    "the file can be set read-only again.";
+    "The scheme '%s' was created using a previous version of Kerfline. The file is marked read-only and so "
+    "cannot be converted. Please ensure the file is read-write and run Kerfline again. Once the scheme has "
+    "been converted, the file can be set read-only again.";
 constexpr std::string_view kSeveralSkipped =
-    "The following schemes were created using a previous version of Kerfline:\r\n%sThe files are read-only and so "
-    "cannot be converted. Please ensure that the scheme files listed are read-write and run Kerfline again. Once the "
-    "schemes have been converted, the files can be set read-only again.";
+    "The following schemes were created using a previous version of Kerfline:\r\n%sThe files are read-only "
+    "and so cannot be converted. Please ensure that the scheme files listed are read-write and run Kerfline "
+    "again. Once the schemes have been converted, the files can be set read-only again.";
 
 struct NamedInt {
     std::string_view name;

@@ -64,6 +64,7 @@ public:
     std::vector<Addin::Occasion> occasions;
     std::vector<int> bar;
     int total = 0;
+    int steps = 0;
     bool cancelled = false;
     bool dialogOpen = false;
     Addin::EventSink* sink = nullptr;
@@ -176,7 +177,7 @@ public:
         log.push_back(std::to_string(severity) + ": " + text);
         if (place) places.emplace_back(*place, text);
     }
-    std::unique_ptr<Addin::FileProgressDlg> openProgress(int steps) override;
+    std::unique_ptr<Addin::FileProgressDlg> openProgress(int stepCount) override;
     void pump() override { onPump(); }
     Result<bool> showOptions(Addin::AddInOptions& options, NorvaneUI::PropertySetStore& schemes) override {
         if (failing.count("showOptions") != 0) return Failure{failing.at("showOptions")};
@@ -210,17 +211,15 @@ public:
         if (!host_.cancelAt.empty() && text.starts_with(host_.cancelAt)) host_.cancelled = true;
     }
     void set(int steps) override { host_.bar.push_back(steps); }
-    void step() override { ++steps_; }
+    void step() override { ++host_.steps; }
     bool cancelled() const override { return host_.cancelled; }
-    int steps() const { return steps_; }
 
 private:
     FakeHost& host_;
-    int steps_ = 0;
 };
 
-inline std::unique_ptr<Addin::FileProgressDlg> FakeHost::openProgress(int steps) {
-    total = steps;
+inline std::unique_ptr<Addin::FileProgressDlg> FakeHost::openProgress(int stepCount) {
+    total = stepCount;
     if (!hasProgress) return nullptr;
     return std::make_unique<FakeProgress>(*this);
 }

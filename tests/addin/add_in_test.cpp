@@ -9,8 +9,8 @@ namespace {
 using Addin::Answer;
 
 constexpr const char* kNoScheme =
-    "notice: You have not selected a scheme to use when formatting. Please indicate via the Kerfline Options dialog "
-    "which Scheme you wish to use when formatting before attempting to format again.";
+    "notice: You have not selected a scheme to use when formatting. Please indicate via the Kerfline Options "
+    "dialog which Scheme you wish to use when formatting before attempting to format again.";
 
 class Connected : public AddinTest {
 protected:
@@ -29,9 +29,9 @@ TEST_F(Connected, RegistersTheFiveCommandsInOrder) {
     connect();
     EXPECT_EQ(host.commands,
               (Lines{"FormatActiveDocument=FormatActiveDocument", "FormatActiveProject=FormatActiveProject",
-                     "FormatActiveWorkspace=FormatActiveWorkspace", "ShowOptions=ShowKLOptions", "ShowHelp=ShowKLHelp",
-                     "button FormatActiveDocument", "button FormatActiveProject", "button FormatActiveWorkspace",
-                     "button ShowOptions", "button ShowHelp"}));
+                     "FormatActiveWorkspace=FormatActiveWorkspace", "ShowOptions=ShowKLOptions",
+                     "ShowHelp=ShowKLHelp", "button FormatActiveDocument", "button FormatActiveProject",
+                     "button FormatActiveWorkspace", "button ShowOptions", "button ShowHelp"}));
     EXPECT_TRUE(host.log.empty());
     EXPECT_EQ(host.sink, &addIn);
     addIn.OnDisconnection();
@@ -70,9 +70,10 @@ TEST_F(Connected, GoesOnWithoutTheProjectModule) {
 TEST_F(Connected, BrokenSchemeFileIsToldOfAndCostsNoSetting) {
     disk.put("/s/bad.kls", "broken");
     connect();
-    EXPECT_EQ(host.log, Lines{"3: Kerfline encountered an error while trying to read the scheme file \"/s/bad.kls\". To "
-                              "correct the problem, you should delete this file before restarting Kerfline and "
-                              "attempting this operation again."});
+    EXPECT_EQ(host.log,
+              Lines{"3: Kerfline encountered an error while trying to read the scheme file \"/s/bad.kls\". To "
+                    "correct the problem, you should delete this file before restarting Kerfline and "
+                    "attempting this operation again."});
     EXPECT_TRUE(host.sink);
     host.onOptions = [](Addin::AddInOptions& edited, NorvaneUI::PropertySetStore&) {
         EXPECT_EQ(edited.onFormat.name, "");
@@ -101,7 +102,8 @@ TEST_F(Connected, NamesOldSchemesThatAreReadOnly) {
     disk.putReadOnly("/s/Old.kls", "Norvane::PropertySet\n1\n\"Old\"\n");
     connect();
     ASSERT_EQ(host.log.size(), 1u);
-    EXPECT_TRUE(host.log[0].starts_with("notice: The scheme 'Old' was created using a previous version")) << host.log[0];
+    EXPECT_TRUE(host.log[0].starts_with("notice: The scheme 'Old' was created using a previous version"))
+        << host.log[0];
 }
 
 TEST_F(Connected, ConversionThatCannotBeWrittenIsToldOf) {
@@ -109,9 +111,10 @@ TEST_F(Connected, ConversionThatCannotBeWrittenIsToldOf) {
     setSettings("OnFormat=Old\n");
     disk.fail("replace", "/s/Old.kls", FailureKind::full);
     connect();
-    EXPECT_EQ(host.log, Lines{"3: Kerfline encountered an error while trying to write the scheme file \"/s/Old.kls\". "
-                              "To correct the problem, ensure you have enough disk space and that the directory "
-                              "\"/s/\" can be written to."});
+    EXPECT_EQ(host.log,
+              Lines{"3: Kerfline encountered an error while trying to write the scheme file \"/s/Old.kls\". "
+                    "To correct the problem, ensure you have enough disk space and that the directory "
+                    "\"/s/\" can be written to."});
     std::string version;
     ASSERT_TRUE(addIn.options().onFormat.scheme);
     EXPECT_TRUE(addIn.options().onFormat.scheme->getString("KERFLINE_VERSION", version));
@@ -135,7 +138,8 @@ TEST_F(Connected, FormatsTheActiveDocument) {
     const auto document = host.open("/a.cpp", kSource);
     addIn.FormatActiveDocument();
     EXPECT_EQ(textOf(document), kResult);
-    EXPECT_EQ(host.told(), (Lines{"1: Formatting active file using scheme \"Mine\".", "1: Formatting \"/a.cpp\"."}));
+    EXPECT_EQ(host.told(),
+              (Lines{"1: Formatting active file using scheme \"Mine\".", "1: Formatting \"/a.cpp\"."}));
 }
 
 TEST_F(Connected, NeedsAnActiveDocument) {
@@ -149,14 +153,14 @@ TEST_F(Connected, FormatsProjectAndWorkspace) {
     connect();
     disk.put("/p/a.cpp", kSource);
     host.activeOne = host.addProject("Pro", {"a.cpp"});
-    host.answers["You have chosen to format all C/C++ files in the project \"Pro\". Are you sure you wish to continue?"] =
-        Answer::yes;
+    host.answers["You have chosen to format all C/C++ files in the project \"Pro\". Are you sure you wish to "
+                 "continue?"] = Answer::yes;
     addIn.FormatActiveProject();
     EXPECT_EQ(disk.text("/p/a.cpp"), kResult);
     disk.put("/p/a.cpp", kSource);
     host.opened = Addin::Workspace{"Work", {*host.activeOne}};
-    host.answers["You have chosen to format all C/C++ files in the workspace \"Work\". Are you sure you wish to continue?"] =
-        Answer::yes;
+    host.answers["You have chosen to format all C/C++ files in the workspace \"Work\". Are you sure you wish "
+                 "to continue?"] = Answer::yes;
     addIn.FormatActiveWorkspace();
     EXPECT_EQ(disk.text("/p/a.cpp"), kResult);
 }
@@ -196,7 +200,8 @@ TEST_F(Connected, RefusesWhatArrivesWhileItRuns) {
     };
     addIn.FormatActiveDocument();
     EXPECT_GT(pumps, 0);
-    EXPECT_EQ(host.told(), (Lines{"1: Formatting active file using scheme \"Mine\".", "1: Formatting \"/a.cpp\"."}));
+    EXPECT_EQ(host.told(),
+              (Lines{"1: Formatting active file using scheme \"Mine\".", "1: Formatting \"/a.cpp\"."}));
     host.onPump = [] {};
     addIn.ShowKLHelp();
     EXPECT_EQ(host.log.back(), "help: FormattingAddIn.htm");
@@ -267,8 +272,9 @@ TEST_F(Connected, NoExceptionReachesTheHost) {
     connect();
     host.onOptions = [](Addin::AddInOptions&, NorvaneUI::PropertySetStore&) -> bool { throw 1; };
     addIn.ShowKLOptions();
-    EXPECT_EQ(host.log, Lines{"3: An unexpected error has occurred. The current Kerfline operation has failed. Please "
-                              "contact Technical Support and report the following details: Unknown"});
+    EXPECT_EQ(host.log,
+              Lines{"3: An unexpected error has occurred. The current Kerfline operation has failed. Please "
+                    "contact Technical Support and report the following details: Unknown"});
     // The operation is over, and the next one runs.
     addIn.ShowKLHelp();
     EXPECT_EQ(host.log.back(), "help: FormattingAddIn.htm");

@@ -34,15 +34,17 @@ protected:
 TEST_F(Batch, FormatsTheFilesOfAProject) {
     putSources({"/p/a.cpp", "/p/sub/b.h", "/x/c.cpp"});
     disk.put("/p/done.cpp", kResult);
-    const BatchCounts counts = runProject({"a.cpp", "", "sub/b.h", "Pro.dsp", "Work.DSW", "/x/c.cpp", "done.cpp", "t.txt"});
+    const BatchCounts counts =
+        runProject({"a.cpp", "", "sub/b.h", "Pro.dsp", "Work.DSW", "/x/c.cpp", "done.cpp", "t.txt"});
     EXPECT_EQ(disk.changes, (Lines{"replace /p/a.cpp", "replace /p/sub/b.h", "replace /x/c.cpp"}));
     EXPECT_EQ(counts.formatted, 3);
     EXPECT_EQ(counts.unchanged, 1);
     EXPECT_EQ(counts.skipped, 1);
-    EXPECT_EQ(host.told(),
-              (Lines{std::string("question: ") + kAskProject, "1: Formatting active project using scheme \"Mine\".",
-                     "1: Formatting \"/p/a.cpp\".", "1: Formatting \"/p/sub/b.h\".", "1: Formatting \"/x/c.cpp\".",
-                     "1: Formatting \"/p/done.cpp\".", "1: Finished formatting project."}));
+    EXPECT_EQ(
+        host.told(),
+        (Lines{std::string("question: ") + kAskProject, "1: Formatting active project using scheme \"Mine\".",
+               "1: Formatting \"/p/a.cpp\".", "1: Formatting \"/p/sub/b.h\".", "1: Formatting \"/x/c.cpp\".",
+               "1: Formatting \"/p/done.cpp\".", "1: Finished formatting project."}));
     EXPECT_EQ(host.total, 40);
     EXPECT_EQ(host.bar, (std::vector<int>{0, 5, 10, 15, 20, 25, 30, 35}));
 }
@@ -50,11 +52,13 @@ TEST_F(Batch, FormatsTheFilesOfAProject) {
 TEST_F(Batch, NeedsAProjectAndAWorkspace) {
     Addin::BatchFormatter(bench).formatActiveProject(keywordScheme());
     runWorkspace();
-    EXPECT_EQ(host.log,
-              (Lines{"notice: Kerfline was unable to find an active project in the currently loaded workspace. Please "
-                     "set a project to be active before trying this command again.",
-                     "notice: No workspace is currently loaded. Please open a workspace before trying this command "
-                     "again."}));
+    EXPECT_EQ(
+        host.log,
+        (Lines{
+            "notice: Kerfline was unable to find an active project in the currently loaded workspace. Please "
+            "set a project to be active before trying this command again.",
+            "notice: No workspace is currently loaded. Please open a workspace before trying this command "
+            "again."}));
 }
 
 TEST_F(Batch, DoesNothingWithoutAYes) {
@@ -66,17 +70,20 @@ TEST_F(Batch, DoesNothingWithoutAYes) {
         host.opened = Addin::Workspace{"Work", {*host.activeOne}};
         runWorkspace();
     }
-    EXPECT_EQ(host.log, (Lines{std::string("question: ") + kAskProject, std::string("question: ") + kAskWorkspace,
-                               std::string("question: ") + kAskProject, std::string("question: ") + kAskWorkspace}));
+    EXPECT_EQ(host.log,
+              (Lines{std::string("question: ") + kAskProject, std::string("question: ") + kAskWorkspace,
+                     std::string("question: ") + kAskProject, std::string("question: ") + kAskWorkspace}));
     EXPECT_TRUE(disk.changes.empty());
 }
 
 TEST_F(Batch, FormatsEachProjectOfAWorkspace) {
     putSources({"/p/a.cpp", "/p/b.cpp"});
-    host.opened = Addin::Workspace{"Work", {host.addProject("One", {"a.cpp"}), host.addProject("Two", {"a.cpp", "b.cpp"})}};
+    host.opened = Addin::Workspace{
+        "Work", {host.addProject("One", {"a.cpp"}), host.addProject("Two", {"a.cpp", "b.cpp"})}};
     EXPECT_EQ(runWorkspace().formatted, 2);
     EXPECT_EQ(host.told(),
-              (Lines{std::string("question: ") + kAskWorkspace, "1: Formatting workspace \"Work\" using scheme \"Mine\".",
+              (Lines{std::string("question: ") + kAskWorkspace,
+                     "1: Formatting workspace \"Work\" using scheme \"Mine\".",
                      "1: Formatting project \"One\" using scheme \"Mine\".", "1: Formatting \"/p/a.cpp\".",
                      "1: Formatting project \"Two\" using scheme \"Mine\".", "1: Formatting \"/p/b.cpp\".",
                      "1: Finished formatting workspace."}));
@@ -169,8 +176,9 @@ TEST_F(Batch, DoesNotWriteBehindTheBackOfTheHost) {
     const BatchCounts counts = runProject({"a.cpp", "b.cpp"});
     EXPECT_EQ(counts.failed, 1);
     EXPECT_EQ(disk.changes, Lines{"replace /p/b.cpp"});
-    EXPECT_EQ(host.logged("3"), Lines{"Kerfline was unable to write the formatted text back to the file \"/p/a.cpp\". "
-                                      "The file will not be formatted."});
+    EXPECT_EQ(host.logged("3"),
+              Lines{"Kerfline was unable to write the formatted text back to the file \"/p/a.cpp\". "
+                    "The file will not be formatted."});
 }
 
 TEST_F(Batch, WorksWithoutADialog) {

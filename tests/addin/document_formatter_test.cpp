@@ -9,8 +9,9 @@ using Addin::Answer;
 using Addin::FormatResult;
 using Addin::Occasion;
 
-constexpr const char* kAskExtension = "The file \"/a.inl\" does not have a file extension registered with Kerfline as "
-                                      "valid for formatting. Format the file anyway?";
+constexpr const char* kAskExtension =
+    "The file \"/a.inl\" does not have a file extension registered with Kerfline as "
+    "valid for formatting. Format the file anyway?";
 constexpr const char* kAskSave =
     "The file you have chosen to reformat is unsaved. Would you like to save it before Kerfline reformats it?";
 
@@ -78,7 +79,8 @@ TEST_F(FormatDocument, RefusesAReadOnlyDocument) {
     const auto document = host.open("/a.cpp", kSource);
     host.documents.at(document).info.isReadOnly = true;
     EXPECT_EQ(run(document), FormatResult::refused);
-    EXPECT_EQ(host.told(), Lines{"1: The file you are attempting to format is read only and cannot be formatted."});
+    EXPECT_EQ(host.told(),
+              Lines{"1: The file you are attempting to format is read only and cannot be formatted."});
     EXPECT_EQ(textOf(document), kSource);
 }
 
@@ -156,13 +158,14 @@ struct BadDocument {
     std::string message;
     bool isShown;
 };
-constexpr const char* kNoText =
-    "3: Kerfline was unable to obtain the text of the active file from Visual Studio. The file will not be formatted.";
+constexpr const char* kNoText = "3: Kerfline was unable to obtain the text of the active file from Visual "
+                                "Studio. The file will not be formatted.";
 constexpr const char* kUnwritable = "3: Kerfline was unable to write the formatted text back to the file "
                                     "\"/a.cpp\". The file will not be formatted.";
 using NorvaneUI::FailureKind;
 const BadDocument kBadDocuments[] = {
-    {"NoText", [](FakeHost& host, FakeFileSystem&) { host.failing["text"] = FailureKind::other; }, kNoText, false},
+    {"NoText", [](FakeHost& host, FakeFileSystem&) { host.failing["text"] = FailureKind::other; }, kNoText,
+     false},
     {"SaveFails",
      [](FakeHost& host, FakeFileSystem&) {
          host.documents.begin()->second.info.saved = Addin::Saved::no;
@@ -179,9 +182,9 @@ const BadDocument kBadDocuments[] = {
          };
      },
      kUnwritable, false},
-    {"BackupFails",
-     [](FakeHost&, FakeFileSystem& disk) { disk.fail("copy", "/a.cpp.bak", FailureKind::full); },
-     "3: Kerfline was unable to create a backup file for the file \"/a.cpp\". The file will not be formatted.", false},
+    {"BackupFails", [](FakeHost&, FakeFileSystem& disk) { disk.fail("copy", "/a.cpp.bak", FailureKind::full); },
+     "3: Kerfline was unable to create a backup file for the file \"/a.cpp\". The file will not be formatted.",
+     false},
 };
 class FormatDocumentFailure : public FormatDocument, public testing::WithParamInterface<BadDocument> {};
 
@@ -215,7 +218,8 @@ TEST_F(FormatDocument, ListsTheDiagnosticsOfATextThatDoesNotParse) {
     const Lines errors = host.logged("3");
     ASSERT_GE(errors.size(), 2u);
     EXPECT_TRUE(errors.front().starts_with("/a.cpp(1) : error: col ")) << errors.front();
-    EXPECT_TRUE(errors.back().starts_with("Kerfline could not successfully parse the file /a.cpp. ")) << errors.back();
+    EXPECT_TRUE(errors.back().starts_with("Kerfline could not successfully parse the file /a.cpp. "))
+        << errors.back();
     EXPECT_TRUE(cursorStayed(document));
 }
 

@@ -25,6 +25,7 @@ TEST_F(FormatFile, WritesTheResultAndTellsEachStep) {
     EXPECT_EQ(host.log, (Lines{"progress: Opening file:\n/a.cpp", "1: Formatting \"/a.cpp\".",
                                "progress: Analyzing file:\n/a.cpp", "progress: Formatting file:\n/a.cpp",
                                "progress: Writing file:\n/a.cpp", "progress: Completed file:\n/a.cpp"}));
+    EXPECT_EQ(host.steps, Addin::FileProgressDlg::kStepsPerFile);
 }
 
 TEST_F(FormatFile, WorksWithoutADialog) {
@@ -66,8 +67,9 @@ TEST_F(FormatFile, BackupExtensionNeverLeadsElsewhere) {
     disk.put("/a.cpp", kSource);
     EXPECT_EQ(run(), FormatResult::failed);
     EXPECT_TRUE(disk.changes.empty());
-    EXPECT_EQ(host.told().back(), "3: Kerfline was unable to create a backup file for the file \"/a.cpp\". The file "
-                                  "will not be formatted.");
+    EXPECT_EQ(host.told().back(),
+              "3: Kerfline was unable to create a backup file for the file \"/a.cpp\". The file "
+              "will not be formatted.");
 }
 
 TEST_F(FormatFile, KeepsLineEndsAndByteOrderMark) {
@@ -117,13 +119,16 @@ struct BadFile {
     bool isShown;
 };
 const BadFile kBadFiles[] = {
-    {"Missing", [](FakeFileSystem& disk) { disk.vanish("/a.cpp"); }, "3: The file \"/a.cpp\" cannot be found.", false},
+    {"Missing", [](FakeFileSystem& disk) { disk.vanish("/a.cpp"); }, "3: The file \"/a.cpp\" cannot be found.",
+     false},
     {"ReadOnly", [](FakeFileSystem& disk) { disk.setWritable("/a.cpp", false); }, kNoPermissions, false},
     {"WriteOnly", [](FakeFileSystem& disk) { disk.setReadable("/a.cpp", false); }, kNoPermissions, false},
-    {"HiddenFolder", [](FakeFileSystem& disk) { disk.fail("status", "/a.cpp", NorvaneUI::FailureKind::denied); },
+    {"HiddenFolder",
+     [](FakeFileSystem& disk) { disk.fail("status", "/a.cpp", NorvaneUI::FailureKind::denied); },
      kNoPermissions, false},
     {"Unreadable", [](FakeFileSystem& disk) { disk.fail("read", "/a.cpp"); }, kUnreadable, true},
-    {"Folder", [](FakeFileSystem& disk) { disk.setKind("/a.cpp", NorvaneUI::FileKind::folder); }, kUnreadable, true},
+    {"Folder", [](FakeFileSystem& disk) { disk.setKind("/a.cpp", NorvaneUI::FileKind::folder); }, kUnreadable,
+     true},
     {"Pipe",
      [](FakeFileSystem& disk) {
          disk.put("/a.cpp", "");
@@ -149,7 +154,8 @@ const BadFile kBadFiles[] = {
     {"FullDisk", [](FakeFileSystem& disk) { disk.fail("replace", "/a.cpp", NorvaneUI::FailureKind::full); },
      kUnwritable, false},
     {"NoBackup", [](FakeFileSystem& disk) { disk.fail("copy", "/a.cpp.bak", NorvaneUI::FailureKind::full); },
-     "3: Kerfline was unable to create a backup file for the file \"/a.cpp\". The file will not be formatted.", false},
+     "3: Kerfline was unable to create a backup file for the file \"/a.cpp\". The file will not be formatted.",
+     false},
 };
 class FormatFileFailure : public FormatFile, public testing::WithParamInterface<BadFile> {};
 
@@ -176,7 +182,8 @@ TEST_F(FormatFile, ListsTheDiagnosticsOfATextThatDoesNotParse) {
     const Lines errors = host.logged("3");
     ASSERT_GE(errors.size(), 2u);
     EXPECT_TRUE(errors.front().starts_with("/a.cpp(1) : error: col ")) << errors.front();
-    EXPECT_TRUE(errors.back().starts_with("Kerfline could not successfully parse the file /a.cpp. ")) << errors.back();
+    EXPECT_TRUE(errors.back().starts_with("Kerfline could not successfully parse the file /a.cpp. "))
+        << errors.back();
     EXPECT_TRUE(errors.back().ends_with(" The file will not be formatted.")) << errors.back();
     ASSERT_FALSE(host.places.empty());
     EXPECT_EQ(host.places[0].first.path, "/a.cpp");
@@ -185,7 +192,8 @@ TEST_F(FormatFile, ListsTheDiagnosticsOfATextThatDoesNotParse) {
 
 TEST_F(FormatFile, RefusesWhatIsNoSource) {
     const std::pair<std::string, std::string> cases[] = {
-        {std::string("int a;\nint\0b;\n", 14), "(2) : error: col 4: The text is no source: it holds a NUL character."},
+        {std::string("int a;\nint\0b;\n", 14),
+         "(2) : error: col 4: The text is no source: it holds a NUL character."},
         {std::string("\0", 1), "(1) : error: col 1: The text is no source: it holds a NUL character."},
         {std::string("\n\0", 2), "(2) : error: col 1: The text is no source: it holds a NUL character."},
         {"\xff\xfei", "(0) : error: col 0: The text is no source that can be read: it is in UTF-16."},
@@ -249,16 +257,17 @@ struct Thrown {
 };
 const Thrown kThrown[] = {
     {"Engine", [] { throw Trn::InvalidParameterException(); },
-     "An unexpected error has occurred. The current Kerfline operation has failed. Please contact Technical Support "
-     "and report the following details: InvalidParameterExecption"},
+     "An unexpected error has occurred. The current Kerfline operation has failed. Please contact Technical "
+     "Support and report the following details: InvalidParameterExecption"},
     {"Memory", [] { throw std::bad_alloc(); },
-     "Kerfline is out of memory. Please try closing applications before attempting to run this application again."},
+     "Kerfline is out of memory. Please try closing applications before attempting to run this application "
+     "again."},
     {"Standard", [] { throw std::runtime_error("100 %s"); },
-     "An unexpected error has occurred. The current Kerfline operation has failed. Please contact Technical Support "
-     "and report the following details: 100 %s"},
+     "An unexpected error has occurred. The current Kerfline operation has failed. Please contact Technical "
+     "Support and report the following details: 100 %s"},
     {"Other", [] { throw 1; },
-     "An unexpected error has occurred. The current Kerfline operation has failed. Please contact Technical Support "
-     "and report the following details: Unknown"},
+     "An unexpected error has occurred. The current Kerfline operation has failed. Please contact Technical "
+     "Support and report the following details: Unknown"},
 };
 class FormatFileThrows : public FormatFile, public testing::WithParamInterface<Thrown> {};
 
@@ -268,7 +277,8 @@ TEST_P(FormatFileThrows, TellsOfItAndLeavesTheFile) {
         if (text.starts_with("Formatting file")) GetParam().raise();
     };
     EXPECT_EQ(run(), FormatResult::failed);
-    EXPECT_EQ(host.logged("3"), Lines{std::string(GetParam().text) + " The file \"/a.cpp\" will not be formatted."});
+    EXPECT_EQ(host.logged("3"),
+              Lines{std::string(GetParam().text) + " The file \"/a.cpp\" will not be formatted."});
     EXPECT_EQ(disk.text("/a.cpp"), kSource);
 }
 INSTANTIATE_TEST_SUITE_P(All, FormatFileThrows, testing::ValuesIn(kThrown),

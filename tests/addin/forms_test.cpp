@@ -7,7 +7,8 @@ namespace {
 
 TEST(ExtensionOf, IsBehindTheLastDotOfTheFile) {
     const std::pair<std::string, std::string> cases[] = {
-        {"a.cpp", "cpp"}, {"/x.d/Makefile", ""}, {"a", ""}, {"a.", ""}, {"a.b.C", "c"}, {".H", "h"}, {"a.\xc3\x84", "\xc3\x84"},
+        {"a.cpp", "cpp"}, {"/x.d/Makefile", ""},      {"a", ""}, {"a.", ""}, {"a.b.C", "c"},
+        {".H", "h"},      {"a.\xc3\x84", "\xc3\x84"},
     };
     for (const auto& [path, extension] : cases) EXPECT_EQ(Addin::extensionOf(path), extension) << path;
 }
@@ -25,7 +26,9 @@ TEST(IsListedExtension, ComparesWithoutCase) {
         {"a.", ",,", false},            {"Makefile", "c", false},   {"/c.c/Makefile", "c/Makefile", false},
         {"a.cpp", " ,;\t;cpp ", true},  {"a.cpp", "...", false},    {"a.cpp.txt", "cpp", false},
     };
-    for (const Row& row : rows) EXPECT_EQ(Addin::isListedExtension(row.path, row.list), row.listed) << row.path << ' ' << row.list;
+    for (const Row& row : rows) {
+        EXPECT_EQ(Addin::isListedExtension(row.path, row.list), row.listed) << row.path << ' ' << row.list;
+    }
 }
 
 TEST(BackupExtensionOf, IsNeverEmpty) {
@@ -35,8 +38,12 @@ TEST(BackupExtensionOf, IsNeverEmpty) {
 }
 
 TEST(IsValidExtension, KnowsWhatCannotEndAName) {
-    for (const char bad : std::string("<>:\\/|?")) EXPECT_FALSE(Addin::isValidExtension(std::string("a") + bad)) << bad;
-    for (const char* good : {"", "cpp", ".cpp", " x ", "*", "\""}) EXPECT_TRUE(Addin::isValidExtension(good)) << good;
+    for (const char bad : std::string("<>:\\/|?")) {
+        EXPECT_FALSE(Addin::isValidExtension(std::string("a") + bad)) << bad;
+    }
+    for (const char* good : {"", "cpp", ".cpp", " x ", "*", "\""}) {
+        EXPECT_TRUE(Addin::isValidExtension(good)) << good;
+    }
 }
 
 TEST(SourceForm, GivesBackTheCommonestLineEnd) {
@@ -46,7 +53,9 @@ TEST(SourceForm, GivesBackTheCommonestLineEnd) {
         {"a\nb\r\n", "x\ny\n"},       {"a\rb\n", "x\ry\r"},         {"a\r\r\n", "x\ry\r"},
         {"", "x\ny\n"},               {"\r\n\r\n\n\n\n", "x\ny\n"},
     };
-    for (const auto& [source, result] : cases) EXPECT_EQ(Addin::SourceForm(source).bytesOf("x\ny\n"), result) << source;
+    for (const auto& [source, result] : cases) {
+        EXPECT_EQ(Addin::SourceForm(source).bytesOf("x\ny\n"), result) << source;
+    }
 }
 
 TEST(SourceForm, TakesTheByteOrderMarkOffAndPutsItBack) {

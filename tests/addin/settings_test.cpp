@@ -10,14 +10,16 @@ namespace {
 
 using Addin::SettingsText;
 
-constexpr const char* kNotOpened = "notice: Could not open application registry key. Any options you set during this "
-                                   "session will not be saved.";
+constexpr const char* kNotOpened =
+    "notice: Could not open application registry key. Any options you set during this "
+    "session will not be saved.";
 constexpr const char* kNotCreated =
     "notice: Failed to create registry settings. Any options you set during this session will not be saved.";
 
 TEST(SettingsText, FindsValuesOfItsSection) {
-    const SettingsText text("A=0\n[Other]\nA=1\n[Options]\n# A=2\n;A=3\n A = 4 \r\nB=\nQ=\"\\n\\\"\\\\ \"\nno value\n"
-                            "A=5\n[More]\nA=6");
+    const SettingsText text(
+        "A=0\n[Other]\nA=1\n[Options]\n# A=2\n;A=3\n A = 4 \r\nB=\nQ=\"\\n\\\"\\\\ \"\nno value\n"
+        "A=5\n[More]\nA=6");
     EXPECT_EQ(text.value("A"), "5");
     EXPECT_EQ(text.value("B"), "");
     EXPECT_EQ(text.value("Q"), "\n\"\\ ");

@@ -27,7 +27,9 @@ protected:
         if (found != store.end()) found->second.scheme.getInt("TAB_SIZE", value);
         return value;
     }
-    void setTabSize(const std::string& name, int value) { store.find(name)->second.scheme.setInt("TAB_SIZE", value); }
+    void setTabSize(const std::string& name, int value) {
+        store.find(name)->second.scheme.setInt("TAB_SIZE", value);
+    }
     std::string messageOfRead() {
         try {
             store.read();
@@ -68,7 +70,9 @@ TEST_F(Store, TouchesNothingWithoutAFolder) {
 }
 
 TEST_F(Store, FindsRegularFilesOfTheExtensionInByteOrder) {
-    for (const char* name : {"b.kls", "a.KLS", ".kls", "a.kl1", "kls", "d.kls", "gone.kls"}) disk.put(std::string("/s/") + name, "");
+    for (const char* name : {"b.kls", "a.KLS", ".kls", "a.kl1", "kls", "d.kls", "gone.kls"}) {
+        disk.put(std::string("/s/") + name, "");
+    }
     disk.setKind("/s/d.kls", FakeFileSystem::FileKind::folder);
     disk.setKind("/s/gone.kls", FakeFileSystem::FileKind::missing);
     EXPECT_EQ(store.findPSFiles(), (std::vector<std::string>{".kls", "a.KLS", "b.kls"}));
@@ -223,10 +227,11 @@ TEST_P(StoreFailure, NamesTheFileAndRemovesNothing) {
 }
 INSTANTIATE_TEST_SUITE_P(
     All, StoreFailure,
-    testing::Values(FailedWrite{"NewFile", "create", "/s/C.kls", "Could not successfully write PropertySet \"/s/C.kls\""},
-                    FailedWrite{"OldFile", "replace", "/s/b.kls", "Could not successfully write PropertySet \"/s/b.kls\""},
-                    FailedWrite{"Status", "status", "/s/b.kls", "Could not successfully write PropertySet \"/s/b.kls\""},
-                    FailedWrite{"Folder", "makeFolders", "/s/", "Could not successfully write PropertySet \"/s/\""}),
+    testing::Values(
+        FailedWrite{"NewFile", "create", "/s/C.kls", "Could not successfully write PropertySet \"/s/C.kls\""},
+        FailedWrite{"OldFile", "replace", "/s/b.kls", "Could not successfully write PropertySet \"/s/b.kls\""},
+        FailedWrite{"Status", "status", "/s/b.kls", "Could not successfully write PropertySet \"/s/b.kls\""},
+        FailedWrite{"Folder", "makeFolders", "/s/", "Could not successfully write PropertySet \"/s/\""}),
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(Store, FileThatTurnedReadOnlyIsNeitherWrittenNorRemoved) {

@@ -157,10 +157,11 @@ TEST_F(ConvertSchemes, NamesSeveralReadOnlySchemesAndConvertsTheRest) {
     addReadOnly("One");
     addReadOnly("Two");
     add("Writable");
-    EXPECT_EQ(run(), "The following schemes were created using a previous version of Kerfline:\r\nOne\r\nTwo\r\nThe "
-                     "files are read-only and so cannot be converted. Please ensure that the scheme files listed are "
-                     "read-write and run Kerfline again. Once the schemes have been converted, the files can be set "
-                     "read-only again.");
+    EXPECT_EQ(run(),
+              "The following schemes were created using a previous version of Kerfline:\r\nOne\r\nTwo\r\nThe "
+              "files are read-only and so cannot be converted. Please ensure that the scheme files listed are "
+              "read-write and run Kerfline again. Once the schemes have been converted, the files can be set "
+              "read-only again.");
     EXPECT_EQ(disk.changes, std::vector<std::string>{"replace /s/Writable.kls"});
 }
 
