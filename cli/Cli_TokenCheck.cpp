@@ -79,6 +79,7 @@ Trn::Position positionOf(std::string_view text, std::size_t offset) {
 } // namespace
 
 std::optional<Trn::Position> firstTokenDifference(std::string_view source, std::string_view result) {
+    if (source == result) return std::nullopt;
     Cpp::Scanner sourceScanner(source);
     Cpp::Scanner resultScanner(result);
     Cpp::RawToken a;
