@@ -24,12 +24,17 @@ bool hasErrors(const Trn::MessageList& messages) {
 struct Attempt {
     RootNode root;
     Trn::MessageList messages;
+    bool hasStrayBrace = false;
+
+    bool isWhole() const { return !hasErrors(messages) && !hasStrayBrace; }
 };
 
 Attempt build(const Zelmar::SourceText& source, std::vector<ParseToken> tokens) {
     Attempt attempt;
     const TokenTable table(source, std::move(tokens));
-    TreeBuilder(table, attempt.messages).parseRoot(attempt.root);
+    TreeBuilder builder(table, attempt.messages);
+    builder.parseRoot(attempt.root);
+    attempt.hasStrayBrace = builder.hasStrayBrace();
     return attempt;
 }
 
@@ -41,17 +46,18 @@ void Parser::parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::MessageList& m
     if (!ownLexer || !ownRoot) throw Trn::InvalidParameterException();
 
     const Zelmar::SourceText& source = ownLexer->source();
-    TokenTable::Index unclosed = TokenTable::kNone;
-    const std::vector<ParseToken> tokens = scanForParser(source, unclosed);
-    Attempt best = build(source, tokens);
-    if (unclosed != TokenTable::kNone) {
-        best.messages.push_back({Trn::kSeverityError, source.positionOf(tokens[unclosed].begin), 1, messageText(1)});
-    } else if (hasErrors(best.messages) && hasConditionals(source.text(), tokens)) {
+    const ParserTokens scanned = scanForParser(source);
+    Attempt best = build(source, scanned.tokens);
+    if (scanned.regionUnclosed) {
+        best.messages.push_back({Trn::kSeverityError, source.positionOf(scanned.last), 1, messageText(1)});
+    } else if (!best.isWhole() && hasConditionals(source.text(), scanned.tokens)) {
+        // A stray brace alone stops nothing, but it shows that the nesting has been misread.
         for (Fold fold : {Fold::UnbalancedKeepFirst, Fold::UnbalancedKeepLast, Fold::AllKeepFirst, Fold::AllKeepLast}) {
-            Attempt attempt = build(source, foldConditionals(source.text(), tokens, fold));
-            if (hasErrors(attempt.messages)) continue;
+            Attempt attempt = build(source, foldConditionals(source.text(), scanned.tokens, fold));
+            if (!attempt.isWhole() && (hasErrors(attempt.messages) || !hasErrors(best.messages))) continue;
+            const bool whole = attempt.isWhole();
             best = std::move(attempt);
-            break;
+            if (whole) break;
         }
     }
     ownRoot->swap(best.root);

@@ -50,9 +50,43 @@ bool followsName(int type) {
     }
 }
 
+/// Keywords that C has, too, so that they are names nowhere.
+bool isCKeyword(int type) {
+    return type == tkStruct || type == tkUnion || type == tkEnum || type == tkConst || type == tkVolatile || type == tkStatic ||
+           type == tkInline || type == tkSigned || type == tkUnsigned || type == tkAuto || type == tkRegister ||
+           type == tkTypedef || type == tkExtern || type == tkSizeof || type == tkAsm;
+}
+
+/// A word that only a name can follow, of those that a C++ keyword may stand behind in a C program.
+bool namesWhatFollows(int before) {
+    return (before >= tkChar && before <= tkVoid) || before == tkSigned || before == tkUnsigned;
+}
+
+/// "void delete(int x)", "struct x *new(void)", "int private : 3", "typedef int bool;".
+bool isDeclaredName(int type, int before, int after, int behindAfter) {
+    const bool typed = namesWhatFollows(before);
+    switch (type) {
+    case tkNew: case tkDelete:
+        return typed || (after == tkOpenParen && (before == tkAsterisk || before == tkIdentifier));
+    case tkThrow: case tkTry: case tkCatch:
+        return typed || (after == tkOpenParen && before == tkAsterisk);
+    case tkPublic: case tkPrivate: case tkProtected:
+        return typed || (before == tkIdentifier && after == tkColon && behindAfter == tkNumber);
+    case tkBool: case tkWcharT:
+        return after == tkSemicolon && (typed || before == tkIdentifier);
+    case tkClass: case tkTemplate: case tkTypename: case tkNamespace: case tkUsing: case tkExport: case tkThis:
+    case tkTypeid: case tkTrue: case tkFalse:
+        return typed;
+    default:
+        return false;
+    }
+}
+
 /// Decides from its neighbours whether a C++ keyword is only a name, as C programs use it.
 bool isPlainName(int type, int before, int after, int behindAfter) {
-    const bool member = before == tkDot || before == tkArrow || before == tkStruct || before == tkUnion;
+    if (before == tkStruct || before == tkUnion || before == tkGoto) return type < tkIf && !isCKeyword(type);
+    if (isDeclaredName(type, before, after, behindAfter)) return true;
+    const bool member = before == tkDot || before == tkArrow;
     switch (type) {
     case tkClass: case tkTypename:
         if (before == tkLess || before == tkComma || before == tkTemplate || before == tkEnum) return member;
@@ -65,8 +99,7 @@ bool isPlainName(int type, int before, int after, int behindAfter) {
         if (before == tkOperator || before == tkAssign) return false;
         return member || followsName(after);
     case tkPublic: case tkPrivate: case tkProtected:
-        return member || (followsName(after) && after != tkComma) ||
-               (after == tkComma && before != tkColon && before != tkComma);
+        return member || followsName(after);
     case tkNamespace: case tkUsing: case tkFriend: case tkVirtual: case tkExport: case tkExplicit:
         return member || followsName(after) || (after == tkOpenBracket && behindAfter != tkOpenBracket);
     case tkMutable:
@@ -93,7 +126,7 @@ void renamePlainNames(std::vector<ParseToken>& tokens) {
     for (std::size_t i = 0; i < tokens.size(); ++i) {
         if (isCommentOrDirective(tokens[i].type)) continue;
         const int type = tokens[i].type;
-        if (type >= tkClass && type <= tkCatch) {
+        if ((type >= tkClass && type <= tkCatch) || type == tkBool || type == tkWcharT) {
             std::size_t after = i + 1;
             while (isCommentOrDirective(typeAt(after))) ++after;
             if (isPlainName(type, before, typeAt(after), typeAt(after + 1))) tokens[i].type = tkIdentifier;
@@ -114,15 +147,16 @@ Conditional conditionalOf(std::string_view directive) {
 
 bool opensDisabledRegion(std::string_view directive) { return squeezed(directive, 4) == "#if0"; }
 
-std::vector<ParseToken> scanForParser(const Zelmar::SourceText& source, Index& unclosedRegion) {
-    unclosedRegion = TokenTable::kNone;
-    std::vector<ParseToken> tokens;
+ParserTokens scanForParser(const Zelmar::SourceText& source) {
+    ParserTokens result;
+    std::vector<ParseToken>& tokens = result.tokens;
     tokens.reserve(source.size() / 4 + 4);
     Scanner scanner(source.text());
     RawToken raw;
     int depth = 0; // of the conditionals inside a disabled region
     while (scanner.next(raw)) {
         const std::string_view text = source.text().substr(raw.begin, raw.end - raw.begin);
+        result.last = raw.begin;
         if (depth > 0) {
             if (raw.type != tkDirective) continue;
             const Conditional kind = conditionalOf(text);
@@ -134,9 +168,10 @@ std::vector<ParseToken> scanForParser(const Zelmar::SourceText& source, Index& u
         depth = region ? 1 : 0;
         tokens.push_back({static_cast<std::int16_t>(raw.type), region, raw.begin, raw.end, raw.line});
     }
-    if (depth > 0) unclosedRegion = static_cast<Index>(tokens.size() - 1);
+    result.regionUnclosed = depth > 0;
+    if (depth > 0) tokens.pop_back();
     renamePlainNames(tokens);
-    return tokens;
+    return result;
 }
 
 TokenTable::TokenTable(const Zelmar::SourceText& source, std::vector<ParseToken> tokens)
@@ -165,54 +200,109 @@ Index TokenTable::significantBefore(Index i) const {
     return kNone;
 }
 
-// One stack for all brackets. A "<" waits on it until a ">" on the same level closes it; a bracket
-// that closes around it, a ";" and a brace drop it. A closing bracket looks for its partner on the
-// stack, so that one bracket too many or too few does not shift all the others: a brace closes over
-// parentheses that are open, nothing closes over a brace.
-void TokenTable::matchBrackets() {
-    mates_.assign(tokens_.size(), kNone);
-    std::vector<Index> open;
-    const auto dropAngles = [&] {
-        while (!open.empty() && tokens_[open.back()].type == tkLess) open.pop_back();
+namespace {
+
+/// Whether a declaration may start with the token of type `type`, the next one being `next`.
+bool startsDeclaration(int type, int next) {
+    const bool word = type == tkIdentifier || (type >= tkClass && type <= tkExtern) || (type >= tkChar && type <= tkVoid);
+    return word && next != tkComma && next != tkGreater && next != tkAssign;
+}
+
+} // namespace
+
+/// Finds the partners of all brackets on one stack. A "<" waits on it until a ">" on the same level
+/// closes it; a bracket that closes around it, a ";" and a brace drop it. A closing bracket looks for
+/// its partner on the stack, so that one bracket too many or too few does not shift all the others: a
+/// brace closes over parentheses that are open, nothing closes over a brace.
+class TokenTable::BracketMatcher {
+public:
+    explicit BracketMatcher(TokenTable& table) : table_(table), mates_(table.mates_) {}
+
+    void run() {
+        int before = tkEnd;
+        for (Index i = table_.significant(0); i < table_.size(); i = table_.significant(i + 1)) {
+            take(i, table_.type(i), before);
+            before = table_.type(i);
+        }
+    }
+
+private:
+    struct Open {
+        Index at = 0;
+        bool ofTemplate = false;   // the "<" behind "template"
+        Index laterClose = kNone;  // a ">" inside such a one that may be its own
     };
-    const auto closeAngle = [&](Index i) {
-        if (open.empty() || tokens_[open.back()].type != tkLess) return;
-        mates_[open.back()] = i;
-        mates_[i] = open.back();
-        open.pop_back();
-    };
-    int before = tkEnd;
-    for (Index i = significant(0); i < size(); i = significant(i + 1)) {
-        const int type = tokens_[i].type;
+
+    void take(Index i, int type, int before) {
         if (type == tkLess) {
-            if (opensArguments(before)) open.push_back(i);
+            if (opensArguments(before)) open_.push_back({i, before == tkTemplate, kNone});
         } else if (type == tkGreater) {
             if (before != tkOperator) closeAngle(i);
         } else if (type == tkShiftRight) {
             if (before != tkOperator) closeAngle(i), closeAngle(i);
         } else if (isOpenBracket(type)) {
             if (type == tkOpenBrace) dropAngles();
-            open.push_back(i);
+            open_.push_back({i, false, kNone});
         } else if (type == tkSemicolon) {
             dropAngles();
         } else if (isCloseBracket(type)) {
-            dropAngles();
-            if (type == tkCloseBrace) {
-                while (!open.empty() && tokens_[open.back()].type != tkOpenBrace) open.pop_back();
-            }
-            if (!open.empty() && closes(type, tokens_[open.back()].type)) {
-                mates_[i] = open.back();
-                mates_[open.back()] = i;
-                open.pop_back();
-            }
+            closeBracket(i, type);
         }
-        before = type;
     }
+
+    int topType() const { return open_.empty() ? int(tkEnd) : table_.type(open_.back().at); }
+
+    void pair(Index open, Index close) {
+        mates_[open] = close;
+        mates_[close] = open;
+    }
+
+    void closeAngle(Index i) {
+        if (topType() != tkLess) return;
+        pair(open_.back().at, i);
+        open_.pop_back();
+        if (topType() != tkLess || !open_.back().ofTemplate || open_.back().laterClose != kNone) return;
+        const Index next = table_.significant(i + 1);
+        const Index second = next < table_.size() ? table_.significant(next + 1) : next;
+        if (startsDeclaration(table_.type(next), table_.type(second))) open_.back().laterClose = i;
+    }
+
+    // "template <int N, bool = N < 4> class A {": the "<" of the comparison has taken the ">" that
+    // closes the list.
+    void dropAngles() {
+        while (topType() == tkLess) {
+            const Open dropped = open_.back();
+            open_.pop_back();
+            if (!dropped.ofTemplate || dropped.laterClose == kNone) continue;
+            mates_[mates_[dropped.laterClose]] = kNone;
+            pair(dropped.at, dropped.laterClose);
+        }
+    }
+
+    void closeBracket(Index i, int type) {
+        dropAngles();
+        if (type == tkCloseBrace) {
+            while (!open_.empty() && topType() != tkOpenBrace) open_.pop_back();
+        }
+        if (!closes(type, topType())) return;
+        pair(open_.back().at, i);
+        open_.pop_back();
+    }
+
+    TokenTable& table_;
+    std::vector<Index>& mates_;
+    std::vector<Open> open_;
+};
+
+void TokenTable::matchBrackets() {
+    mates_.assign(tokens_.size(), kNone);
+    BracketMatcher(*this).run();
 }
 
 std::string TokenTable::spelling(Index i) const {
     const ParseToken& token = tokens_[i];
     if (token.type == tkEnd) return {};
+    if (token.type == tkDirective) return Cpp::spelling(source_.text(), {tkDirective, true, false, token.begin, token.end, token.line});
     if (token.type != tkIdentifier && token.type != tkInvalid) return std::string(text(i));
     std::string result;
     for (char c : text(i)) {

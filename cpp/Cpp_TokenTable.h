@@ -58,6 +58,8 @@ public:
     Trn::Position end(Index i) const;
 
 private:
+    class BracketMatcher;
+
     void matchBrackets();
     void findSignificant();
 
@@ -67,10 +69,16 @@ private:
     std::vector<Index> significant_;
 };
 
+/// What the parser starts from. An "#if 0" that no "#endif" closes, and everything behind it, are left out.
+struct ParserTokens {
+    std::vector<ParseToken> tokens;
+    bool regionUnclosed = false;
+    std::uint32_t last = 0; // offset of the last token of the text
+};
+
 /// Scans `source` into tokens for the parser: the stretches under "#if 0" become one directive each,
-/// and C++ keywords where only a name can stand become names. `unclosedRegion` is set to the index
-/// of an "#if 0" that no "#endif" closes; everything behind it is left out.
-std::vector<ParseToken> scanForParser(const Zelmar::SourceText& source, TokenTable::Index& unclosedRegion);
+/// and C++ keywords where only a name can stand become names.
+ParserTokens scanForParser(const Zelmar::SourceText& source);
 
 /// The kinds of conditional directives, told by their first word.
 enum class Conditional { None, If, Else, EndIf };

@@ -11,10 +11,12 @@ namespace Cpp {
 using Index = TreeBuilder::Index;
 
 void TreeBuilder::report(std::int32_t code, Index at) {
+    if (refused_) return;
     messages_.push_back({Trn::kSeverityError, t_.start(at), code, Parser::messageText(code)});
 }
 
 void TreeBuilder::report(std::string text, Index at) {
+    if (refused_) return;
     messages_.push_back({Trn::kSeverityError, t_.start(at), 0, std::move(text)});
 }
 
@@ -27,6 +29,7 @@ Index TreeBuilder::lastTaken(Index before) const {
 bool TreeBuilder::tooDeep(Index at) {
     if (depth_ < kMaxDepth) return false;
     report(7, at);
+    refused_ = true;
     at_ = t_.size();
     return true;
 }
@@ -85,10 +88,15 @@ std::string TreeBuilder::joined(Index first, Index last) const {
     std::string text;
     for (Index i = sig(first); i < last; i = nextSig(i)) {
         if (!text.empty()) text += ' ';
-        if (type(i) == tkIdentifier) text += t_.spelling(i);
-        else text += t_.text(i);
+        appendSpelling(text, i);
     }
     return text;
+}
+
+void TreeBuilder::appendSpelling(std::string& text, Index i) const {
+    const std::string_view spelled = t_.text(i);
+    if (type(i) == tkIdentifier && std::any_of(spelled.begin(), spelled.end(), isSpace)) text += t_.spelling(i);
+    else text += spelled;
 }
 
 void TreeBuilder::parseRoot(RootNode& root) { parseBody(root, Body::Root); }
@@ -112,7 +120,7 @@ bool TreeBuilder::parseBody(InteriorNode& body, Body kind) {
 void TreeBuilder::addNote(InteriorNode& body) {
     const Trn::Position start = t_.start(at_);
     const Trn::Position end = t_.end(at_);
-    std::string text = t_.isRegion(at_) ? std::string() : std::string(t_.text(at_));
+    std::string text = t_.isRegion(at_) ? std::string() : t_.spelling(at_);
     if (type(at_) == tkDirective)
         body.append(std::make_unique<PreprocDirectiveNode>(std::move(text), start, end));
     else
@@ -125,16 +133,16 @@ void TreeBuilder::addNotes(InteriorNode& body) {
 }
 
 void TreeBuilder::skipThroughSemicolon(InteriorNode* notes) {
-    const Index first = at_;
-    Index end = findSemicolon(at_);
+    const Index end = findSemicolon(at_);
     if (end == kNone) {
+        // The text is refused: to read on behind each such word would look at the rest again and again.
         reportEnd(t_.size());
-        end = first;
+        at_ = t_.size();
+        return;
     }
-    for (; at_ < end; ++at_) {
-        if (!notes || !isCommentOrDirective(type(at_))) continue;
-        addNote(*notes);
-        --at_;
+    while (at_ < end) {
+        if (notes && isCommentOrDirective(type(at_))) addNote(*notes);
+        else ++at_;
     }
     ++at_;
 }
@@ -142,8 +150,20 @@ void TreeBuilder::skipThroughSemicolon(InteriorNode* notes) {
 /// One construct of a body. Returns false only if the body cannot go on.
 bool TreeBuilder::parseBodyItem(InteriorNode& body, Body kind) {
     switch (type(at_)) {
-    case tkInvalid: case tkSemicolon: case tkCloseBrace:
+    case tkInvalid:
+        if (kind != Body::Root) reportEnd(at_);
         ++at_;
+        return true;
+    case tkCloseBrace:
+        strayBrace_ = true;
+        ++at_;
+        return true;
+    case tkSemicolon:
+        ++at_;
+        return true;
+    case tkComma: // between the rows of a table that some other file includes
+        if (type(lastTaken(at_)) == tkCloseBrace) return ++at_, true;
+        parseMember(body, kind);
         return true;
     case tkOpenBrace:
         addUnlessNull(body, parseBlock());
@@ -156,6 +176,10 @@ bool TreeBuilder::parseBodyItem(InteriorNode& body, Body kind) {
         if (nextType(at_) != tkNamespace) return parseMember(body, kind), true;
         at_ = nextSig(at_);
         addUnlessNull(body, parseNamespace());
+        return true;
+    case tkExport: // stays in front of what it exports; alone it would be a declaration of its own
+        if (nextType(at_) == tkTemplate || nextType(at_) == tkNamespace) return ++at_, true;
+        parseMember(body, kind);
         return true;
     case tkUsing:
         skipThroughSemicolon(kind == Body::Root ? nullptr : &body);
@@ -223,7 +247,7 @@ void TreeBuilder::parseWord(InteriorNode& body, Body kind) {
     const int next = nextType(at_);
     if (kind == Body::Class && next == tkColon) {
         addUnlessNull(body, parseAccessLabel());
-    } else if (next == tkOpenBrace) {
+    } else if (next == tkOpenBrace && !isBehindComma(at_)) {
         body.append(std::make_unique<ExprNode>(t_.spelling(at_), t_.start(at_), t_.end(at_)));
         ++at_;
         addNotes(body);
@@ -232,6 +256,9 @@ void TreeBuilder::parseWord(InteriorNode& body, Body kind) {
         parseMember(body, kind);
     }
 }
+
+/// Whether what starts at `i` is a further declarator of the declaration that the "," in front has cut.
+bool TreeBuilder::isBehindComma(Index i) const { return type(lastTaken(i)) == tkComma; }
 
 void TreeBuilder::parseMember(InteriorNode& body, Body kind) {
     const Index first = at_;

@@ -23,6 +23,8 @@ public:
     TreeBuilder(const TokenTable& table, Trn::MessageList& messages) : t_(table), messages_(messages) {}
 
     void parseRoot(RootNode& root);
+    /// True if a "}" was met that closes nothing.
+    bool hasStrayBrace() const { return strayBrace_; }
 
 private:
     static constexpr Index kNone = TokenTable::kNone;
@@ -47,7 +49,10 @@ private:
     struct DataRun {
         Index end = 0; // one past the last token of the declarator
         bool hasTerminator = false; // `end` is a ";" or a "," that belongs to it
+        bool initialised = false;   // a "=" was met
     };
+    /// Whether the declarators of one declaration are declarations of their own.
+    enum class Declarators { Apart, Together };
     /// What follows the parameters of a function.
     struct FunctionTail {
         Index headEnd = 0; // one past what the head node covers
@@ -80,7 +85,9 @@ private:
     Index findSemicolon(Index from) const;
     bool isMacroRun(Index first, Index last) const;
     bool endsInColons(Index i) const;
+    bool continuesName(Index i) const;
     static bool looksLikeMacro(std::string_view name);
+    void appendSpelling(std::string& text, Index i) const;
     std::string joined(Index first, Index last) const;
 
     // Bodies and what all of them share.
@@ -91,6 +98,7 @@ private:
     void skipThroughSemicolon(InteriorNode* notes);
     void parseMember(InteriorNode& body, Body kind);
     void parseWord(InteriorNode& body, Body kind);
+    bool isBehindComma(Index i) const;
     bool parseAccess(InteriorNode& body, Body kind);
     void parseControl(InteriorNode& body, Body kind);
     void addUnlessNull(InteriorNode& body, NodePtr node) { if (node) body.append(std::move(node)); }
@@ -100,9 +108,12 @@ private:
     DeclHead scanHead(Index first) const;
     Index skipConstraint(Index requires_) const;
     bool scanHeadParen(Index& j, Index prev, bool classKey, int names, DeclHead& head) const;
+    bool isMacroInClassHead(Index prev, Index paren) const;
+    bool opensDeclarator(Index paren, Index prev) const;
+    bool isNameBefore(Index prev) const;
     NodePtr parseDataFrom(Index first, Index scanned, bool allowBitfield);
     NodePtr parseData(Index first, Index last, const DataRun& run, bool allowBitfield);
-    DataRun collectData(Index first, Index from) const;
+    DataRun collectData(Index first, Index from, Declarators declarators = Declarators::Apart) const;
     Index firstComma(Index first, Index last) const;
     Index findHeadEnd(Index first, Index last, bool allowBitfield) const;
     Index findName(Index first, Index last) const;
@@ -115,7 +126,9 @@ private:
     // Classes, enums, namespaces, templates, linkage.
     NodePtr parseClassDecl(Index first, Index brace);
     Ptr<ClassHeadNode> parseClassHead(Index first, Index brace);
+    Index skipGroup(Index i) const;
     Ptr<BaseClauseListNode> parseBaseClauses(Index first, Index last);
+    Ptr<BaseClauseNode> parseBaseClause(Index first, Index end, bool compares);
     NodePtr parseAccessLabel();
     NodePtr parseEnumDecl(Index first, Index brace);
     Ptr<EnumBodyNode> parseEnumBody(Index brace);
@@ -126,14 +139,19 @@ private:
 
     // Functions.
     NodePtr parseFunction(Index first, const DeclHead& head);
-    FunctionTail scanTail(Index afterParams);
-    bool skipTailPiece(Index& k, bool& noted);
-    Index skipMacroRun(Index k) const;
+    FunctionTail scanTail(Index first, Index paren);
+    bool isVirtual(Index first, Index paren) const;
+    static bool looksLikeMacroClass(std::string_view name);
+    bool skipTailPiece(Index& k, bool& noted, bool typed);
+    Index skipMacroRun(Index k, bool typed) const;
     Index findInitBody(Index colon) const;
     Ptr<FunctionHeadNode> parseFunctionHead(Index first, Index paren, Index op, Index end);
     Index findFunctionName(Index first, Index paren) const;
-    Index operatorNameStart(Index first, Index op) const;
-    void parseHeadTail(FunctionHeadNode& head, Index from, Index end);
+    Index nameStart(Index first, Index at) const;
+    bool checkOperator(Index op, Index paren);
+    std::string functionName(Index first, Index op, Index paren) const;
+    bool isOpenAngle(Index less) const;
+    bool parseHeadTail(FunctionHeadNode& head, Index from, Index end);
     Ptr<ParameterListNode> parseParameterList(Index open, Index close);
     Ptr<InitializerListNode> parseMemberInits(Index colon, Index brace);
     Ptr<InitializerNode> parseMemberInit(Index& at, Index brace);
@@ -145,23 +163,35 @@ private:
     // Statements.
     Ptr<BlockNode> parseBlock();
     void parseCompound(BlockNode& block);
-    bool parseStatement(BlockNode& block);
+    void parseSingleStatement(BlockNode& block);
+    void parseStatement(BlockNode& block);
+    void parseDeclarationStatement(BlockNode& block);
     void parseStatementWord(BlockNode& block);
-    NodePtr parseDataStatement();
+    void parseDataStatement(BlockNode& block, Declarators declarators);
+    void noteUnterminated(Index first, const DataRun& run);
     NodePtr parseCtrlStmt();
     bool continues(int keyword, bool directiveBetween, Index next) const;
-    Ptr<CtrlSubStmtNode> parseCtrlSub();
+    Ptr<CtrlSubStmtNode> parseCtrlSub(int before);
     Ptr<CtrlSubStmtHeadNode> parseCtrlSubHead();
+    Index lastOfKeyword(Index keyword) const;
     Ptr<ExprNode> parseCondition();
     NodePtr parseCase();
     NodePtr parseLabel();
     NodePtr parseAsm();
+    bool beginsStatement(Index j, Index prev, bool isTemplate) const;
     NodePtr parseExpressionStatement();
+    std::string statementText(Index first, Index last) const;
 
     const TokenTable& t_;
     Trn::MessageList& messages_;
     Index at_ = 0;
     int depth_ = 0;
+    bool strayBrace_ = false;
+    bool refused_ = false; // nested too deep: nothing is read and reported any more
+    // In the innermost block: from here on no statement has a ";". kNone if that is not known.
+    Index unterminatedFrom_ = kNone;
+    // In the body of what looks like a function without a type and may be a class made by a macro.
+    bool inMacroBody_ = false;
 };
 
 /// Counts a level of nesting for the length of a scope.

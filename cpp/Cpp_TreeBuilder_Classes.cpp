@@ -6,6 +6,16 @@ namespace Cpp {
 
 using Index = TreeBuilder::Index;
 
+namespace {
+
+/// What a base class is named with, besides the groups of its arguments.
+bool isBaseName(int type) {
+    return type == tkIdentifier || type == tkTypename || type == tkTemplate || type == tkDot || type == tkLess ||
+           type == tkGreater || type == tkShiftRight || type == tkNumber || type == tkStruct || type == tkClass;
+}
+
+} // namespace
+
 TreeBuilder::NodePtr TreeBuilder::parseClassDecl(Index first, Index brace) {
     if (tooDeep(brace)) return nullptr;
     const Depth depth(*this);
@@ -21,55 +31,69 @@ TreeBuilder::NodePtr TreeBuilder::parseClassDecl(Index first, Index brace) {
     return node;
 }
 
+/// From a token of a class head to the last one of the group that it opens, or to itself.
+TreeBuilder::Index TreeBuilder::skipGroup(Index i) const {
+    const bool opens = type(i) == tkLess || type(i) == tkOpenParen || isAttribute(i);
+    return opens && t_.mate(i) != kNone ? t_.mate(i) : i;
+}
+
 TreeBuilder::Ptr<ClassHeadNode> TreeBuilder::parseClassHead(Index first, Index brace) {
     int key = 0;
     std::string name;
     Index last = first;
-    Index colon = kNone;
-    for (Index j = first; j < brace; j = nextSig(j)) {
-        if (type(j) == tkColon) {
-            colon = j;
-            break;
-        }
+    Index j = first;
+    for (; j < brace && type(j) != tkColon; j = nextSig(j)) {
         const bool isKey = type(j) == tkClass || type(j) == tkStruct || type(j) == tkUnion;
-        const Index end = type(j) == tkLess && t_.mate(j) != kNone ? t_.mate(j)
-                          : isAttribute(j)                         ? t_.mate(j)
-                                                                   : j;
-        if (isKey && key == 0) key = type(j);
+        const Index end = skipGroup(j);
+        if (isKey) key = type(j);
         else (name += name.empty() ? "" : " ") += joined(j, end + 1);
         last = j = end;
     }
     auto nameNode = std::make_unique<ClassNameNode>(key, std::move(name), t_.start(first), t_.end(last));
     Ptr<BaseClauseListNode> bases;
-    if (colon != kNone) bases = parseBaseClauses(nextSig(colon), brace);
+    if (j < brace) bases = parseBaseClauses(nextSig(j), brace);
     return std::make_unique<ClassHeadNode>(nameNode.release(), bases.release());
 }
 
 TreeBuilder::Ptr<BaseClauseListNode> TreeBuilder::parseBaseClauses(Index first, Index last) {
     auto list = std::make_unique<BaseClauseListNode>();
+    bool compares = false;
+    for (Index j = first; j < last; j = nextSig(j)) compares = compares || (type(j) == tkLess && t_.mate(j) == kNone);
     for (Index j = first; j < last;) {
         Index comma = firstComma(j, last);
         if (comma == kNone) comma = last;
-        int access = 0;
-        bool isVirtual = false;
-        std::string name;
-        for (Index k = j; k < comma; k = nextSig(k)) {
-            if (isAccessKeyword(type(k))) {
-                if (access != 0) report("Not expecting to find keyword \"" + t_.spelling(k) + "\"", k);
-                else access = type(k);
-            } else if (type(k) == tkVirtual) {
-                if (isVirtual) report("Not expecting to find keyword \"virtual\"", k);
-                isVirtual = true;
-            } else {
-                (name += name.empty() ? "" : " ") += t_.spelling(k);
-            }
-        }
-        if (j < comma)
-            list->append(std::make_unique<BaseClauseNode>(access, isVirtual, std::move(name), t_.start(j),
-                                                          t_.end(t_.significantBefore(comma))));
+        if (j < comma) list->append(parseBaseClause(j, comma, compares));
         j = comma < last ? nextSig(comma) : last;
     }
     return list->empty() ? nullptr : std::move(list);
+}
+
+/// One clause. With `compares` there is a "<" without a partner among the clauses, behind which anything
+/// may stand.
+TreeBuilder::Ptr<BaseClauseNode> TreeBuilder::parseBaseClause(Index first, Index end, bool compares) {
+    int access = 0;
+    bool isVirtual = false;
+    std::string name;
+    const auto once = [&](Index keyword, bool seen) {
+        if (seen) report("Not expecting to find keyword \"" + t_.spelling(keyword) + "\"", keyword);
+    };
+    for (Index k = first; k < end; k = nextSig(k)) {
+        const Index groupEnd = skipGroup(k);
+        if (isAccessKeyword(type(k))) {
+            once(k, access != 0);
+            if (access == 0) access = type(k);
+        } else if (type(k) == tkVirtual) {
+            once(k, isVirtual);
+            isVirtual = true;
+        } else if (groupEnd != k || isBaseName(type(k)) || compares) {
+            (name += name.empty() ? "" : " ") += joined(k, groupEnd + 1);
+            k = groupEnd;
+        } else {
+            report("Unexpected Token: \"" + t_.spelling(k) + "\"", k);
+        }
+    }
+    return std::make_unique<BaseClauseNode>(access, isVirtual, std::move(name), t_.start(first),
+                                            t_.end(t_.significantBefore(end)));
 }
 
 /// "public:", "public slots:", "slots:".
@@ -119,7 +143,8 @@ TreeBuilder::Ptr<EnumBodyNode> TreeBuilder::parseEnumBody(Index brace) {
     const auto flush = [&](Index end) {
         if (first != kNone) {
             const Index last = t_.significantBefore(end);
-            body->append(std::make_unique<ExprNode>(joined(first, end), t_.start(first), t_.end(last)));
+            const Index textEnd = type(last) == tkComma ? last : end;
+            body->append(std::make_unique<ExprNode>(joined(first, textEnd), t_.start(first), t_.end(last)));
         }
         first = kNone;
     };

@@ -15,6 +15,8 @@ bool isDeclSpecifier(int type) {
            type == tkRegister || type == tkExtern;
 }
 
+bool endsDeclarator(int type) { return type == tkSemicolon || type == tkComma; }
+
 bool isClassKey(int type) { return type == tkClass || type == tkStruct || type == tkUnion; }
 
 } // namespace
@@ -62,16 +64,20 @@ TreeBuilder::DeclHead TreeBuilder::scanHead(Index first) const {
             head.kind = DeclKind::Data;
             return head;
         case tkTemplate:
-            if (prev == kNone || endsInColons(prev)) break;
+            if (prev == kNone || continuesName(prev)) break;
             head.kind = DeclKind::Data;
             return head;
         case tkColon:
             colon = true;
             break;
         case tkOpenParen:
-            if (classKey && colon && t_.mate(j) != kNone) { // a macro among the base classes
-                j = t_.mate(j);
-                break;
+            if (colon) {
+                if (classKey && t_.mate(j) != kNone) { // a macro among the base classes
+                    j = t_.mate(j);
+                    break;
+                }
+                head.kind = DeclKind::Data; // the width of a bit field
+                return head;
             }
             if (scanHeadParen(j, prev, classKey, names, head)) return head;
             break;
@@ -132,7 +138,7 @@ TreeBuilder::Index TreeBuilder::skipConstraint(Index requires_) const {
             last = j;
             if (nextType(j) == tkLess && t_.mate(nextSig(j)) != kNone) last = t_.mate(nextSig(j));
             if (type(nextSig(last)) == tkIdentifier && t_.text(nextSig(last)).substr(0, 2) == "::") last = nextSig(last);
-            if (expression && nextType(last) == tkOpenParen && t_.mate(nextSig(last)) != kNone) last = t_.mate(nextSig(last));
+            if (nextType(last) == tkOpenParen && t_.mate(nextSig(last)) != kNone) last = t_.mate(nextSig(last));
             if (expression && nextType(last) == tkOpenBrace && t_.mate(nextSig(last)) != kNone) last = t_.mate(nextSig(last));
         } else if (type(j) == tkOpenParen && t_.mate(j) != kNone) {
             last = t_.mate(j);
@@ -147,14 +153,22 @@ TreeBuilder::Index TreeBuilder::skipConstraint(Index requires_) const {
     }
 }
 
-/// True for names alone that look like macros.
+/// True for names alone that can only be macros: what needs no ";" and no type.
 bool TreeBuilder::isMacroRun(Index first, Index last) const {
     Index j = sig(first);
+    if (type(last) == tkCloseBrace) {
+        const Index end = t_.significantBefore(last);
+        return type(end) == tkIdentifier && (j == end || looksLikeMacro(t_.text(end)));
+    }
     while (j < last && type(j) == tkIdentifier && looksLikeMacro(t_.text(j))) j = nextSig(j);
     return j == last && sig(first) < last;
 }
 
-/// "A::", which goes on with what follows it.
+/// "A::", "." and "->", behind which "template" is a part of the name.
+bool TreeBuilder::continuesName(Index i) const {
+    return type(i) == tkDot || type(i) == tkArrow || endsInColons(i);
+}
+
 bool TreeBuilder::endsInColons(Index i) const {
     const std::string name = t_.spelling(i);
     return name.size() > 2 && name.compare(name.size() - 2, 2, "::") == 0;
@@ -167,29 +181,47 @@ bool TreeBuilder::scanHeadParen(Index& j, Index prev, bool classKey, int names, 
         j = close; // the name "operator()"
         return false;
     }
-    // A macro with an argument between the class key and the name.
-    if (classKey && names == 1 && close != kNone && prev != kNone && type(prev) == tkIdentifier &&
-        nextType(close) == tkIdentifier && head.op == kNone) {
-        const int behind = nextType(nextSig(close));
-        if (behind == tkColon || behind == tkOpenBrace || behind == tkSemicolon || behind == tkLess) {
-            j = close;
-            return false;
-        }
+    if (classKey && names == 1 && head.op == kNone && isMacroInClassHead(prev, j)) {
+        j = close;
+        return false;
     }
-    head.at = j;
+    head.at = close == kNone ? t_.size() : j;
     if (close == kNone) return true;
     head.kind = DeclKind::Function;
-    const Index inner = nextSig(j);
-    const bool starBefore = prev != kNone && type(prev) == tkAsterisk;
-    const bool namedStar = type(inner) == tkIdentifier && nextType(inner) == tkAsterisk;
-    if (head.op != kNone) return true;
-    head.pointer = type(inner) == tkAsterisk || (starBefore && namedStar && type(t_.mate(j)) == tkCloseParen &&
-                                                 nextType(close) == tkOpenParen);
-    if (head.pointer || prev == kNone) return true;
-    // A second pair behind the first: "int (*f)(int)" in its other spellings.
-    Index behind = nextSig(close);
-    head.pointer = type(behind) == tkOpenParen;
+    head.pointer = head.op == kNone && opensDeclarator(j, prev);
     return true;
+}
+
+/// A macro with an argument that is or stands in front of the name of a class: "(" at `paren`.
+bool TreeBuilder::isMacroInClassHead(Index prev, Index paren) const {
+    if (t_.mate(paren) == kNone || prev == kNone || type(prev) != tkIdentifier) return false;
+    Index behind = nextSig(t_.mate(paren));
+    if (type(behind) == tkIdentifier) behind = nextSig(behind);
+    switch (type(behind)) {
+    case tkOpenBrace: case tkColon: return true;
+    case tkSemicolon: case tkLess: return behind != nextSig(t_.mate(paren));
+    default: return false;
+    }
+}
+
+/// Whether the pair at `paren` holds a declarator and not parameters: it opens with a pointer, no name
+/// stands in front of it, or a second pair follows, as in "int (*f)(int)" in its other spellings.
+bool TreeBuilder::opensDeclarator(Index paren, Index prev) const {
+    const Index inner = nextSig(paren);
+    const bool memberPointer = type(inner) == tkIdentifier && nextType(inner) == tkAsterisk && endsInColons(inner);
+    if (memberPointer || (type(inner) == tkAsterisk && nextType(inner) != tkComma)) return true;
+    if (prev == kNone) return false;
+    const int behind = nextType(t_.mate(paren));
+    const bool reference = type(inner) == tkAmpersand || type(inner) == tkLogicalAnd;
+    return behind == tkOpenParen || (reference && behind == tkOpenBracket) || !isNameBefore(prev);
+}
+
+/// Whether a function may be named by what ends at `prev`.
+bool TreeBuilder::isNameBefore(Index prev) const {
+    if (type(prev) == tkIdentifier) return !takesPair(prev);
+    const bool bracket = type(prev) == tkGreater || type(prev) == tkShiftRight || type(prev) == tkCloseBracket ||
+                         type(prev) == tkCloseParen;
+    return bracket && t_.mate(prev) != kNone;
 }
 
 /// The first "," from `first` on that is in no bracket and stands in front of `last`, or kNone.
@@ -205,29 +237,30 @@ Index TreeBuilder::firstComma(Index first, Index last) const {
 
 /// Finds the end of the declarator that starts at `first`; what lies in front of `from` is known to
 /// hold no end. A "," ends it unless an initialiser has begun.
-TreeBuilder::DataRun TreeBuilder::collectData(Index first, Index from) const {
+TreeBuilder::DataRun TreeBuilder::collectData(Index first, Index from, Declarators declarators) const {
     bool initialiser = false;
     Index prev = t_.significantBefore(from);
     if (prev != kNone && prev < first) prev = kNone;
     for (Index j = sig(from);; prev = j, j = nextSig(j)) {
+        const int prevType = prev == kNone ? int(tkEnd) : type(prev);
         switch (type(j)) {
         case tkEnd: case tkInvalid: case tkCloseBrace: case tkPublic: case tkPrivate: case tkProtected:
         case tkNamespace: case tkUsing:
-            return {j, false};
+            return {j, false, initialiser};
         case tkTemplate:
-            if (initialiser || prev == kNone || endsInColons(prev)) break;
-            return {j, false};
+            if (initialiser || prev == kNone || continuesName(prev)) break;
+            return {j, false, initialiser};
         case tkSemicolon:
-            return {j, true};
+            return {j, true, initialiser};
         case tkComma:
-            if (!initialiser) return {j, true};
+            if (!initialiser && declarators == Declarators::Apart) return {j, true, false};
             break;
         case tkAssign:
-            initialiser = true;
+            if (prevType != tkOperator) initialiser = true;
             break;
         case tkOpenBrace:
-            if (!initialiser && prev != kNone && type(prev) == tkCloseParen) return {j, false};
-            if (t_.mate(j) == kNone) return {t_.size(), false};
+            if (t_.mate(j) == kNone) return {t_.size(), false, initialiser};
+            if (!initialiser && (prevType == tkCloseParen || !endsDeclarator(nextType(t_.mate(j))))) return {j, false, false};
             j = t_.mate(j);
             break;
         case tkOpenParen: case tkOpenBracket: case tkLess:
@@ -244,7 +277,7 @@ TreeBuilder::NodePtr TreeBuilder::parseDataFrom(Index first, Index scanned, bool
     DataRun run;
     if (type(scanned) == tkAssign) {
         const Index comma = firstComma(first, scanned);
-        run = comma == kNone ? collectData(first, scanned) : DataRun{comma, true};
+        run = comma == kNone ? collectData(first, scanned) : DataRun{comma, true, false};
     } else {
         run = collectData(first, scanned);
     }
@@ -254,12 +287,13 @@ TreeBuilder::NodePtr TreeBuilder::parseDataFrom(Index first, Index scanned, bool
 /// Builds the node of the tokens from `first` up to `last`, with or without a terminator at `last`.
 TreeBuilder::NodePtr TreeBuilder::parseData(Index first, Index last, const DataRun& run, bool allowBitfield) {
     at_ = last;
-    if ((type(last) == tkEnd && !isMacroRun(first, last)) || (type(last) == tkInvalid && sig(first) != last)) {
+    const bool unfinished = type(last) == tkEnd || type(last) == tkCloseBrace;
+    if ((unfinished && !isMacroRun(first, last)) || (type(last) == tkInvalid && sig(first) != last)) {
         reportEnd(last);
         return nullptr;
     }
     const Index headEnd = findHeadEnd(first, last, allowBitfield);
-    if (sig(first) >= headEnd) {
+    if (sig(first) >= headEnd || type(sig(first)) == tkComma) {
         if (run.hasTerminator) at_ = last + 1;
         return nullptr;
     }
@@ -364,11 +398,18 @@ bool TreeBuilder::splitBitfield(Index first, Index last, DataDeclNode& node) con
 }
 
 /// The widths of a bit field: each "," must be followed by a further name with a width of its own.
+/// Checks the further declarators behind the first bit field. They may be plain or unnamed ones.
 bool TreeBuilder::checkBitfield(Index colon, Index last) {
     for (Index j = firstComma(nextSig(colon), last); j != kNone; j = firstComma(nextSig(j), last)) {
         const Index name = nextSig(j);
-        if (type(name) != tkIdentifier && type(name) != tkColon) {
+        if (type(name) == tkColon || type(name) == tkAsterisk || type(name) == tkOpenParen) continue;
+        if (type(name) != tkIdentifier) {
             report("Bad looking bitfield. Expected an Identifier. Got: '" + t_.spelling(name) + "'.", name);
+            return false;
+        }
+        const int behind = nextType(name);
+        if (behind == tkNumber || behind == tkStringLiteral || behind == tkIdentifier) {
+            report("Bad looking bitfield. Expected ':'. Got: '" + t_.spelling(nextSig(name)) + "'.", nextSig(name));
             return false;
         }
     }
@@ -381,9 +422,11 @@ TreeBuilder::NodePtr TreeBuilder::parseBraceInit(Index first, const DeclHead& he
     const Index close = t_.mate(head.at);
     const Index behind = close == kNone ? kNone : nextSig(close);
     const Index start = sig(first);
-    const bool twoTokens = nextSig(start) < head.at;
+    const bool twoTokens = nextSig(start) < head.at || (start < head.at && isBehindComma(start));
+    const Index comma = firstComma(first, head.at);
+    if (twoTokens && comma != kNone) return parseData(first, comma, {comma, true, false}, allowBitfield);
     if (behind != kNone && twoTokens && (type(behind) == tkSemicolon || type(behind) == tkComma))
-        return parseData(first, behind, {behind, true}, allowBitfield);
+        return parseData(first, behind, {behind, true, true}, allowBitfield);
     if (start == head.at) return parseBlock();
     const Index last = t_.significantBefore(head.at);
     auto node = std::make_unique<ExprNode>(joined(start, head.at), t_.start(start), t_.end(last));

@@ -9,13 +9,16 @@ using Index = TreeBuilder::Index;
 
 namespace {
 
+/// More of them in a row are a list of macros and no tail of a function.
+constexpr int kMaxTailMacros = 16;
+
 bool endsHead(int type) { return type == tkSemicolon || type == tkOpenBrace || type == tkComma; }
 
 } // namespace
 
 TreeBuilder::NodePtr TreeBuilder::parseFunction(Index first, const DeclHead& head) {
     const Index paren = head.at;
-    const FunctionTail tail = scanTail(nextSig(t_.mate(paren)));
+    const FunctionTail tail = scanTail(first, paren);
     if (tail.failed) {
         at_ = tail.next;
         return nullptr;
@@ -35,17 +38,25 @@ TreeBuilder::NodePtr TreeBuilder::finishFunction(Ptr<FunctionHeadNode> head, con
     at_ = tail.next;
     if (tail.moreDeclarators) ++at_;
     Ptr<BlockNode> block;
-    if (type(at_) == tkOpenBrace && !tail.moreDeclarators) block = parseBlock();
+    if (type(at_) == tkOpenBrace && !tail.moreDeclarators) {
+        const bool outer = inMacroBody_;
+        inMacroBody_ = !head->returnType() && head->name() && looksLikeMacroClass(head->name()->text());
+        block = parseBlock();
+        inMacroBody_ = outer;
+    }
     if (inits) return std::make_unique<CtorDeclNode>(head.release(), block.release(), inits.release());
     return std::make_unique<FunctionDeclNode>(head.release(), block.release());
 }
 
-/// Looks at what follows the parameters of a function, from `k` on. What is no part of the head and
-/// yet belongs to the function, such as "override" or "noexcept", stays uncovered text.
-TreeBuilder::FunctionTail TreeBuilder::scanTail(Index k) {
+/// Looks at what follows the parameters, at `paren`, of the function that starts at `first`. What is no
+/// part of the head and yet belongs to the function, such as "override", stays uncovered text.
+TreeBuilder::FunctionTail TreeBuilder::scanTail(Index first, Index paren) {
     FunctionTail tail;
-    Index last = t_.significantBefore(k);
+    Index last = t_.mate(paren);
+    Index k = nextSig(last);
+    const bool typed = sig(first) < t_.significantBefore(paren);
     bool noted = false;
+    bool skipped = false; // up to the ";"
     for (;;) {
         const int kind = type(k);
         if (kind == tkConst || kind == tkVolatile) {
@@ -63,13 +74,15 @@ TreeBuilder::FunctionTail TreeBuilder::scanTail(Index k) {
             k = nextSig(t_.mate(open));
         } else if (kind == tkColon) {
             const Index brace = findInitBody(k);
-            if (brace == kNone) {
-                reportEnd(t_.size());
+            if (type(brace) == tkOpenBrace) {
+                tail.initColon = k;
+            } else if (type(brace) == tkSemicolon) { // the width of a bit field that a macro names
+                report(2, k);
+                skipped = true;
+            } else {
+                reportEnd(brace);
                 tail.failed = true;
-                tail.next = k + 1;
-                return tail;
             }
-            tail.initColon = k;
             k = brace;
             break;
         } else if (kind == tkComma) {
@@ -77,17 +90,18 @@ TreeBuilder::FunctionTail TreeBuilder::scanTail(Index k) {
             break;
         } else if (kind == tkAssign) {
             const Index value = nextSig(k);
-            if (type(value) == tkNumber && !noted) {
+            if (type(value) == tkNumber && (isWord(value, "0") || isVirtual(first, paren))) {
                 last = value;
                 k = nextSig(value);
                 continue;
             }
             report(2, k);
             const Index end = findSemicolon(k);
-            k = end == kNone ? k : end;
+            skipped = end != kNone;
+            if (skipped) k = end;
             break;
         } else if (kind == tkSemicolon || kind == tkOpenBrace || kind == tkEnd || kind == tkInvalid ||
-                   kind == tkCloseBrace || isAccessKeyword(kind) || !skipTailPiece(k, noted)) {
+                   kind == tkCloseBrace || isAccessKeyword(kind) || !skipTailPiece(k, noted, typed)) {
             break;
         }
     }
@@ -95,13 +109,26 @@ TreeBuilder::FunctionTail TreeBuilder::scanTail(Index k) {
     tail.next = k;
     // Behind something that belongs to no function the comments in front of it are nodes of their own.
     const int stop = type(k);
-    const bool goesOn = stop == tkSemicolon || stop == tkOpenBrace || stop == tkComma;
-    if (!goesOn && tail.initColon == kNone) tail.next = std::min<Index>(k, (noted ? t_.significantBefore(k) : last) + 1);
+    const bool goesOn = stop == tkOpenBrace || stop == tkComma || skipped;
+    if (!goesOn && tail.initColon == kNone && !tail.failed)
+        tail.next = std::min<Index>(k, (noted ? t_.significantBefore(k) : last) + 1);
     return tail;
 }
 
+bool TreeBuilder::isVirtual(Index first, Index paren) const {
+    for (Index j = sig(first); j < paren; j = nextSig(j)) {
+        if (type(j) == tkVirtual) return true;
+    }
+    return false;
+}
+
+/// A macro that may make a class: in upper case, at least its first part, and no member of anything.
+bool TreeBuilder::looksLikeMacroClass(std::string_view name) {
+    return looksLikeMacro(name.substr(0, name.find('_'))) && name.find("::") == std::string_view::npos;
+}
+
 /// Steps over one piece of a tail. Returns false, with code 2, at what is none.
-bool TreeBuilder::skipTailPiece(Index& k, bool& noted) {
+bool TreeBuilder::skipTailPiece(Index& k, bool& noted, bool typed) {
     const auto note = [&] {
         if (!noted) report(2, k);
         noted = true;
@@ -132,26 +159,32 @@ bool TreeBuilder::skipTailPiece(Index& k, bool& noted) {
         return false;
     }
     const std::string_view text = t_.text(k);
-    const bool known = text == "override" || text == "final" || text == "noexcept" || text == "requires" || kind == tkAsm ||
+    if (text == "requires") {
+        note();
+        k = nextSig(skipConstraint(k));
+        return true;
+    }
+    const bool known = text == "override" || text == "final" || text == "noexcept" || kind == tkAsm ||
                        takesPair(k) || isAsm(k);
     if (known) {
         note();
         k = type(next) == tkOpenParen && t_.mate(next) != kNone ? nextSig(t_.mate(next)) : next;
         return true;
     }
-    const Index behind = skipMacroRun(k);
+    const Index behind = skipMacroRun(k, typed);
     note();
     if (behind == kNone) return false;
     k = behind;
     return true;
 }
 
-/// Words behind the parameters that can only be macros: one name, or several that look like macros,
-/// each with or without an argument list, up to what ends a head. Returns that end, or kNone.
-Index TreeBuilder::skipMacroRun(Index k) const {
+/// Words behind the parameters that can only be macros: one name; or, behind a function with a type,
+/// several that look like macros, each with or without an argument list, up to what ends a head.
+/// Returns that end, or kNone.
+TreeBuilder::Index TreeBuilder::skipMacroRun(Index k, bool typed) const {
     const Index only = nextSig(k);
     if (type(only) == tkSemicolon || type(only) == tkOpenBrace) return only;
-    while (type(k) == tkIdentifier && looksLikeMacro(t_.text(k))) {
+    for (int count = 0; typed && count < kMaxTailMacros && type(k) == tkIdentifier && looksLikeMacro(t_.text(k)); ++count) {
         k = nextSig(k);
         if (type(k) == tkOpenParen && t_.mate(k) != kNone) k = nextSig(t_.mate(k));
         const bool known = type(k) == tkIdentifier && (t_.text(k) == "override" || t_.text(k) == "final" || t_.text(k) == "noexcept");
@@ -161,16 +194,16 @@ Index TreeBuilder::skipMacroRun(Index k) const {
 }
 
 /// The brace of the body behind a member initialiser list: the first one that opens no initialiser
-/// itself. kNone if there is none.
-Index TreeBuilder::findInitBody(Index colon) const {
+/// itself. Where there is none, what ends the search: a ";", a "}" or the end.
+TreeBuilder::Index TreeBuilder::findInitBody(Index colon) const {
     Index prev = colon;
-    for (Index j = nextSig(colon); j < t_.size(); prev = j, j = nextSig(j)) {
+    for (Index j = nextSig(colon);; prev = j, j = nextSig(j)) {
         switch (type(j)) {
-        case tkSemicolon: case tkCloseBrace:
-            return kNone;
+        case tkSemicolon: case tkCloseBrace: case tkEnd:
+            return j;
         case tkOpenBrace:
             if (type(prev) == tkCloseParen || type(prev) == tkCloseBrace || type(prev) == tkDot) return j;
-            if (t_.mate(j) == kNone) return kNone;
+            if (t_.mate(j) == kNone) return t_.size();
             j = t_.mate(j);
             break;
         case tkOpenParen: case tkOpenBracket: case tkLess:
@@ -180,26 +213,20 @@ Index TreeBuilder::findInitBody(Index colon) const {
             break;
         }
     }
-    return kNone;
 }
 
-/// The last name in front of the "(", or kNone. A name that begins with "::" reaches left over the
-/// template that it belongs to.
-Index TreeBuilder::findFunctionName(Index first, Index paren) const {
-    for (Index j = t_.significantBefore(paren); j != kNone && j >= first; j = t_.significantBefore(j)) {
-        if ((type(j) == tkGreater || type(j) == tkShiftRight || type(j) == tkCloseParen || type(j) == tkCloseBracket) &&
-            t_.mate(j) != kNone && t_.mate(j) >= first) {
-            j = t_.mate(j);
-        } else if (type(j) == tkIdentifier && !takesPair(j)) {
-            return operatorNameStart(first, j);
-        }
-        if (j == 0) break;
+/// Where the name in front of the "(" starts, or kNone if none stands there.
+TreeBuilder::Index TreeBuilder::findFunctionName(Index first, Index paren) const {
+    for (Index j = t_.significantBefore(paren); j != kNone && j >= first && isNameBefore(j); j = t_.significantBefore(j)) {
+        if (type(j) == tkIdentifier) return nameStart(first, j);
+        j = t_.mate(j);
+        if (j <= first) break;
     }
     return kNone;
 }
 
 /// Where the name that ends in the token at `at` starts: over "A<T>" in front of a "::", over "~".
-Index TreeBuilder::operatorNameStart(Index first, Index at) const {
+Index TreeBuilder::nameStart(Index first, Index at) const {
     Index start = at;
     for (;;) {
         const Index before = t_.significantBefore(start);
@@ -226,7 +253,7 @@ Index TreeBuilder::operatorNameStart(Index first, Index at) const {
 /// Builds the head from `first` up to but not including `end`, with the parameters at `paren`.
 TreeBuilder::Ptr<FunctionHeadNode> TreeBuilder::parseFunctionHead(Index first, Index paren, Index op, Index end) {
     first = sig(first);
-    const Index name = op != kNone && op < paren ? operatorNameStart(first, op) : findFunctionName(first, paren);
+    const Index name = op != kNone && op < paren ? nameStart(first, op) : findFunctionName(first, paren);
     if (name == kNone) {
         report("Expected function name. Got: " + t_.spelling(paren), paren);
         return nullptr;
@@ -236,15 +263,55 @@ TreeBuilder::Ptr<FunctionHeadNode> TreeBuilder::parseFunctionHead(Index first, I
         const Index last = t_.significantBefore(name);
         head->setReturnType(new FunctionReturnNode(joined(first, name), t_.start(first), t_.end(last)));
     }
+    if (op != kNone && op < paren && !checkOperator(op, paren)) return nullptr;
     const Index lastOfName = t_.significantBefore(paren);
-    head->setName(new IdNode(joined(name, paren), t_.start(name), t_.end(lastOfName)));
+    head->setName(new IdNode(functionName(name, op, paren), t_.start(name), t_.end(lastOfName)));
     head->setParams(parseParameterList(paren, t_.mate(paren)).release());
-    parseHeadTail(*head, nextSig(t_.mate(paren)), end);
+    if (!parseHeadTail(*head, nextSig(t_.mate(paren)), end)) return nullptr;
     return head;
 }
 
+/// Checks what follows the keyword "operator" up to the parameters at `paren`.
+bool TreeBuilder::checkOperator(Index op, Index paren) {
+    const Index what = nextSig(op);
+    const int kind = type(what);
+    if (kind == tkOpenParen) {
+        // A plain "operator" is a name that C allows; only a member must be an operator.
+        if (what != paren || t_.text(op) == "operator") return true;
+        report("Expected ')'. As part of overloaded function call operator.", nextSig(what));
+        return false;
+    }
+    if (kind == tkNew || kind == tkDelete) {
+        Index list = nextSig(what);
+        if (type(list) == tkOpenBracket && nextType(list) == tkCloseBracket) list = nextSig(nextSig(list));
+        if (list == paren) return true;
+        report("Expected (.", list);
+        return false;
+    }
+    const bool symbol = kind == tkComma || kind == tkOpenBracket || (kind >= tkAssign && kind < tkClass && kind != tkDot && kind != tkQuestion);
+    if (symbol || kind == tkStringLiteral || kind >= tkClass) return true;
+    report("Could not recognize overloaded operator.", what);
+    return false;
+}
+
+/// The text of the name from `first` up to `paren`. An operator stands directly behind its keyword,
+/// and that behind the class; words are kept apart by single blanks.
+std::string TreeBuilder::functionName(Index first, Index op, Index paren) const {
+    if (op == kNone || op >= paren) return joined(first, paren);
+    std::string text;
+    const int what = type(nextSig(op));
+    for (Index j = first; j < paren; j = nextSig(j)) {
+        const bool qualified = j == op && t_.text(j).substr(0, 2) == "::";
+        const bool allocation = (what == tkNew || what == tkDelete) && type(j) < tkClass;
+        const bool symbol = j > op && type(j) < tkClass && (what < tkClass || allocation);
+        if (!text.empty() && !qualified && !symbol) text += ' ';
+        appendSpelling(text, j);
+    }
+    return text;
+}
+
 /// The qualifiers, the exception specification and the "= 0" of a head.
-void TreeBuilder::parseHeadTail(FunctionHeadNode& head, Index from, Index end) {
+bool TreeBuilder::parseHeadTail(FunctionHeadNode& head, Index from, Index end) {
     for (Index k = from; k < end; k = nextSig(k)) {
         if (type(k) == tkConst || type(k) == tkVolatile) {
             Index last = k;
@@ -259,18 +326,28 @@ void TreeBuilder::parseHeadTail(FunctionHeadNode& head, Index from, Index end) {
             const Index value = nextSig(k);
             if (!isWord(value, "0")) {
                 report("Expected '= 0' to indicate a pure virtual function. Got: " + t_.spelling(value), value);
-                return;
+                return false;
             }
             head.setPureSpec(new ExprNode("= 0", t_.start(k), t_.end(value)));
             k = value;
         }
     }
+    return true;
+}
+
+/// True for a "<" with no partner that cannot be a comparison: a type follows it.
+bool TreeBuilder::isOpenAngle(Index less) const {
+    const Index next = nextSig(less);
+    const bool typeWord = (type(next) >= tkChar && type(next) <= tkVoid) || type(next) == tkConst || type(next) == tkUnsigned ||
+                          type(next) == tkSigned || type(next) == tkStruct || type(next) == tkClass || type(next) == tkTypename;
+    return t_.mate(less) == kNone && typeWord && nextType(next) != tkOpenParen && nextType(next) != tkOpenBrace;
 }
 
 /// The parameters between two brackets, and the comments among them, in source order.
 TreeBuilder::Ptr<ParameterListNode> TreeBuilder::parseParameterList(Index open, Index close) {
     auto list = std::make_unique<ParameterListNode>(t_.start(open), t_.end(close));
     Index first = kNone;
+    bool openAngle = false;
     const auto flush = [&](Index end) {
         if (first != kNone) {
             const Index last = t_.significantBefore(end);
@@ -285,21 +362,23 @@ TreeBuilder::Ptr<ParameterListNode> TreeBuilder::parseParameterList(Index open, 
             const bool between = first == kNone || next >= close || type(next) == tkComma;
             if (!between || type(j) == tkDirective) continue;
             flush(j);
-            list->append(std::make_unique<CommentNode>(std::string(t_.text(j)), t_.start(j), t_.end(j)));
+            list->append(std::make_unique<CommentNode>(t_.spelling(j), t_.start(j), t_.end(j)));
         } else if (type(j) == tkComma) {
             flush(j);
         } else {
             if (first == kNone) first = j;
+            openAngle = openAngle || (type(j) == tkLess && isOpenAngle(j));
             const bool opens = type(j) == tkOpenParen || type(j) == tkOpenBrace || type(j) == tkOpenBracket || type(j) == tkLess;
             if (opens && t_.mate(j) != kNone && t_.mate(j) < close) j = t_.mate(j);
             // A ">>" closes both the argument and the list: its first half is the argument's.
-            if (type(j) == tkLess && t_.mate(j) == close && first != kNone) {
+            if (type(j) == tkLess && t_.mate(j) == close) {
                 list->append(std::make_unique<ParameterNode>(joined(first, close) + " >", t_.start(first), t_.start(close)));
                 return list;
             }
         }
     }
     flush(close);
+    if (openAngle) report("Expected '>'. Got: " + t_.spelling(close), close);
     return list;
 }
 
@@ -366,14 +445,11 @@ TreeBuilder::NodePtr TreeBuilder::parsePointer(Index first, const DeclHead& head
         const bool opens = kind == tkOpenParen || kind == tkOpenBrace || kind == tkOpenBracket;
         if (opens && t_.mate(end) != kNone) end = t_.mate(end);
     }
-    const Index second = nextSig(t_.mate(paren));
-    if (type(end) != tkOpenBrace && !(second < end && type(second) == tkOpenParen && findFunctionName(sig(first), paren) != kNone &&
-                                      type(nextSig(paren)) != tkAsterisk))
-        return parseFunctionPtr(first, paren, end);
     if (type(end) != tkOpenBrace) return parseFunctionPtr(first, paren, end);
     // The name is the group itself, unless a name stands in front of it.
     const bool star = type(nextSig(paren)) == tkAsterisk;
     const bool macro = !star && findFunctionName(sig(first), paren) != kNone;
+    const Index second = nextSig(t_.mate(paren));
     Ptr<FunctionHeadNode> node;
     if (macro) {
         node = parseFunctionHead(first, paren, kNone, t_.mate(paren) + 1);
@@ -397,7 +473,8 @@ TreeBuilder::NodePtr TreeBuilder::parseFunctionPtr(Index first, Index paren, Ind
     auto node = std::make_unique<FunctionPtrDeclNode>();
     if (first < paren)
         node->setReturnType(new FunctionReturnNode(joined(first, paren), t_.start(first), t_.end(t_.significantBefore(paren))));
-    node->setName(new IdNode(joined(paren, close + 1), t_.start(paren), t_.end(close)));
+    const bool filled = nextSig(paren) < close;
+    node->setName(new IdNode(filled ? joined(paren + 1, close) : "( )", t_.start(paren), t_.end(close)));
     Index rest = nextSig(close);
     if (type(rest) == tkOpenParen && t_.mate(rest) != kNone) {
         node->setParams(parseParameterList(rest, t_.mate(rest)).release());

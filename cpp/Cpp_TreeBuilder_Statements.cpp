@@ -11,8 +11,28 @@ namespace {
 bool isControl(int type) { return type >= tkIf && type <= tkSwitch; }
 
 bool startsData(int type) {
-    return type == tkConst || type == tkVolatile || type == tkAuto || (type >= tkChar && type <= tkVoid) ||
-           type == tkSigned || type == tkUnsigned || type == tkRegister;
+    return type == tkConst || type == tkVolatile || type == tkAuto || (type >= tkChar && type <= tkVoid);
+}
+
+/// What can stand behind the comma of a declaration at the start of the next declarator.
+bool startsDeclarator(int type) {
+    return type == tkIdentifier || type == tkAsterisk || type == tkAmpersand || type == tkLogicalAnd || type == tkOpenParen;
+}
+
+/// Where a label without a colon is given up.
+bool endsCase(int type) {
+    return type == tkEnd || type == tkInvalid || type == tkSemicolon || type == tkOpenBrace || type == tkCloseBrace;
+}
+
+/// A token behind which an operand is complete, so that a word such as "throw" does not go on with it.
+bool endsOperand(int type) {
+    switch (type) {
+    case tkCloseParen: case tkCloseBracket: case tkCloseBrace: case tkIdentifier: case tkNumber: case tkStringLiteral:
+    case tkCharLiteral: case tkIncrement: case tkDecrement: case tkThis: case tkTrue: case tkFalse:
+        return true;
+    default:
+        return false;
+    }
 }
 
 bool startsDeclaration(int type) {
@@ -27,79 +47,113 @@ TreeBuilder::Ptr<BlockNode> TreeBuilder::parseBlock() {
     if (tooDeep(at_)) return block;
     const Depth depth(*this);
     at_ = sig(at_);
-    if (type(at_) == tkSemicolon) {
+    switch (type(at_)) {
+    case tkSemicolon:
         block->setStart(t_.start(at_));
         block->setEnd(t_.end(at_));
         ++at_;
-    } else if (type(at_) == tkOpenBrace) {
+        break;
+    case tkOpenBrace:
         block->setStart(t_.start(at_));
         ++at_;
         parseCompound(*block);
-    } else if (type(at_) == tkCase || type(at_) == tkDefault) {
-        ++at_;
-        addUnlessNull(*block, parseExpressionStatement());
-    } else if (type(at_) != tkEnd && type(at_) != tkCloseBrace) {
-        parseStatement(*block);
+        break;
+    case tkCloseBrace:
+        break;
+    case tkEnd:
+        reportEnd(at_);
+        break;
+    default:
+        parseSingleStatement(*block);
+        break;
     }
     return block;
 }
 
+/// The one statement that a control statement has without braces. What only a compound statement can
+/// hold, such as a label, is an expression here: its siblings would stand outside of the block.
+void TreeBuilder::parseSingleStatement(BlockNode& block) {
+    const int kind = type(at_);
+    const int next = nextType(at_);
+    const bool wordIsData = next == tkAsterisk || next == tkAmpersand || next == tkLess || next == tkIdentifier;
+    if (startsDeclaration(kind)) {
+        parseDeclarationStatement(block);
+    } else if (isControl(kind)) {
+        addUnlessNull(block, parseCtrlStmt());
+    } else if (isAsm(at_)) {
+        addUnlessNull(block, parseAsm());
+    } else if (startsData(kind) || (kind == tkIdentifier && wordIsData)) {
+        parseDataStatement(block, Declarators::Together);
+    } else {
+        addUnlessNull(block, parseExpressionStatement());
+    }
+}
+
 void TreeBuilder::parseCompound(BlockNode& block) {
+    const Index outerUnterminated = unterminatedFrom_;
+    unterminatedFrom_ = kNone;
     for (;;) {
         addNotes(block);
         const Index before = at_;
         if (type(at_) == tkCloseBrace) {
             block.setEnd(t_.end(at_));
             ++at_;
-            return;
+            break;
         }
         if (type(at_) == tkEnd) {
             reportEnd(at_);
-            return;
+            block.setEnd(t_.end(lastTaken(at_)));
+            break;
         }
         parseStatement(block);
         if (at_ == before) ++at_;
     }
+    unterminatedFrom_ = outerUnterminated;
 }
 
-/// One statement of a block.
-bool TreeBuilder::parseStatement(BlockNode& block) {
+/// One statement of a compound one.
+void TreeBuilder::parseStatement(BlockNode& block) {
     const int kind = type(at_);
-    if (startsDeclaration(kind)) {
-        const Index first = at_;
-        const std::size_t reported = messages_.size();
-        NodePtr node = parseDeclaration(false);
-        if (!node && messages_.size() == reported) {
-            at_ = first;
-            node = parseExpressionStatement();
-        }
-        addUnlessNull(block, std::move(node));
-    } else if (startsData(kind)) {
-        addUnlessNull(block, parseDataStatement());
-    } else if (isControl(kind)) {
-        addUnlessNull(block, parseCtrlStmt());
-    } else {
-        parseStatementWord(block);
+    if (startsDeclaration(kind)) parseDeclarationStatement(block);
+    else if (startsData(kind)) parseDataStatement(block, Declarators::Apart);
+    else if (isControl(kind)) addUnlessNull(block, parseCtrlStmt());
+    else parseStatementWord(block);
+}
+
+/// A declaration that begins with a keyword; what is none is read as a statement.
+void TreeBuilder::parseDeclarationStatement(BlockNode& block) {
+    const Index first = at_;
+    const std::size_t reported = messages_.size();
+    NodePtr node = parseDeclaration(false);
+    if (!node && messages_.size() == reported) {
+        at_ = first;
+        node = parseExpressionStatement();
     }
-    return true;
+    addUnlessNull(block, std::move(node));
 }
 
 void TreeBuilder::parseStatementWord(BlockNode& block) {
     switch (type(at_)) {
-    case tkInvalid: case tkSemicolon:
+    case tkInvalid:
+        reportEnd(at_++);
+        return;
+    case tkSemicolon:
         ++at_;
         return;
     case tkOpenBrace:
         addUnlessNull(block, parseBlock());
         return;
     case tkPublic: case tkPrivate: case tkProtected:
-        report(8, at_++);
+        if (inMacroBody_) addUnlessNull(block, parseAccessLabel());
+        else report(8, at_++);
         return;
     case tkTemplate:
-        report(9, at_++);
+        if (inMacroBody_) addUnlessNull(block, parseTemplate());
+        else report(9, at_++);
         return;
     case tkNamespace:
         if (type(nextSig(at_)) == tkIdentifier && nextType(nextSig(at_)) == tkAssign) skipThroughSemicolon(&block);
+        else if (inMacroBody_) addUnlessNull(block, parseNamespace());
         else report(10, at_++);
         return;
     case tkUsing:
@@ -126,20 +180,36 @@ void TreeBuilder::parseStatementWord(BlockNode& block) {
     if (isAsm(at_)) addUnlessNull(block, parseAsm());
     else if (next == tkColon) addUnlessNull(block, parseLabel());
     else if (next == tkSemicolon || next == tkAsterisk || next == tkAmpersand || next == tkLess || next == tkIdentifier)
-        addUnlessNull(block, parseDataStatement());
+        parseDataStatement(block, Declarators::Apart);
     else addUnlessNull(block, parseExpressionStatement());
 }
 
-/// A declaration of data, each declarator of which ends at its comma; the next one is read as data,
-/// too. What is none is read as a statement.
-TreeBuilder::NodePtr TreeBuilder::parseDataStatement() {
-    const Index first = at_;
-    const std::size_t reported = messages_.size();
-    const DataRun run = collectData(first, first);
-    NodePtr node = parseData(first, run.end, run, false);
-    if (node || messages_.size() != reported) return node;
-    at_ = first;
-    return parseExpressionStatement();
+/// A declaration of data. In a compound statement each declarator ends at its comma, and the next one
+/// is read as data at once. What is none is read as a statement from the same tokens on.
+void TreeBuilder::parseDataStatement(BlockNode& block, Declarators declarators) {
+    for (;;) {
+        const Index first = at_;
+        DataRun run;
+        if (unterminatedFrom_ == kNone || first < unterminatedFrom_) run = collectData(first, first, declarators);
+        NodePtr node = run.hasTerminator ? parseData(first, run.end, run, false) : nullptr;
+        if (!node) {
+            at_ = first;
+            if (!run.hasTerminator) noteUnterminated(first, run);
+            addUnlessNull(block, parseExpressionStatement());
+            return;
+        }
+        block.append(std::move(node));
+        if (type(run.end) != tkComma) return;
+        addNotes(block);
+        if (!startsDeclarator(type(at_))) return;
+    }
+}
+
+/// Remembers that no ";" follows in this block, so that no other statement of it searches for one.
+void TreeBuilder::noteUnterminated(Index first, const DataRun& run) {
+    if (run.end == 0 || (type(run.end) != tkCloseBrace && type(run.end) != tkEnd)) return;
+    unterminatedFrom_ = first;
+    if (run.initialised && startsData(type(first))) reportEnd(run.end);
 }
 
 /// Whether the part of a control statement with the given keyword goes on with the part at `next`.
@@ -158,12 +228,10 @@ TreeBuilder::NodePtr TreeBuilder::parseCtrlStmt() {
         report(11, at_++);
         return nullptr;
     }
-    if (tooDeep(at_)) return nullptr;
-    const Depth depth(*this);
     auto statement = std::make_unique<CtrlStmtNode>();
-    for (;;) {
+    for (int before = tkEnd;;) {
         const int keyword = type(at_);
-        Ptr<CtrlSubStmtNode> part = parseCtrlSub();
+        Ptr<CtrlSubStmtNode> part = parseCtrlSub(before);
         if (!part) return nullptr;
         statement->append(std::move(part));
         const Index next = sig(at_);
@@ -171,10 +239,12 @@ TreeBuilder::NodePtr TreeBuilder::parseCtrlStmt() {
         for (Index j = at_; j < next; ++j) directive = directive || type(j) == tkDirective;
         if (!continues(keyword, directive, next)) return statement;
         addNotes(*statement);
+        before = keyword;
     }
 }
 
-TreeBuilder::Ptr<CtrlSubStmtNode> TreeBuilder::parseCtrlSub() {
+/// One part of a control statement, the one in front of which began with the keyword `before`.
+TreeBuilder::Ptr<CtrlSubStmtNode> TreeBuilder::parseCtrlSub(int before) {
     const int keyword = type(sig(at_));
     Ptr<CtrlSubStmtHeadNode> head = parseCtrlSubHead();
     if (!head) return nullptr;
@@ -183,8 +253,9 @@ TreeBuilder::Ptr<CtrlSubStmtNode> TreeBuilder::parseCtrlSub() {
     if (keyword == tkWhile && type(next) == tkSemicolon) {
         head->setEnd(t_.end(next));
         at_ = next + 1;
-    } else {
+    } else if (keyword != tkWhile || before != tkDo) { // a macro may end in "while (0)" and leave the ";" out
         block = parseBlock();
+        if (block->start().isNone()) block.reset();
     }
     return std::make_unique<CtrlSubStmtNode>(head.release(), block.release());
 }
@@ -193,16 +264,9 @@ TreeBuilder::Ptr<CtrlSubStmtHeadNode> TreeBuilder::parseCtrlSubHead() {
     at_ = sig(at_);
     const Index keyword = at_;
     const int kind = type(keyword);
-    Index last = keyword;
-    at_ = keyword + 1;
     const bool bare = kind == tkElse || kind == tkDo || kind == tkTry;
-    // "if constexpr (", or a macro in its place: the two words are one keyword here. As a part of the
-    // gap the second would be glued to the first.
-    const Index second = sig(at_);
-    if (!bare && type(second) == tkIdentifier && (nextType(second) == tkOpenParen || isWord(second, "consteval"))) {
-        last = second;
-        at_ = last + 1;
-    }
+    const Index last = bare ? keyword : lastOfKeyword(keyword);
+    at_ = last + 1;
     auto head = std::make_unique<CtrlSubStmtHeadNode>(new KeywordNode(kind, t_.start(keyword), t_.end(last)), nullptr);
     if (bare) return head;
     const Index open = sig(at_);
@@ -217,13 +281,23 @@ TreeBuilder::Ptr<CtrlSubStmtHeadNode> TreeBuilder::parseCtrlSubHead() {
     return head;
 }
 
+/// The last token of a keyword that more than one word makes up: "if constexpr", "if !consteval", or
+/// a macro in place of "constexpr". As a part of the gap the second word would be glued to the first.
+TreeBuilder::Index TreeBuilder::lastOfKeyword(Index keyword) const {
+    const Index second = nextSig(keyword);
+    const Index word = type(second) == tkExclamation ? nextSig(second) : second;
+    if (isWord(word, "consteval")) return word;
+    return type(second) == tkIdentifier && nextType(second) == tkOpenParen ? second : keyword;
+}
+
 /// The bracketed condition at the read point. Its text is left to the source.
 TreeBuilder::Ptr<ExprNode> TreeBuilder::parseCondition() {
     const Index open = at_;
     const Index close = t_.mate(open);
     for (Index j = nextSig(open); j != close; j = nextSig(j)) {
         const int kind = type(j);
-        bool stops = kind == tkEnd || kind == tkCloseBrace || kind == tkNamespace || (kind >= tkIf && kind <= tkReturn);
+        const bool label = kind == tkDefault && nextType(j) == tkColon; // of a generic selection
+        bool stops = kind == tkEnd || kind == tkCloseBrace || kind == tkNamespace || (kind >= tkIf && kind <= tkReturn && !label);
         if (kind == tkOpenBrace) {
             const Index inner = t_.mate(j);
             const int behind = inner == kNone ? int(tkEnd) : nextType(inner);
@@ -254,7 +328,7 @@ TreeBuilder::NodePtr TreeBuilder::parseCase() {
         return std::make_unique<CaseNode>(word.release(), nullptr, t_.end(first));
     }
     Index colon = first;
-    while (type(colon) != tkColon && type(colon) != tkEnd && type(colon) != tkInvalid) {
+    while (type(colon) != tkColon && !endsCase(type(colon))) {
         if (type(colon) == tkOpenParen && t_.mate(colon) != kNone) colon = t_.mate(colon);
         colon = nextSig(colon);
     }
@@ -325,51 +399,63 @@ TreeBuilder::NodePtr TreeBuilder::parseAsm() {
     return std::make_unique<AsmNode>(word.release(), body.release(), form);
 }
 
+/// Whether the token at `j` shows that the statement in front of it has lost its ";". `prev` is the
+/// token before.
+bool TreeBuilder::beginsStatement(Index j, Index prev, bool isTemplate) const {
+    const int kind = type(j);
+    if (kind == tkClass || kind == tkStruct) return !isTemplate;
+    if (kind == tkThrow) return endsOperand(type(prev));
+    return (kind >= tkIf && kind <= tkDefault) || kind == tkOpenBrace || kind == tkCloseBrace || kind == tkReturn;
+}
+
 /// Reads up to and with the ";", or to where another statement or a directive shows that it is
 /// missing. A brace inside parentheses belongs to the text with all that it holds.
 TreeBuilder::NodePtr TreeBuilder::parseExpressionStatement() {
     const Index first = sig(at_);
+    const bool isTemplate = type(first) == tkTemplate || nextType(first) == tkTemplate;
     int parens = 0;
-    bool isTemplate = false;
     Index last = kNone;
     for (Index j = first;; ++j) {
         const int kind = type(j);
         if (isComment(kind)) continue;
-        if (kind == tkDirective) {
-            if (last != kNone) break;
-            continue;
-        }
-        if (kind == tkEnd || kind == tkInvalid) {
+        if (kind == tkDirective) break;
+        const bool blockEnds = kind == tkCloseBrace && (t_.mate(j) == kNone || t_.mate(j) < first);
+        if (kind == tkEnd || kind == tkInvalid || (blockEnds && parens > 0)) {
             reportEnd(j);
-            if (last == kNone) {
-                at_ = j;
-                return nullptr;
-            }
             break;
         }
-        if (kind == tkSemicolon && parens == 0) {
-            last = j;
-            break;
-        }
-        const bool begins = (kind >= tkIf && kind <= tkDefault) || kind == tkOpenBrace || kind == tkCloseBrace ||
-                            kind == tkReturn || (kind == tkThrow && last != kNone && type(last) == tkCloseParen) ||
-                            ((kind == tkClass || kind == tkStruct) && !isTemplate);
-        if (begins && parens == 0 && last != kNone) break;
-        if (begins && parens == 0 && (kind == tkOpenBrace || kind == tkCloseBrace)) break;
-        if (kind == tkCloseBrace && t_.mate(j) != kNone && t_.mate(j) < first) break; // the end of the block around
-        if (kind == tkTemplate) isTemplate = true;
+        if (blockEnds || (kind == tkOpenBrace && parens == 0)) break;
+        if (last != kNone && parens == 0 && beginsStatement(j, last, isTemplate)) break;
+        last = j;
+        if (kind == tkSemicolon && parens == 0) break;
         if (kind == tkOpenParen) ++parens;
         if (kind == tkCloseParen && parens > 0) --parens;
-        last = j;
-        if (kind == tkOpenBrace && t_.mate(j) != kNone) last = j = t_.mate(j);
-        if (kind == tkLess && t_.mate(j) != kNone && isTemplate) last = j = t_.mate(j);
+        if ((kind == tkOpenBrace || kind == tkLess) && t_.mate(j) != kNone) last = j = t_.mate(j);
     }
     if (last == kNone) {
         at_ = first;
         return nullptr;
     }
     at_ = last + 1;
-    return std::make_unique<ExprNode>(joined(first, last + 1), t_.start(first), t_.end(last));
+    return std::make_unique<ExprNode>(statementText(first, last), t_.start(first), t_.end(last));
+}
+
+/// The text of a statement: its words with single blanks between them. Parentheses, angle brackets
+/// and "template" are left out, and no blank stands in front of the closing ";".
+std::string TreeBuilder::statementText(Index first, Index last) const {
+    std::string text;
+    int parens = 0;
+    for (Index j = first; j <= last; j = nextSig(j)) {
+        switch (type(j)) {
+        case tkOpenParen: ++parens; continue;
+        case tkCloseParen: parens -= parens > 0 ? 1 : 0; continue;
+        case tkLess: case tkGreater: case tkTemplate: continue;
+        default: break;
+        }
+        if (!text.empty() && (type(j) != tkSemicolon || parens > 0)) text += ' ';
+        appendSpelling(text, j);
+    }
+    return text;
 }
 
 } // namespace Cpp

@@ -1,0 +1,114 @@
+#include "ParserTestTools.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+class Declarations : public testing::TestWithParam<ParseCase> {};
+TEST_P(Declarations, BuildTree) { checkTree(GetParam()); }
+
+const ParseCase kData[] = {
+    {"TypeAndName", "int a;", "Root{DataDecl{Type'int' Id'a'}}"},
+    {"Initializer", "int a = 5;", "Root{DataDecl{Type'int' Id'a' Expr'= 5'}}"},
+    // The comma in front of a "=" cuts the declaration; the rest has no type.
+    {"CommaBeforeInitializer", "int a, b = 2;", "Root{DataDecl{Type'int' Id'a'} DataDecl{Id'b' Expr'= 2'}}"},
+    // Without a "=" one declaration holds all declarators.
+    {"CommaWithoutInitializer", "int a, b;", "Root{DataDecl{Type'int' Id'a'}}"},
+    {"CommaBehindInitializer", "int a = 1, b;", "Root{DataDecl{Type'int' Id'a' Expr'= 1 , b'}}"},
+    {"CommentBehindAssign", "int a = /* c */ 5;", "Root{DataDecl{Type'int' Id'a' Expr'= 5'}}"},
+    {"Pointer", "const char *const p;", "Root{DataDecl{Type'const char * const' Id'p'}}"},
+    {"Arrays", "int a[3], b[4];", "Root{DataDecl{Type'int' Id'a [ 3 ]'} DataDecl{Id'b [ 4 ]'}}"},
+    {"TemplateComma", "std::map<int, int> m;", "Root{DataDecl{Type'std::map < int , int >' Id'm'}}"},
+    {"ParensInTemplate", "std::function<void(int)> cb;", "Root{DataDecl{Type'std::function < void ( int ) >' Id'cb'}}"},
+    {"BraceInitializer", "int x{5};", "Root{DataDecl{Type'int' Id'x' Expr'{ 5 }'}}"},
+    {"BraceInitializerBehindComma", "int a, b{2};", "Root{DataDecl{Type'int' Id'a'} DataDecl{Id'b' Expr'{ 2 }'}}"},
+    {"LambdaInitializer", "auto f = [] { g(); h(); };", "Root{DataDecl{Type'auto' Id'f' Expr'= [ ] { g ( ) ; h ( ) ; }'}}"},
+    {"StructuredBinding", "auto [a, b] = f();", "Root{DataDecl{Id'auto [ a , b ]' Expr'= f ( )'}}"},
+    {"DisabledRegionInInitializer", "int a[] = {\n#if 0\n 1;\n#endif\n 2};", "Root{DataDecl{Type'int' Id'a [ ]' Expr'= { 2 }'}}"},
+    // A key and a name alone declare no name.
+    {"ForwardClass", "struct A;", "Root{DataDecl{Type'struct A'}}"},
+    {"StructVariable", "struct S s = {1};", "Root{DataDecl{Type'struct S' Id's' Expr'= { 1 }'}}"},
+    {"BasesWithoutBody", "class X : public Y;", "Root{DataDecl{Type'class X : public' Id'Y'}}"},
+    {"TypeAttribute", "alignas(16) int x;", "Root{DataDecl{Type'alignas ( 16 ) int' Id'x'}}"},
+    {"TypedefOfKeyword", "typedef int bool;", "Root{DataDecl{Type'typedef int' Id'bool'}}"},
+};
+INSTANTIATE_TEST_SUITE_P(Data, Declarations, testing::ValuesIn(kData), [](const auto& row) { return row.param.name; });
+
+const ParseCase kPointers[] = {
+    {"ToFunction", "int (*fp)(int);", "Root{FunctionPtrDecl{Return'int' Id'* fp' ParameterList{Parameter'int'}}}"},
+    {"ReturningPointer", "int *(*fp)(int);", "Root{FunctionPtrDecl{Return'int *' Id'* fp' ParameterList{Parameter'int'}}}"},
+    {"ToArray", "int (*p)[10];", "Root{FunctionPtrDecl{Return'int' Id'* p' Text'[ 10 ]'}}"},
+    {"ToMember", "int (A::*p)(int) const;", "Root{FunctionPtrDecl{Return'int' Id'A:: * p' ParameterList{Parameter'int'} Text'const'}}"},
+    {"ReferenceToArray", "char (&yes)[1];", "Root{FunctionPtrDecl{Return'char' Id'& yes' Text'[ 1 ]'}}"},
+    {"CallingConvention", "int (WINAPI *f)(int);", "Root{FunctionPtrDecl{Return'int' Id'WINAPI * f' ParameterList{Parameter'int'}}}"},
+    {"Table", "static int (*t[])(void) = { a, b };",
+     "Root{FunctionPtrDecl{Return'static int' Id'* t [ ]' ParameterList{Parameter'void'} Text'= { a , b }'}}"},
+    {"NameInParens", "int (x);", "Root{FunctionPtrDecl{Return'int' Id'x'}}"},
+    {"OperatorAsMacroArgument", "OPS(*, mul)\nint x;",
+     "Root{FunctionDecl{FunctionHead{Id'OPS' ParameterList{Parameter'*' Parameter'mul'}}} DataDecl{Type'int' Id'x'}}"},
+};
+INSTANTIATE_TEST_SUITE_P(Pointers, Declarations, testing::ValuesIn(kPointers), [](const auto& row) { return row.param.name; });
+
+// What a C program may name with words that only C++ keeps for itself.
+const char* const kNamesInC[] = {
+    "int class = 1; int new, delete; char *template, **this;",
+    "struct template { int new, private : 3, public; char *operator, virtual[2]; } *template;",
+    "union namespace { int a; } u; enum class { A, B }; struct operator *o;",
+    "void delete(struct node *new) { free(new); } struct x *new(void) { return 0; }",
+    "int throw(int x) { return x; } int catch(int x) { return x; } int operator(int a);",
+    "int f(int private, char *class, int template[]) { return typename ? explicit : protected; }",
+    "void f(void) { x->new = y; f(this, template, class); this->class = 3; delete(x); new = old; }",
+    "void f(void) { operator = 5; try(1); catch = 2; throw = 3; virtual->a = namespace.b; using = 1; }",
+    "void f(void) { switch (class) { case private: break; } goto delete; delete: friend[1] = export(2); }",
+    "void f(void) { char loadable, private, public; private = public; template->x = 2; mutable++; }",
+    "typedef int bool; typedef unsigned short wchar_t; typedef unsigned long size_t;",
+};
+
+TEST(NamesInC, AreAcceptedWhereTheKeywordCannotStand) {
+    for (const char* source : kNamesInC) {
+        SCOPED_TRACE(source);
+        const Parsed parsed(source);
+        EXPECT_EQ(errorsAsText(parsed), "");
+        EXPECT_EQ(extentFault(parsed), "");
+    }
+}
+
+TEST(NamesInC, AreNames) {
+    Parsed parsed("void delete(int private);");
+    EXPECT_EQ(treeAsText(parsed.root),
+              "Root{FunctionDecl{FunctionHead{Return'void' Id'delete' ParameterList{Parameter'int private'}}}}");
+}
+
+class DeclarationMessages : public testing::TestWithParam<MessageCase> {};
+TEST_P(DeclarationMessages, Are) { checkMessages(GetParam()); }
+const MessageCase kMessages[] = {
+    {"Unfinished", "int x", "1:5 Unexpected EOF found.; 1:1 The statement cannot be parsed."},
+    {"UnfinishedInClass", "class A { int x };", "1:15 Unexpected EOF found.; 1:11 The statement cannot be parsed."},
+    {"MacroOnLastLine", "FOO", ""},
+    {"MacroAtClassEnd", "struct S { int a; PADDING };", ""},
+    {"OpenParen", "int f(int a;", "1:12 Unexpected EOF found.; 1:1 The statement cannot be parsed."},
+    {"BitfieldName", "struct S { int a : 3, 5; };",
+     "1:23 Bad looking bitfield. Expected an Identifier. Got: '5'.; 1:12 The statement cannot be parsed."},
+    {"BitfieldColon", "struct S { int a : 3, b 5; };",
+     "1:25 Bad looking bitfield. Expected ':'. Got: '5'.; 1:12 The statement cannot be parsed."},
+    {"MixedBitfields", "struct S { int a : 3, b, : 4, *c, d[2]; int : 0; };", ""},
+    {"ExpressionAsWidth", "struct S { int a : (8 - 3); int b : sizeof(x) * 8; int NAME(c) : 1; };", ""},
+};
+INSTANTIATE_TEST_SUITE_P(Rows, DeclarationMessages, testing::ValuesIn(kMessages), [](const auto& row) { return row.param.name; });
+
+TEST(DataExtent, EndsAtItsTerminator) {
+    Parsed parsed("int a, b = 2;\n");
+    EXPECT_EQ(coveredText(parsed, *parsed.root.child(0)), "int a,");
+    EXPECT_EQ(coveredText(parsed, *parsed.root.child(1)), "b = 2;");
+    EXPECT_EQ(coveredText(parsed, *findNode(parsed.root, "Expr")), "= 2");
+}
+
+TEST(DataExtent, FunctionPointerLeavesItsSemicolonOut) {
+    Parsed parsed("int (*f)(int) = g;\n");
+    EXPECT_EQ(coveredText(parsed, *parsed.root.child(0)), "int (*f)(int) = g");
+    EXPECT_EQ(coveredText(parsed, *findNode(parsed.root, "Id")), "(*f)");
+}
+
+} // namespace
