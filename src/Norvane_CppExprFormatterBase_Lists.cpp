@@ -25,6 +25,10 @@ public:
 private:
     bool breaks() const { return before_.breaksLine() || between_.breaksLine(); }
     bool hasNext(std::size_t separator) const { return separator + 1 < tokens_.size(); }
+    /// Between two separators it is the second that says what stands there.
+    bool nextSaysAll(std::size_t separator) const {
+        return before_.set && hasNext(separator) && tokens_.kind(separator + 1) == tokens_.kind(separator);
+    }
     void writeSeparator(std::size_t index);
     void writeAlignedSeparator(std::size_t index);
     void measureFirst(int separatorKind);
@@ -71,8 +75,9 @@ void ListWriter::writeGapBehind(std::size_t separator, bool keepsBlockComments) 
     const std::size_t next = separator + 1;
     const int kind = hasNext(separator) ? tokens_.kind(next) : static_cast<int>(Cpp::tkEnd);
     if (kind == Cpp::tkDirective) return writeDirectiveBehind(separator);
+    if (nextSaysAll(separator)) return;
     if (kind == Cpp::tkBlockComment && keepsBlockComments && between_.set) return copier_.copyMoved(next);
-    if (between_.set && kind != Cpp::tkLineComment) {
+    if (between_.set && kind != Cpp::tkLineComment && copier_.isReplaceable(next)) {
         copier_.replaceGap(next, between_.value, true);
     } else if (breaks()) {
         writeSourceGap(next);
@@ -82,7 +87,8 @@ void ListWriter::writeGapBehind(std::size_t separator, bool keepsBlockComments) 
 /// Copies a gap of the source in which a line may break: the white space in front of the next line
 /// is no part of what the line's indent adds.
 void ListWriter::writeSourceGap(std::size_t index) {
-    const Zelmar::KeepWsGuard keep(output_, output_.keepLeadingWs() && !hasLineFeed(tokens_.gap(index)));
+    const bool startsLine = output_.column() == 0 || hasLineFeed(tokens_.gap(index));
+    const Zelmar::KeepWsGuard keep(output_, output_.keepLeadingWs() && !startsLine);
     copier_.copyTo(tokens_.gapEnd(index));
 }
 
@@ -106,14 +112,14 @@ void ListWriter::writeAlignedSeparator(std::size_t index) {
     copier_.copyTo(tokens_.gapBegin(index));
     std::optional<ColumnGuard> column;
     if (breaks()) column.emplace(output_, lineColumn(index));
-    if (before_.set) {
+    if (before_.set && copier_.isReplaceable(index)) {
         copier_.replaceGap(index, before_.value, true);
     } else if (breaks()) {
         writeSourceGap(index);
     }
     copier_.copyTo(tokens_.end(index));
     writeGapBehind(index, false);
-    if (breaks() && hasNext(index)) writeAlignedNext(index + 1);
+    if (breaks() && hasNext(index) && !nextSaysAll(index)) writeAlignedNext(index + 1);
 }
 
 /// The elements line up under the first character of the first one, unless that is nothing but
@@ -130,7 +136,9 @@ void ListWriter::measureFirst(int separatorKind) {
 /// Where the line of the next element starts.
 int ListWriter::lineColumn(std::size_t separator) const {
     std::string hanging(tokens_.token(separator));
-    if (between_.set) {
+    if (nextSaysAll(separator)) {
+        // Nothing of its own stands behind it.
+    } else if (between_.set && copier_.isReplaceable(separator + 1)) {
         hanging.append(between_.value);
     } else if (!hasLineFeed(tokens_.gap(separator + 1))) {
         hanging.append(tokens_.gap(separator + 1));

@@ -81,6 +81,12 @@ TEST(AlignedList, PutsADirectiveOnALineOfItsOwn) {
               "a,\n#if X\n    b");
 }
 
+TEST(AlignedList, SettlesASeparatorBehindADirective) {
+    const std::string once = alignedAt(6, "\n#if X\n   , ", kUnset, kLineFeed);
+    EXPECT_EQ(once, "\n#if X\n    ,\n");
+    EXPECT_EQ(alignedAt(6, once, kUnset, kLineFeed), once);
+}
+
 TEST(AlignedList, KeepsTheScopeOfABaseClassApartFromTheColon) {
     CppExprFormatter formatter{PropertySet()};
     EXPECT_EQ(formatter.formatList(" : ::N::B", Cpp::tkColon, kBlank, kNothing, stateAt(0, true)), " : ::N::B");

@@ -123,6 +123,29 @@ TEST_P(RandomText, KeepsItsTokensAndSettles) {
 
 INSTANTIATE_TEST_SUITE_P(ExprFormatter, RandomText, testing::Range(0, 4));
 
+TEST(ExprFormatterBase, RandomListsKeepTheirTokensAndSettle) {
+    constexpr unsigned kRounds = 4000;
+    for (unsigned seed = 0; seed < kRounds; ++seed) {
+        Dice dice(seed);
+        const std::string text = dice.text();
+        const OptionalString before{dice.oneIn(2), dice.pick(kValues)};
+        const OptionalString between{dice.oneIn(2), dice.pick(kValues)};
+        CppExprFormatter formatter(dice.scheme());
+        const Zelmar::IndentStreamState state = dice.oneIn(2) ? stateAt(4) : stateAt(0, true);
+        const bool aligned = dice.oneIn(2);
+        const auto layOutList = [&](const std::string& list) {
+            return aligned ? formatter.formatAlignedList(list, Cpp::tkComma, before, between, state)
+                           : formatter.formatList(list, Cpp::tkComma, before, between, state);
+        };
+        const std::string once = layOutList(text);
+        SCOPED_TRACE(placeText(state) + (aligned ? ", aligned" : "") + "\nbefore [" + before.value + "] " +
+                     (before.set ? "set" : "unset") + ", between [" + between.value + "] " +
+                     (between.set ? "set" : "unset") + "\ntext: [" + text + "]\nonce: [" + once + "]");
+        ASSERT_EQ(tokenTexts(once), tokenTexts(text));
+        ASSERT_EQ(layOutList(once), once);
+    }
+}
+
 TEST(ExprFormatter, AnEmptySchemeChangesNothing) {
     CppExprFormatter formatter{PropertySet()};
     for (unsigned seed = 0; seed < 4000; ++seed) {
