@@ -13,8 +13,8 @@ void listSchemeOptions(std::ostream& out) {
             family = info.family;
             first = false;
         }
-        out << "  " << info.name << "  (" << Norvane::propertyKindName(info.kind) << ", default: " << info.defaultValue
-            << ")\n      " << info.description << '\n';
+        out << "  " << info.name << "  (" << Norvane::propertyKindName(info.kind)
+            << ", default: " << info.defaultValue << ")\n      " << info.description << '\n';
     }
 }
 

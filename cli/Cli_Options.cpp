@@ -45,8 +45,8 @@ private:
     Destination destination() const;
     void refuseContradictions(const Options& options) const;
 
-    CLI::App app_{"Lays out C and C++ by a scheme. White space that the scheme does not speak of stays as it is,\n"
-                  "and nothing else ever changes.",
+    CLI::App app_{"Lays out C and C++ by a scheme. White space that the scheme does not speak of\n"
+                  "stays as it is, and nothing else ever changes.",
                   "kerfline"};
     std::string scheme_ = "default";
     std::vector<std::string> sets_;
@@ -62,13 +62,13 @@ private:
 CommandLine::CommandLine() {
     app_.set_version_flag("--version", std::string("kerfline ") + KERFLINE_VERSION_TEXT);
     app_.add_option("--scheme", scheme_,
-                    "A scheme file (FILE.kls), \"none\", or one that comes with the program: " + shippedNames())
+                    "A scheme file (FILE.kls), \"none\", or one that comes with the program:\n" + shippedNames())
         ->type_name("FILE");
     // Each takes one argument only: the next word may be the file to lay out.
     setOption_ = app_.add_option("--set", sets_, "Set one option, the value in the escapes of a scheme file")
                      ->type_name("NAME=VALUE")
                      ->allow_extra_args(false);
-    unsetOption_ = app_.add_option("--unset", unsets_, "Take one option out, so that it leaves the source alone")
+    unsetOption_ = app_.add_option("--unset", unsets_, "Take one option out: its place keeps the source")
                        ->type_name("NAME")
                        ->allow_extra_args(false);
     app_.add_flag("-i,--in-place", inPlace_, "Write each result back to its file, if it changed");

@@ -35,7 +35,8 @@ void copyRest(std::istream& in, std::ostream& out) {
 
 } // namespace
 
-Program::Program(const Options& options, const Norvane::PropertySet& scheme, const Streams& streams, Report& report)
+Program::Program(const Options& options, const Norvane::PropertySet& scheme, const Streams& streams,
+                 Report& report)
     : options_(options), engine_(scheme), streams_(streams), report_(report) {}
 
 void Program::run() {
@@ -79,7 +80,7 @@ void Program::processStream(const std::string& shownName, std::istream& in) {
     }
     report_.error({shownName}, "longer than 4 GB, which is more than can be laid out", ExitStatus::refused);
     passThrough(read.bytes);
-    if (options_.destination == Destination::standardOutput && options_.dump == Dump::none) copyRest(in, streams_.out);
+    if (passesThrough()) copyRest(in, streams_.out);
 }
 
 void Program::processSource(const std::string& path, const SourceFile& source) {
@@ -102,7 +103,8 @@ void Program::processSource(const std::string& path, const SourceFile& source) {
 
 void Program::format(const std::string& path, const SourceFile& source) {
     if (source.isWideText()) {
-        report_.error({path}, "UTF-16 text; only UTF-8 and one-byte encodings can be laid out", ExitStatus::refused);
+        report_.error({path}, "UTF-16 text; only UTF-8 and one-byte encodings can be laid out",
+                      ExitStatus::refused);
         passThrough(source.bytes());
         return;
     }
@@ -140,15 +142,19 @@ void Program::deliver(const std::string& path, const SourceFile& source, const s
 
 void Program::refuse(const std::string& path, const SourceFile& source, const Outcome& outcome) {
     for (const Trn::Message& message : outcome.messages) {
-        const std::string where = outcome.pointIntoResult ? " (line and column of the text before wrapping)" : "";
+        const char* where = outcome.pointIntoResult ? " (line and column of the text before wrapping)" : "";
         report_.add(placeOf(path, message.position), severityWord(message), message.text + where);
     }
     report_.raise(ExitStatus::refused);
     passThrough(source.bytes());
 }
 
+bool Program::passesThrough() const {
+    return options_.destination == Destination::standardOutput && options_.dump == Dump::none;
+}
+
 void Program::passThrough(const std::string& bytes) {
-    if (options_.destination == Destination::standardOutput && options_.dump == Dump::none) streams_.out << bytes;
+    if (passesThrough()) streams_.out << bytes;
 }
 
 void Program::dump(const std::string& path, const SourceFile& source) {

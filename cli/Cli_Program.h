@@ -42,6 +42,8 @@ private:
     void deliver(const std::string& path, const SourceFile& source, const std::string& result);
     void writeBack(const std::string& path, const std::string& result);
     void refuse(const std::string& path, const SourceFile& source, const Outcome& outcome);
+    /// True where a refused source goes out unchanged, since something waits for its text.
+    bool passesThrough() const;
     void passThrough(const std::string& bytes);
     void finishOutput();
 

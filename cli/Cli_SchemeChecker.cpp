@@ -130,6 +130,31 @@ Norvane::PropertySet readAlone(const Record& record) {
     return Norvane::PropertySet(text);
 }
 
+/// What keeps a line from being a record of a known option, whatever its value.
+std::optional<SchemeProblem> shapeProblem(std::string_view line, const Record& record) {
+    const auto problemAt = [&](std::string_view part, std::string text) {
+        return SchemeProblem{1, columnOf(line, part), std::move(text), false};
+    };
+    const std::string name(record.name);
+    if (record.typeCode != "1" && record.typeCode != "2" && record.typeCode != "3") {
+        return problemAt(record.typeCode, "a line starts with 1 (yes or no), 2 (number) or 3 (text), not with " +
+                                              quoted(record.typeCode));
+    }
+    if (name.empty()) return problemAt(record.typeCode, "the name of an option is missing");
+    if (Norvane::findProperty(name) == nullptr) return problemAt(record.name, unknownOptionText(name));
+    if (record.value.empty()) return problemAt(record.name, "the value of " + name + " is missing");
+    if (!isClosed(record.value)) return problemAt(record.value, "the closing quote is missing");
+    if (!record.rest.empty() && record.rest.front() != '#') {
+        return problemAt(record.rest, "unexpected text behind the value");
+    }
+    return std::nullopt;
+}
+
+/// A value of the right kind that hardly does what was meant.
+bool isSlip(Norvane::PropertyFault fault) {
+    return fault == Norvane::PropertyFault::OutOfRange || fault == Norvane::PropertyFault::LineBreakInIndent;
+}
+
 void copyValue(const Norvane::PropertySet& one, Norvane::PropertySet& scheme) {
     for (const auto& [name, value] : one.bools()) scheme.setBool(name, value);
     for (const auto& [name, value] : one.ints()) scheme.setInt(name, value);
@@ -138,7 +163,9 @@ void copyValue(const Norvane::PropertySet& one, Norvane::PropertySet& scheme) {
 
 std::optional<std::string> headerProblem(int number, std::string_view line) {
     if (number == 0 && line != kHeader) return "not a scheme: its first line should be " + std::string(kHeader);
-    if (number == 1 && line != kVersion) return "version " + quoted(line) + " of the scheme text is not known; it should be 1";
+    if (number == 1 && line != kVersion) {
+        return "version " + quoted(line) + " of the scheme text is not known; it should be 1";
+    }
     return std::nullopt;
 }
 
@@ -194,34 +221,20 @@ private:
 } // namespace
 
 std::string unknownOptionText(std::string_view name) {
-    return "unknown option " + quoted(name) + "; did you mean " + quoted(Norvane::nearestPropertyName(name)) + '?';
+    const std::string_view nearest = Norvane::nearestPropertyName(name);
+    return "unknown option " + quoted(name) + "; did you mean " + quoted(nearest) + '?';
 }
 
 std::optional<SchemeProblem> readRecord(std::string_view line, Norvane::PropertySet& scheme) {
     const Record record = split(line);
-    const auto problemAt = [&](std::string_view part, std::string text) {
-        return SchemeProblem{1, columnOf(line, part), std::move(text), false};
-    };
-    if (record.typeCode != "1" && record.typeCode != "2" && record.typeCode != "3") {
-        return problemAt(record.typeCode, "a line starts with 1 (yes or no), 2 (number) or 3 (text), not with " +
-                                              quoted(record.typeCode));
-    }
-    if (record.name.empty()) return problemAt(record.typeCode, "the name of an option is missing");
-    if (Norvane::findProperty(record.name) == nullptr) return problemAt(record.name, unknownOptionText(record.name));
-    if (record.value.empty()) return problemAt(record.name, "the value of " + std::string(record.name) + " is missing");
-    if (!isClosed(record.value)) return problemAt(record.value, "the closing quote is missing");
-    if (!record.rest.empty() && record.rest.front() != '#') {
-        return problemAt(record.rest, "unexpected text behind the value");
-    }
+    if (auto problem = shapeProblem(line, record)) return problem;
     const Norvane::PropertySet one = readAlone(record);
     const Norvane::PropertyFault fault = faultOf(one);
-    const bool isSlip = fault == Norvane::PropertyFault::OutOfRange || fault == Norvane::PropertyFault::LineBreakInIndent;
-    if (fault == Norvane::PropertyFault::None || isSlip) copyValue(one, scheme);
+    if (fault == Norvane::PropertyFault::None || isSlip(fault)) copyValue(one, scheme);
     if (fault == Norvane::PropertyFault::None) return std::nullopt;
     const bool wrongType = fault == Norvane::PropertyFault::WrongKind && one.size() != 0;
-    SchemeProblem problem = problemAt(wrongType ? record.typeCode : record.value, faultText(fault, record));
-    problem.isWarning = isSlip;
-    return problem;
+    const std::string_view where = wrongType ? record.typeCode : record.value;
+    return SchemeProblem{1, columnOf(line, where), faultText(fault, record), isSlip(fault)};
 }
 
 std::vector<SchemeProblem> checkSchemeText(std::string_view text) {

@@ -16,7 +16,7 @@ std::string_view commonestLineEnd(std::string_view bytes) {
     const auto returns = std::count(bytes.begin(), bytes.end(), '\r');
     if (returns == 0) return "\n";
     std::ptrdiff_t pairs = 0;
-    for (std::size_t at = bytes.find("\r\n"); at != std::string_view::npos; at = bytes.find("\r\n", at + 2)) ++pairs;
+    for (std::size_t at = bytes.find("\r\n"); at != bytes.npos; at = bytes.find("\r\n", at + 2)) ++pairs;
     const auto loneFeeds = feeds - pairs;
     const auto loneReturns = returns - pairs;
     if (pairs > loneFeeds && pairs >= loneReturns) return "\r\n";

@@ -59,7 +59,8 @@ bool sameStrayCharacters(std::string_view a, std::string_view b) {
     }
 }
 
-bool sameToken(std::string_view source, const Cpp::RawToken& a, std::string_view result, const Cpp::RawToken& b) {
+bool sameToken(std::string_view source, const Cpp::RawToken& a, std::string_view result,
+               const Cpp::RawToken& b) {
     if (a.type != b.type) return false;
     const std::string_view left = range(source, a);
     const std::string_view right = range(result, b);

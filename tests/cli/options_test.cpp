@@ -20,7 +20,8 @@ Parsed parse(std::vector<const char*> arguments) {
     std::ostringstream out;
     std::ostringstream err;
     Parsed parsed;
-    parsed.options = Cli::parseCommandLine(static_cast<int>(arguments.size()), arguments.data(), out, err, parsed.status);
+    const int count = static_cast<int>(arguments.size());
+    parsed.options = Cli::parseCommandLine(count, arguments.data(), out, err, parsed.status);
     parsed.out = out.str();
     parsed.err = err.str();
     return parsed;

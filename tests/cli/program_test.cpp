@@ -117,7 +117,8 @@ TEST(Program, GoesOnBehindAFailureAndKeepsTheHighestStatus) {
 }
 
 TEST(Program, KeepsLineEndsAndByteOrderMark) {
-    EXPECT_EQ(run({"-"}, {}, "\xef\xbb\xbf" "void f() {\r\nif(a);\r\n}").out, "\xef\xbb\xbf" "void f() {\r\nif (a);\r\n}");
+    const std::string mark = "\xef\xbb\xbf";
+    EXPECT_EQ(run({"-"}, {}, mark + "void f() {\r\nif(a);\r\n}").out, mark + "void f() {\r\nif (a);\r\n}");
     const std::string mixed = "int a;\r\nint b;\rint c;\n";
     EXPECT_EQ(run({"-"}, {}, mixed).out, mixed);
 }

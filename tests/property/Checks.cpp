@@ -23,7 +23,9 @@ std::string difference(const std::string& a, const std::string& b) {
 std::string breach(const Cli::Engine& engine, const std::string& text, Demand demand, bool mayRefuse) {
     const Cli::Outcome first = engine.format(text);
     if (!first.text) return mayRefuse ? "" : "refused: " + first.messages.front().text;
-    if (demand == Demand::giveBack) return *first.text == text ? "" : "not given back" + difference(text, *first.text);
+    if (demand == Demand::giveBack) {
+        return *first.text == text ? "" : "not given back" + difference(text, *first.text);
+    }
     if (Cli::firstTokenDifference(text, *first.text)) return "a token changed" + difference(text, *first.text);
     if (demand == Demand::keepTokens) return "";
     const Cli::Outcome second = engine.format(*first.text);

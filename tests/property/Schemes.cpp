@@ -24,7 +24,9 @@ std::vector<std::int32_t> typicalNumbers(const Norvane::PropertyInfo& info) {
     if (info.name == "TAB_SIZE") return {1, 4, 8};
     if (info.name == "RIGHT_MARGIN") return {0, 1, 20, 80};
     std::vector<std::int32_t> values;
-    for (std::int32_t value = info.minimum; value <= info.maximum && values.size() < 5; ++value) values.push_back(value);
+    for (std::int32_t value = info.minimum; value <= info.maximum && values.size() < 5; ++value) {
+        values.push_back(value);
+    }
     return values;
 }
 

@@ -25,7 +25,8 @@ std::vector<Source> readGoldenSources() {
     for (const auto& entry : std::filesystem::recursive_directory_iterator(KERFLINE_CASES)) {
         if (entry.path().extension() != ".case") continue;
         for (const Golden::Case& golden : Golden::readCases(entry.path().string())) {
-            sources.push_back({entry.path().filename().string() + ':' + std::to_string(golden.line), golden.source});
+            const std::string place = entry.path().filename().string() + ':' + std::to_string(golden.line);
+            sources.push_back({place, golden.source});
         }
     }
     return sources;

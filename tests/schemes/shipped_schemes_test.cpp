@@ -38,7 +38,8 @@ TEST_P(Shipped, SetsAllIndentsOrNone) {
     std::vector<std::string_view> missing;
     bool any = false;
     for (const Norvane::PropertyInfo& info : Norvane::propertyCatalogue()) {
-        const bool isIndent = info.name.starts_with("INDENT_") || info.name == "GLOBAL_INDENT_CONTENT" || info.name == "LEFT_MARGIN";
+        const bool isIndent = info.name.starts_with("INDENT_") || info.name == "GLOBAL_INDENT_CONTENT" ||
+                              info.name == "LEFT_MARGIN";
         if (!isIndent || std::find(unread.begin(), unread.end(), info.name) != unread.end()) continue;
         if (scheme.exists(info.name)) {
             any = true;
@@ -49,12 +50,14 @@ TEST_P(Shipped, SetsAllIndentsOrNone) {
     EXPECT_TRUE(!any || missing.empty()) << (missing.empty() ? "" : missing.front());
 }
 
-INSTANTIATE_TEST_SUITE_P(Schemes, Shipped, testing::ValuesIn(Cli::shippedSchemes().begin(), Cli::shippedSchemes().end()),
+INSTANTIATE_TEST_SUITE_P(Schemes, Shipped,
+                         testing::ValuesIn(Cli::shippedSchemes().begin(), Cli::shippedSchemes().end()),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(ShippedSchemes, HoldTheOneThatIsUsedByDefault) {
     const auto schemes = Cli::shippedSchemes();
-    EXPECT_TRUE(std::any_of(schemes.begin(), schemes.end(), [](const auto& scheme) { return scheme.name == "default"; }));
+    const auto isDefault = [](const Cli::ShippedScheme& scheme) { return scheme.name == "default"; };
+    EXPECT_TRUE(std::any_of(schemes.begin(), schemes.end(), isDefault));
 }
 
 } // namespace
