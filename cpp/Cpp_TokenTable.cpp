@@ -131,7 +131,8 @@ void renamePlainNames(std::vector<ParseToken>& tokens) {
             while (isCommentOrDirective(typeAt(after))) ++after;
             if (isPlainName(type, before, typeAt(after), typeAt(after + 1))) tokens[i].type = tkIdentifier;
         }
-        before = tokens[i].type;
+        // In front of "::new" the scanner sees a name without a letter: it is none.
+        before = tokens[i].begin == tokens[i].end ? int(tkEnd) : int(tokens[i].type);
     }
 }
 

@@ -36,6 +36,8 @@ const Row kRows[] = {
     {"Statement", "void f() { a(b) ; }", "Expr", "a(b) ;"},
     {"StatementWithoutSemicolon", "void f() { x = 1 }", "Expr", "x = 1"},
     {"StatementInFrontOfComment", "void f() { F(x) // c\n }", "Expr", "F(x)"},
+    {"GlobalNew", "void f() { ::new (p) T(a); }", "Expr", "::new (p) T(a);"},
+    {"GlobalDelete", "void f() { ::delete (p); }", "Expr", "::delete (p);"},
     {"DoWhile", "void f() { do ; while (a) ; b(); }", "CtrlStmt", "do ; while (a) ;"},
     {"Condition", "void f() { if ( a ) ; }", "Expr", "( a )"},
     {"KeywordWithConstexpr", "void f() { if constexpr (a) ; }", "Keyword", "if constexpr"},
