@@ -46,6 +46,14 @@ void writeAll(std::string_view text, std::ostream& output) {
     output.flush();
 }
 
+/// An empty stream with room for a text a little longer than `source`: growing to it step by step
+/// would copy it twice over.
+std::stringstream streamWithRoom(std::string_view source) {
+    std::string room;
+    room.reserve(source.size() + source.size() / 4);
+    return std::stringstream(std::move(room));
+}
+
 /// What a failed stream did not take would be missing from the text that replaces the user's.
 void checkWritten(const std::ostream& text) {
     if (!text.good()) throw Trn::Exception("The formatted text could not be written.");
@@ -121,7 +129,7 @@ std::int32_t FormatDriver::format(const FormatOptions& options, std::istream& in
                                   Trn::MessageList& messages, UpdateFunctor& update) {
     Run run(options, messages, update);
     std::stringstream source(Zelmar::readAll(input));
-    std::stringstream formatted;
+    std::stringstream formatted = streamWithRoom(source.view());
     const std::int32_t ended = run.format(source, formatted);
     if (ended != 0) return ended;
     bool lineWrap = false;
@@ -130,7 +138,7 @@ std::int32_t FormatDriver::format(const FormatOptions& options, std::istream& in
         writeAll(formatted.view(), output);
         return 0;
     }
-    std::ostringstream wrapped;
+    std::stringstream wrapped = streamWithRoom(formatted.view());
     const std::int32_t wrapEnded = run.wrap(formatted, wrapped);
     if (wrapEnded == 0) writeAll(wrapped.view(), output);
     return wrapEnded;
