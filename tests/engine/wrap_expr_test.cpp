@@ -147,7 +147,8 @@ TEST(WrapExpr, TextThatFitsComesOutAsItIs) {
 TEST(WrapExpr, WhatFollowsCountsOnlyAtTheEnd) {
     CppExprLineWrapper wrapper(schemeOf({}));
     EXPECT_EQ(wrapper.wrap("aaaaaa && bbbbb", placeAt(4), false, false), "aaaaaa && bbbbb");
-    EXPECT_EQ(wrapper.wrap("aaaaaa && bbbbb", placeAt(4), false, false, ");"), "aaaaaa &&\n    bbbbb");
+    EXPECT_EQ(wrapper.wrap("aaaaaa && bbbbb", placeAt(4), false, false, ");"),
+              "aaaaaa &&\n    bbbbb");
     EXPECT_EQ(wrapper.wrap("aaaaaa && bbbbb", placeAt(4), false, false, ")\n  cccccccccccc"),
               "aaaaaa && bbbbb");
 }
