@@ -15,6 +15,9 @@ using namespace Cpp;
 namespace {
 
 constexpr WrapKinds kLogicalOperators{tkLogicalAnd, tkLogicalOr};
+// A "&&" in front of one of these is no operator but marks a reference.
+constexpr WrapKinds kNoOperand{tkComma,        tkGreater,    tkCloseParen, tkCloseBracket,
+                               tkCloseBrace, tkSemicolon, tkDot};
 constexpr WrapKinds kComma{tkComma};
 constexpr WrapKinds kSemicolon{tkSemicolon};
 constexpr WrapKinds kExpressionOperators{tkColon,      tkSlash, tkPlus,    tkMinus, tkPercent,
@@ -126,7 +129,6 @@ std::string CppExprLineWrapper::wrapStatementParts(const std::string& text,
     return layout.result();
 }
 
-// Answers for most texts without splitting them into tokens.
 bool CppExprLineWrapper::fits(std::string_view text, const Zelmar::IndentStreamState& state,
                               std::string_view follower) const {
     const int tab = std::max(state.tabSize, 1);
@@ -161,7 +163,7 @@ void CppExprLineWrapper::wrapExpression(WrapLayout& layout, const WrapRange& ran
     if (!layout.isOver(range)) return;
     wrapShifts(layout, range, indent);
     if (!layout.isOver(range)) return;
-    FindFirstElem logicals(kLogicalOperators);
+    FindFirstElem logicals(kLogicalOperators, kNoOperand);
     wrapAt(layout, range, logicals, exprWrapStyle_ == kBreakLast, indent);
     if (!layout.isOver(range)) return;
     FindFirstBinaryOp operators;

@@ -51,13 +51,16 @@ public:
     std::string wrapStatementParts(const std::string& text, const Zelmar::IndentStreamState& state,
                                    std::string_view follower = {});
 
+    /// True if no line of the text is beyond the margin, with the first one at the column of `state` and
+    /// `follower` behind the last one. Looks at the characters only.
+    bool fits(std::string_view text, const Zelmar::IndentStreamState& state, std::string_view follower) const;
+
 private:
     enum WrapStyle { kFlush = 0, kAligned = 1, kIndented = 2 };
     enum BreakStyle { kBreakFirst = 1, kBreakLast = 2 };
     enum ListStrategy { kKeepLines = 0, kFillLines = 1, kOneToALine = 2 };
 
     bool isOn() const { return lineWrap_ && rightMargin_ > 0; }
-    bool fits(std::string_view text, const Zelmar::IndentStreamState& state, std::string_view follower) const;
 
     // The steps of an expression, from the weakest binding to the strongest.
     void wrapRange(WrapLayout& layout, const WrapRange& range) const;

@@ -3,6 +3,7 @@
 #include "cpp/Cpp_Tokens.h"
 #include "src/Norvane_CppLineWrapper_Scope.h"
 #include "src/Norvane_WrapOptions.h"
+#include "src/Norvane_WrapStay.h"
 #include "streams/Zelmar_Columns.h"
 
 #include <algorithm>
@@ -19,7 +20,8 @@ std::string_view firstLine(std::string_view text) {
 
 CppLineWrapper::CppLineWrapper(const PropertySet& scheme, const std::string& formattedText,
                                std::ostream& wrapped)
-    : props_(scheme), source_(formattedText), reader_(source_), wrapped_(wrapped), exprWrapper_(scheme) {
+    : props_(scheme), source_(formattedText), reader_(source_), wrapped_(wrapped), exprFormatter_(scheme),
+      exprWrapper_(scheme) {
     normalizeProperties(props_);
     readOptions();
     if (lineWrap_ && rightMargin_ > 0) findOverLines();
@@ -49,6 +51,10 @@ void CppLineWrapper::readOptions() {
     parameterSpacing_ = spacingOption("WS_BEFORE_FN_COMMA", "WS_BETWEEN_FN_PARAMS", "ALIGN_FN_PARAMS_LEFT");
     templateSpacing_ = spacingOption("WS_BEFORE_TP_COMMA", "WS_BETWEEN_TP_PARAMS", "ALIGN_TP_PARAMS_LEFT");
     initSpacing_ = spacingOption("WS_BEFORE_CLASS_INITS_COMMA", "WS_BETWEEN_CLASS_INITS", nullptr);
+    afterTypeId_ = wrapString(props_, "WS_AFTER_DD_TYPE_ID");
+    afterOpenParen_ = wrapString(props_, "WS_AFTER_CS_OPEN_PAREN");
+    beforeCloseParen_ = wrapString(props_, "WS_BEFORE_CS_CLOSE_PAREN");
+    betweenClauses_ = spacingOption("", "WS_BETWEEN_CS_FOR_CLAUSES", "ALIGN_CS_FOR_CLAUSES_LEFT").between;
     enumSpacing_ = spacingOption("WS_BEFORE_ENUM_COMMA", "WS_BETWEEN_ENUM_ELEMENTS", nullptr);
 }
 
@@ -118,8 +124,12 @@ std::string CppLineWrapper::continuationIndent() const {
     return wrapStyle_ == 2 ? indentFor(baseColumn()) + wrapIndent_.value : indentFor(baseColumn());
 }
 
+Zelmar::IndentStreamState CppLineWrapper::state() const {
+    return {output_.indent(), output_.keepLeadingWs(), wsMode_, tabSize_, output_.line(), output_.column()};
+}
+
 Zelmar::IndentStreamState CppLineWrapper::stateWith(const std::string& indent) const {
-    return {indent, true, wsMode_, tabSize_, output_.line(), output_.column()};
+    return {indent, output_.keepLeadingWs(), wsMode_, tabSize_, output_.line(), output_.column()};
 }
 
 void CppLineWrapper::visitChildren(Cpp::InteriorNode& node) {
@@ -129,6 +139,7 @@ void CppLineWrapper::visitChildren(Cpp::InteriorNode& node) {
 void CppLineWrapper::visit(Cpp::RootNode& node) {
     if (overMargin(node)) {
         output_.setIndent(leftMargin_.value);
+        output_.setKeepLeadingWs(!leftMargin_.set);
         visitChildren(node);
     }
     output_.writeRaw(reader_.readRest());
@@ -143,25 +154,37 @@ void CppLineWrapper::writeBody(Cpp::InteriorNode& body, const OptionalString& in
     if (!overMargin(body)) return copyNode(body);
     const bool hasBrace = body.empty() || body.start() != body.child(0)->start();
     if (hasBrace) copyThrough(body.start());
-    if (indent.set) {
-        const Zelmar::IndentGuard guard(output_, indentFor(baseColumn()) + indent.value);
-        const ColumnScope scope(*this, baseColumn());
-        visitChildren(body);
-    } else {
-        const ColumnScope scope(*this, baseColumn());
-        visitChildren(body);
-    }
+    const ColumnScope scope(*this, baseColumn());
+    const ContentIndent content(*this, indent, baseColumn());
+    visitChildren(body);
     copyNode(body);
 }
 
 void CppLineWrapper::visit(Cpp::ExprNode& node) {
     copyUpTo(node.start());
     if (!overMargin(node)) return copyNode(node);
-    wrapHere(std::string(reader_.readThrough(node.end())));
+    const std::string text(reader_.readThrough(node.end()));
+    const auto wrap = [this](const std::string& joined) {
+        return exprWrapper_.wrap(joined, state(), false, false, follower());
+    };
+    const auto layOut = [this](const std::string& wrapped) { return exprFormatter_.format(wrapped, state()); };
+    writeSettled(text, wrap, layOut);
 }
 
-void CppLineWrapper::wrapHere(const std::string& text) {
-    output_.writeRaw(exprWrapper_.wrap(text, stateWith(output_.indent()), false, false, follower()));
+// The next run joins most of the lines broken here and leaves some alone, with an indent of its own. Then
+// there may be room for what was broken, and it would come out otherwise. So the next run is taken in
+// advance, from the lines that stay, until no more of them come in.
+void CppLineWrapper::writeSettled(std::string text, const Rewrite& wrap, const Rewrite& layOut) {
+    static constexpr int kMostRounds = 6;
+    const std::string_view behind = firstLine(source_.text().substr(reader_.offset()));
+    std::string wrapped = wrap(text);
+    for (int round = 0; round < kMostRounds && wrapped != text; ++round) {
+        std::string next = keepStayingBreaks(text, wrapped, layOut(wrapped));
+        if (next == text) break;
+        text = std::move(next);
+        wrapped = exprWrapper_.fits(text, state(), behind) ? text : wrap(text);
+    }
+    output_.writeRaw(wrapped);
 }
 
 void CppLineWrapper::visit(Cpp::CommentNode& node) {

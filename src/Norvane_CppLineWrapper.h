@@ -3,6 +3,7 @@
 
 #include "cpp/Cpp_Emitter.h"
 #include "cpp/Cpp_Nodes.h"
+#include "src/Norvane_CppExprFormatter.h"
 #include "src/Norvane_CppExprLineWrapper.h"
 #include "src/Norvane_OptionalString.h"
 #include "src/Norvane_PropertySet.h"
@@ -12,6 +13,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -83,6 +85,10 @@ public:
 
 private:
     class ColumnScope;
+    class ContentIndent;
+
+    /// Takes a text that stands at the end of the output, and returns it rewritten.
+    using Rewrite = std::function<std::string(const std::string&)>;
 
     /// The white space around the commas of a list, as the scheme has it.
     struct CommaSpacing {
@@ -109,22 +115,29 @@ private:
     int baseColumn() const { return indentColumns_.empty() ? 0 : indentColumns_.back(); }
     std::string indentFor(int column) const;
     std::string continuationIndent() const;
+    Zelmar::IndentStreamState state() const;
     Zelmar::IndentStreamState stateWith(const std::string& indent) const;
 
     void visitChildren(Cpp::InteriorNode& node);
     void writeBody(Cpp::InteriorNode& body, const OptionalString& indent);
     int declarationColumn(const Cpp::SyntaxNode* head);
-    void wrapHere(const std::string& text);
+    void writeSettled(std::string text, const Rewrite& wrap, const Rewrite& layOut);
     void wrapHead(Cpp::FunctionHeadNode& head);
     void wrapParameters(Cpp::ParameterListNode& params, const Trn::Position& headEnd);
     void writeFunctionBody(Cpp::BlockNode* block);
     void wrapCommaList(Cpp::InteriorNode& list, const CommaSpacing& spacing, const std::string& indent,
-                       bool noWrapIndent, const Trn::Position& headEnd);
+                       const Trn::Position& headEnd);
+    void wrapEnumerators(Cpp::EnumBodyNode& node);
+    void wrapElements(const Cpp::InteriorNode& list, const CommaSpacing& spacing, const std::string& indent,
+                      const Rewrite& wrap, const Rewrite& layOut);
+    std::string layOutList(const std::string& text, const CommaSpacing& spacing);
     std::string joinElements(const std::string& text, const std::string& indent);
-    void wrapInitializer(const std::string& text, int column);
-    void wrapBracedInitializer(const std::string& text, std::size_t open, std::size_t close, int column);
+    std::string wrapInitializer(const std::string& text);
+    std::string wrapBracedInitializer(const std::string& text, std::size_t open, std::size_t close);
+    std::string layOutInitializer(const std::string& text);
     void visitElseIf(Cpp::BlockNode& block);
     void wrapCondition(const Cpp::ExprNode& condition, bool hasParts);
+    std::string layOutCondition(const std::string& text, bool hasParts);
     void moveComment(const Cpp::CommentNode& node);
 
     // Read from the scheme by the constructor, fixed from then on.
@@ -146,6 +159,10 @@ private:
     OptionalString caseIndent_;
     OptionalString dataIndent_;
     OptionalString enumIndent_;
+    OptionalString afterOpenParen_;
+    OptionalString beforeCloseParen_;
+    OptionalString betweenClauses_;
+    OptionalString afterTypeId_;
     CommaSpacing baseSpacing_;
     CommaSpacing parameterSpacing_;
     CommaSpacing templateSpacing_;
@@ -157,6 +174,7 @@ private:
     // Its mode is always to leave white space alone: the text was converted when it was formatted.
     Zelmar::IndentWriter output_;
     std::ostream& wrapped_;
+    CppExprFormatter exprFormatter_;
     CppExprLineWrapper exprWrapper_;
     // Made once, then only read: the numbers of the lines beyond the margin, in order.
     std::vector<std::uint32_t> overLines_;

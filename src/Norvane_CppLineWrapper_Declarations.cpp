@@ -85,7 +85,7 @@ void CppLineWrapper::visit(Cpp::TemplateNode& node) {
     templateDepth_ = indentColumns_.size();
     if (overMargin(node) && node.params() != nullptr) {
         copyThrough(node.params()->start());
-        wrapCommaList(*node.params(), templateSpacing_, continuationIndent(), false, node.end());
+        wrapCommaList(*node.params(), templateSpacing_, continuationIndent(), node.end());
     }
     copyNode(node);
 }
@@ -106,7 +106,7 @@ void CppLineWrapper::visit(Cpp::ClassHeadNode& node) {
 void CppLineWrapper::visit(Cpp::ClassBodyNode& node) { writeBody(node, classIndent_); }
 
 void CppLineWrapper::visit(Cpp::BaseClauseListNode& node) {
-    wrapCommaList(node, baseSpacing_, continuationIndent(), false, node.end());
+    wrapCommaList(node, baseSpacing_, continuationIndent(), node.end());
 }
 
 void CppLineWrapper::visit(Cpp::FunctionDeclNode& node) {
@@ -140,7 +140,7 @@ void CppLineWrapper::wrapHead(Cpp::FunctionHeadNode& head) {
 void CppLineWrapper::wrapParameters(Cpp::ParameterListNode& params, const Trn::Position& headEnd) {
     if (!overMargin(params)) return;
     copyThrough(params.start());
-    wrapCommaList(params, parameterSpacing_, continuationIndent(), false, headEnd);
+    wrapCommaList(params, parameterSpacing_, continuationIndent(), headEnd);
 }
 
 void CppLineWrapper::visit(Cpp::FunctionPtrDeclNode& node) {
@@ -151,7 +151,7 @@ void CppLineWrapper::visit(Cpp::FunctionPtrDeclNode& node) {
 }
 
 void CppLineWrapper::visit(Cpp::InitializerListNode& node) {
-    wrapCommaList(node, initSpacing_, continuationIndent(), false, node.end());
+    wrapCommaList(node, initSpacing_, continuationIndent(), node.end());
 }
 
 void CppLineWrapper::visit(Cpp::EnumDeclNode& node) {
@@ -162,22 +162,47 @@ void CppLineWrapper::visit(Cpp::EnumDeclNode& node) {
     copyNode(node);
 }
 
-// Enumerators stand at the indent of the content, to which WRAP_INDENT adds nothing.
 void CppLineWrapper::visit(Cpp::EnumBodyNode& node) {
-    const std::string own = indentFor(baseColumn()) + enumIndent_.value;
-    wrapCommaList(node, enumSpacing_, enumIndent_.set ? own : output_.indent(), true, node.end());
+    const ContentIndent indent(*this, enumIndent_, baseColumn());
+    wrapEnumerators(node);
 }
 
 void CppLineWrapper::wrapCommaList(Cpp::InteriorNode& list, const CommaSpacing& spacing,
-                                   const std::string& indent, bool noWrapIndent,
-                                   const Trn::Position& headEnd) {
+                                   const std::string& indent, const Trn::Position& headEnd) {
+    const auto wrap = [this, &indent, &headEnd](const std::string& text) {
+        return exprWrapper_.wrapList(text, stateWith(indent), false, followerThrough(headEnd));
+    };
+    // With no value for them the gaps stay as they are, and so do the columns that are chosen here.
+    const auto layOut = [this, &spacing](const std::string& text) {
+        return spacing.between.set ? layOutList(text, spacing) : text;
+    };
+    wrapElements(list, spacing, indent, wrap, layOut);
+}
+
+// Enumerators stand at the indent of the content, to which WRAP_INDENT adds nothing.
+void CppLineWrapper::wrapEnumerators(Cpp::EnumBodyNode& node) {
+    const auto wrap = [this, &node](const std::string& text) {
+        return exprWrapper_.wrapList(text, state(), true, followerThrough(node.end()));
+    };
+    const auto layOut = [this](const std::string& text) { return layOutList(text, enumSpacing_); };
+    wrapElements(node, enumSpacing_, output_.indent(), wrap, layOut);
+}
+
+void CppLineWrapper::wrapElements(const Cpp::InteriorNode& list, const CommaSpacing& spacing,
+                                  const std::string& indent, const Rewrite& wrap, const Rewrite& layOut) {
     if (!overMargin(list)) return;
     const std::optional<Extent> elements = elementsOf(list);
     if (!elements) return;
     copyUpTo(elements->start);
     std::string text(reader_.readThrough(elements->end));
     if (joinsElements_ && spacing.isUnset()) text = joinElements(text, indent);
-    output_.writeRaw(exprWrapper_.wrapList(text, stateWith(indent), noWrapIndent, followerThrough(headEnd)));
+    writeSettled(std::move(text), wrap, layOut);
+}
+
+std::string CppLineWrapper::layOutList(const std::string& text, const CommaSpacing& spacing) {
+    const std::string laidOut = exprFormatter_.format(text, state());
+    if (spacing.isUnset()) return laidOut;
+    return exprWrapper_.formatAlignedList(laidOut, Cpp::tkComma, spacing.before, spacing.between, state());
 }
 
 // With no value for the gaps they are made alike, so that it does not hang on the lines of the
@@ -195,32 +220,52 @@ void CppLineWrapper::visit(Cpp::DataDeclNode& node) {
     const int column = copyUpToStart(node);
     copyUpTo(node.init()->start());
     if (overMargin(*node.init())) {
-        wrapInitializer(std::string(reader_.readThrough(node.init()->end())), column);
+        const ContentIndent indent(*this, dataIndent_, column);
+        const std::string text(reader_.readThrough(node.init()->end()));
+        const auto wrap = [this](const std::string& joined) { return wrapInitializer(joined); };
+        const auto layOut = [this](const std::string& wrapped) { return layOutInitializer(wrapped); };
+        writeSettled(text, wrap, layOut);
     }
     copyNode(node);
 }
 
-void CppLineWrapper::wrapInitializer(const std::string& text, int column) {
+std::string CppLineWrapper::layOutInitializer(const std::string& text) {
+    if (text.front() != '(') return exprFormatter_.formatDeclaration(text, state(), afterTypeId_);
+    // Laid out as the call of a function whose name is one letter long.
+    Zelmar::IndentStreamState call = state();
+    call.column = std::max(call.column - 1, 0);
+    const std::string laidOut = exprFormatter_.formatDeclaration("f" + text, call, afterTypeId_);
+    return laidOut.substr(laidOut.find('f') + 1);
+}
+
+std::string CppLineWrapper::wrapInitializer(const std::string& text) {
     const WrapText tokens(text);
     std::size_t first = 0;
     while (first < tokens.size() && !startsBracket(tokens.kind(first))) ++first;
     const bool isBraced = tokens.kind(first) == Cpp::tkOpenBrace && tokens.mate(first) != WrapText::npos;
-    if (!isBraced) return wrapHere(text);
+    if (!isBraced) return exprWrapper_.wrap(text, state(), false, false, follower());
     const auto open = static_cast<std::size_t>(tokens.token(first).data() - text.data());
     const auto close = static_cast<std::size_t>(tokens.token(tokens.mate(first)).data() - text.data());
-    wrapBracedInitializer(text, open, close, column);
+    return wrapBracedInitializer(text, open, close);
 }
 
 // The lines between the braces belong to the declaration, and WRAP_INDENT has no part in them.
-void CppLineWrapper::wrapBracedInitializer(const std::string& text, std::size_t open, std::size_t close,
-                                           int column) {
-    output_.writeRaw(std::string_view(text).substr(0, open + 1));
-    const std::string indent = indentFor(column) + dataIndent_.value;
-    const std::string inner = text.substr(open + 1, close - open - 1);
+std::string CppLineWrapper::wrapBracedInitializer(const std::string& text, std::size_t open,
+                                                  std::size_t close) {
+    Zelmar::IndentWriter written(state());
+    written.setWsMode(Zelmar::kWsKeep);
+    const auto here = [this, &written] {
+        Zelmar::IndentStreamState place = state();
+        place.column = written.column();
+        return place;
+    };
+    written.writeRaw(std::string_view(text).substr(0, open + 1));
     const std::string behind = text.substr(close) + std::string(follower());
-    output_.writeRaw(exprWrapper_.wrapList(inner, stateWith(indent), true, stuckPart(behind)));
-    output_.writeRaw("}");
-    wrapHere(text.substr(close + 1));
+    const std::string inner = text.substr(open + 1, close - open - 1);
+    written.writeRaw(exprWrapper_.wrapList(inner, here(), true, stuckPart(behind)));
+    written.writeRaw("}");
+    written.writeRaw(exprWrapper_.wrap(text.substr(close + 1), here(), false, false, follower()));
+    return written.takeText();
 }
 
 } // namespace Norvane

@@ -27,6 +27,20 @@ private:
     std::size_t templateDepth_;
 };
 
+/// Makes an option the indent of what a construct at a column holds, for the length of a scope. If the
+/// option is not set, the indent around it stays in force.
+class CppLineWrapper::ContentIndent {
+public:
+    ContentIndent(CppLineWrapper& wrapper, const OptionalString& option, int column)
+        : keep_(wrapper.output_, wrapper.output_.keepLeadingWs() && !option.set),
+          indent_(wrapper.output_,
+                  option.set ? wrapper.indentFor(column) + option.value : wrapper.output_.indent()) {}
+
+private:
+    Zelmar::KeepWsGuard<Zelmar::IndentWriter> keep_;
+    Zelmar::IndentGuard<Zelmar::IndentWriter> indent_;
+};
+
 } // namespace Norvane
 
 #endif

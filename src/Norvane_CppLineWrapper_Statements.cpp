@@ -67,10 +67,26 @@ void CppLineWrapper::visit(Cpp::CtrlSubStmtHeadNode& node) {
 void CppLineWrapper::wrapCondition(const Cpp::ExprNode& condition, bool hasParts) {
     copyUpTo(condition.start());
     copyThrough(condition.start());
-    const std::string inner(reader_.readUpTo(condition.end()));
-    const Zelmar::IndentStreamState state = stateWith(indentFor(baseColumn()));
-    output_.writeRaw(hasParts ? exprWrapper_.wrapStatementParts(inner, state, follower())
-                              : exprWrapper_.wrap(inner, state, false, false, follower()));
+    const std::string text(reader_.readUpTo(condition.end()));
+    const Zelmar::IndentStreamState place = stateWith(indentFor(baseColumn()));
+    const auto wrap = [this, &place, hasParts](const std::string& joined) {
+        return hasParts ? exprWrapper_.wrapStatementParts(joined, place, follower())
+                        : exprWrapper_.wrap(joined, place, false, false, follower());
+    };
+    writeSettled(text, wrap, [this, hasParts](const std::string& wrapped) {
+        return layOutCondition(wrapped, hasParts);
+    });
+}
+
+// With an option for what is next to its parentheses a condition is laid out from behind the first.
+std::string CppLineWrapper::layOutCondition(const std::string& text, bool hasParts) {
+    const bool hasClauses = hasParts && betweenClauses_.set;
+    const bool isPlaced = hasClauses || afterOpenParen_.set || beforeCloseParen_.set;
+    Zelmar::IndentStreamState place = stateWith(isPlaced ? indentFor(output_.column()) : std::string());
+    place.keepLeadingWs = !isPlaced;
+    const std::string laidOut = exprFormatter_.format(text, place);
+    if (!hasClauses) return laidOut;
+    return exprWrapper_.formatList(laidOut, Cpp::tkSemicolon, OptionalString(), betweenClauses_, place);
 }
 
 } // namespace Norvane

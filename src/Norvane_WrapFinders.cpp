@@ -54,8 +54,8 @@ std::size_t FirstWrapToken::find(const WrapText& text, const WrapRange& range) {
 
 std::size_t FindFirstElem::breakAt(const WrapText& text, std::size_t index, const WrapRange& range) {
     const bool isElem = matches(text.kind(index)) && !text.closes(index);
-    const bool alone = !matches(kindIn(text, index + 1, range)) && !matches(lastKind_);
-    return isElem && alone ? index : range.end;
+    const int next = kindIn(text, index + 1, range);
+    return isElem && !matches(next) && !excluded_.has(next) && !matches(lastKind_) ? index : range.end;
 }
 
 bool FindFirstBinaryOp::matches(int kind) const {

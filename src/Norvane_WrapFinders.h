@@ -49,10 +49,12 @@ protected:
     int lastKind_ = -1;
 };
 
-/// Breaks at members of a set, but at neither of two that stand side by side.
+/// Breaks at members of a set, but at neither of two that stand side by side, and at none that one of
+/// the excluded kinds follows.
 class FindFirstElem : public FirstWrapToken {
 public:
-    explicit FindFirstElem(const WrapKinds& elems) : elems_(elems) {}
+    explicit FindFirstElem(const WrapKinds& elems, const WrapKinds& excluded = {})
+        : elems_(elems), excluded_(excluded) {}
     bool matches(int kind) const override { return elems_.has(kind); }
 
 protected:
@@ -60,6 +62,7 @@ protected:
 
 private:
     WrapKinds elems_;
+    WrapKinds excluded_;
 };
 
 /// Breaks at operators between two operands; at a sign only behind the end of an operand. A shift

@@ -198,7 +198,10 @@ bool WrapLayout::isOver(const WrapRange& range, std::size_t tail) const {
 // become code.
 bool WrapLayout::mayBreakBefore(std::size_t index) const {
     if (index == 0 || index >= text_.size() || text_.kind(index) == tkDirective) return false;
-    return text_.kind(index - 1) != tkDirective || endsLine(text_.token(index - 1));
+    if (text_.kind(index - 1) == tkDirective) return endsLine(text_.token(index - 1));
+    // The three-way comparison comes as two tokens.
+    const bool threeWay = text_.kind(index - 1) == tkLessEqual && text_.kind(index) == tkGreater;
+    return !threeWay || !text_.gap(index).empty();
 }
 
 void WrapLayout::breakBefore(std::size_t index, std::string_view indent) {

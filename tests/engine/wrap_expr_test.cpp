@@ -82,7 +82,8 @@ const ExprCase kExpressions[] = {
     {"NestedCalls", {}, "x = foo(a, bar(b, c));",
      "x = foo(a,\n            bar(b,\n                c));"},
     {"IndentedArguments", {.wrap = 2}, "ff(aaaaaa, bbbbb);", "ff(aaaaaa,\n      bbbbb);"},
-    {"MeasuredWhereItStands", {}, "x = foo(a, bbbb + ccc);", "x = foo(a,\n            bbbb +\n            ccc);"},
+    {"MeasuredWhereItStands", {}, "x = foo(a, bbbb + ccc);",
+     "x = foo(a,\n            bbbb +\n            ccc);"},
     {"GroupWithoutAName", {}, "aaa(b)->c = (dddd, eeeeeee);",
      "aaa(b)->c = (dddd,\n                 eeeeeee);"},
 

@@ -1,0 +1,27 @@
+#include "src/Norvane_WrapStay.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Norvane::keepStayingBreaks;
+
+TEST(WrapStay, TakesOverOnlyTheBreaksThatAreLeft) {
+    EXPECT_EQ(keepStayingBreaks("f({a, b}, c)", "f({a,\n   b},\n  c)", "f({a,\n b}, c)"), "f({a,\n b}, c)");
+    EXPECT_EQ(keepStayingBreaks("a && b", "a &&\n  b", "a && b"), "a && b");
+}
+
+TEST(WrapStay, LeavesTheBlanksOfTheTextAlone) {
+    EXPECT_EQ(keepStayingBreaks("a  +b, c", "a  +b,\n  c", "a + b,\n c"), "a  +b,\n c");
+    EXPECT_EQ(keepStayingBreaks("a,\n   b, c", "a,\n   b,\n  c", "a,\n b, c"), "a,\n   b, c");
+}
+
+TEST(WrapStay, ALineBehindALineCommentStays) {
+    EXPECT_EQ(keepStayingBreaks("a, // c\nb", "a, // c\n  b", "a, // c\n    b"), "a, // c\n    b");
+}
+
+TEST(WrapStay, TextsOfOtherTokensChangeNothing) {
+    EXPECT_EQ(keepStayingBreaks("a, b", "a,\nb", "a,\nb c"), "a, b");
+}
+
+} // namespace
