@@ -45,6 +45,14 @@ private:
         bool pointer = false; // a declarator in parentheses
         Index op = kNone;    // the keyword "operator"
     };
+    /// What a scan over the first tokens of a declaration has met so far.
+    struct HeadScan {
+        Index prev = kNone;
+        bool colon = false;
+        bool enumKey = false;
+        bool classKey = false;
+        int names = 0; // behind the class key
+    };
     /// Where a run of data tokens ends.
     struct DataRun {
         Index end = 0; // one past the last token of the declarator
@@ -55,9 +63,12 @@ private:
     enum class Declarators { Apart, Together };
     /// What follows the parameters of a function.
     struct FunctionTail {
-        Index headEnd = 0; // one past what the head node covers
-        Index next = 0;    // where parsing goes on
+        Index last = 0; // the last token that the head node covers
+        Index next = 0; // where parsing goes on
         Index initColon = kNone;
+        bool typed = false;   // the function has a type
+        bool noted = false;   // something that the head does not cover was met
+        bool skipped = false; // so is the rest up to the ";"
         bool moreDeclarators = false;
         bool failed = false;
     };
@@ -81,7 +92,6 @@ private:
     bool takesPair(Index i) const;
     bool isAttribute(Index i) const;
     Index skipPair(Index i) const;
-    Index behindMate(Index i) const { return t_.mate(i) == kNone ? kNone : sig(t_.mate(i) + 1); }
     Index findSemicolon(Index from) const;
     bool isMacroRun(Index first, Index last) const;
     bool endsInColons(Index i) const;
@@ -107,7 +117,10 @@ private:
     NodePtr parseDeclaration(bool allowBitfield);
     DeclHead scanHead(Index first) const;
     Index skipConstraint(Index requires_) const;
-    bool scanHeadParen(Index& j, Index prev, bool classKey, int names, DeclHead& head) const;
+    bool endsScan(Index first, Index& j, HeadScan& met, DeclHead& head) const;
+    void takeHeadWord(Index& j, HeadScan& met, DeclHead& head) const;
+    bool endsAtBracket(Index& j, const DeclHead& head, const HeadScan& met) const;
+    bool endsAtParen(Index& j, const HeadScan& met, DeclHead& head) const;
     bool isMacroInClassHead(Index prev, Index paren) const;
     bool opensDeclarator(Index paren, Index prev) const;
     bool isNameBefore(Index prev) const;
@@ -140,9 +153,14 @@ private:
     // Functions.
     NodePtr parseFunction(Index first, const DeclHead& head);
     FunctionTail scanTail(Index first, Index paren);
+    bool takeTailPiece(FunctionTail& tail, Index first, Index paren);
+    bool takeThrow(FunctionTail& tail);
+    bool takeAssign(FunctionTail& tail, Index first, Index paren);
+    void takeInitializers(FunctionTail& tail);
     bool isVirtual(Index first, Index paren) const;
     static bool looksLikeMacroClass(std::string_view name);
-    bool skipTailPiece(Index& k, bool& noted, bool typed);
+    bool skipTailPiece(FunctionTail& tail);
+    static bool isTailWord(std::string_view text);
     Index skipMacroRun(Index k, bool typed) const;
     Index findInitBody(Index colon) const;
     Ptr<FunctionHeadNode> parseFunctionHead(Index first, Index paren, Index op, Index end);
@@ -178,6 +196,8 @@ private:
     NodePtr parseCase();
     NodePtr parseLabel();
     NodePtr parseAsm();
+    NodePtr parseAsmBlock(Ptr<TextNode> word, Index brace);
+    Index findAsmEnd(Index keyword, std::int32_t& form) const;
     bool beginsStatement(Index j, Index prev, bool isTemplate) const;
     NodePtr parseExpressionStatement();
     std::string statementText(Index first, Index last) const;

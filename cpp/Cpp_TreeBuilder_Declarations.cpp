@@ -49,83 +49,92 @@ TreeBuilder::NodePtr TreeBuilder::parseDeclaration(bool allowBitfield) {
 /// attributes are stepped over.
 TreeBuilder::DeclHead TreeBuilder::scanHead(Index first) const {
     DeclHead head;
-    Index prev = kNone;
-    bool colon = false, enumKey = false, classKey = false;
-    int names = 0; // behind the class key
-    for (Index j = sig(first);; prev = j, j = nextSig(j)) {
+    HeadScan met;
+    for (Index j = sig(first);; met.prev = j, j = nextSig(j)) {
         head.at = j;
-        const int prevType = prev == kNone ? int(tkEnd) : type(prev);
-        switch (type(j)) {
-        case tkEnd: case tkInvalid:
-            // The last line of a file may be a macro that needs no ";".
-            if (isMacroRun(first, j)) head.kind = DeclKind::Data;
-            return head;
-        case tkSemicolon: case tkCloseBrace: case tkNamespace: case tkUsing:
-            head.kind = DeclKind::Data;
-            return head;
-        case tkTemplate:
-            if (prev == kNone || continuesName(prev)) break;
-            head.kind = DeclKind::Data;
-            return head;
-        case tkColon:
-            colon = true;
-            break;
-        case tkOpenParen:
-            if (colon) {
-                if (classKey && t_.mate(j) != kNone) { // a macro among the base classes
-                    j = t_.mate(j);
-                    break;
-                }
-                head.kind = DeclKind::Data; // the width of a bit field
-                return head;
-            }
-            if (scanHeadParen(j, prev, classKey, names, head)) return head;
-            break;
-        case tkOpenBrace:
-            head.kind = enumKey ? DeclKind::Enum : classKey ? DeclKind::Class : DeclKind::BraceInit;
-            return head;
-        case tkAssign:
-            if (head.op != kNone && (prevType == tkOperator || nextType(j) == tkOpenParen)) break;
-            head.kind = DeclKind::Data;
-            return head;
-        case tkOpenBracket:
-            if (isAttribute(j)) {
-                j = t_.mate(j);
-                break;
-            }
-            if (prevType == tkOperator && nextType(j) == tkCloseBracket) {
-                j = nextSig(j);
-                break;
-            }
-            if (head.op != kNone && (prevType == tkNew || prevType == tkDelete)) break;
-            head.kind = DeclKind::Data;
-            return head;
-        case tkLess:
-            if (prevType != tkOperator && t_.mate(j) != kNone) j = t_.mate(j);
-            break;
-        case tkPublic: case tkPrivate: case tkProtected:
-            if (colon) break;
-            head.kind = DeclKind::Data;
-            return head;
-        case tkEnum:
-            enumKey = true;
-            break;
-        case tkOperator:
-            head.op = j;
-            break;
-        case tkClass: case tkStruct: case tkUnion:
-            classKey = true;
-            names = 0;
-            break;
-        case tkIdentifier: case tkExplicit:
-            ++names;
-            if (takesPair(j)) --names, j = skipPair(j);
-            if (isWord(j, "requires")) j = skipConstraint(j);
-            break;
-        default:
-            break;
-        }
+        if (endsScan(first, j, met, head)) return head;
     }
+}
+
+/// Whether the token at `j` tells what the declaration is. If not, `j` may have moved to the end of a
+/// group that it opens.
+bool TreeBuilder::endsScan(Index first, Index& j, HeadScan& met, DeclHead& head) const {
+    const int prevType = met.prev == kNone ? int(tkEnd) : type(met.prev);
+    bool ends = false;
+    switch (type(j)) {
+    case tkEnd: case tkInvalid:
+        // The last line of a file may be a macro that needs no ";".
+        if (isMacroRun(first, j)) head.kind = DeclKind::Data;
+        return true;
+    case tkOpenBrace:
+        head.kind = met.enumKey ? DeclKind::Enum : met.classKey ? DeclKind::Class : DeclKind::BraceInit;
+        return true;
+    case tkOpenParen:
+        return endsAtParen(j, met, head);
+    case tkSemicolon: case tkCloseBrace: case tkNamespace: case tkUsing:
+        ends = true;
+        break;
+    case tkTemplate:
+        ends = met.prev != kNone && !continuesName(met.prev);
+        break;
+    case tkAssign:
+        ends = head.op == kNone || (prevType != tkOperator && nextType(j) != tkOpenParen);
+        break;
+    case tkOpenBracket:
+        ends = endsAtBracket(j, head, met);
+        break;
+    case tkPublic: case tkPrivate: case tkProtected:
+        ends = !met.colon;
+        break;
+    case tkLess:
+        if (prevType != tkOperator && t_.mate(j) != kNone) j = t_.mate(j);
+        break;
+    default:
+        takeHeadWord(j, met, head);
+        break;
+    }
+    if (ends) head.kind = DeclKind::Data;
+    return ends;
+}
+
+/// Notes a token that only matters for what a later one means.
+void TreeBuilder::takeHeadWord(Index& j, HeadScan& met, DeclHead& head) const {
+    switch (type(j)) {
+    case tkColon:
+        met.colon = true;
+        break;
+    case tkEnum:
+        met.enumKey = true;
+        break;
+    case tkOperator:
+        head.op = j;
+        break;
+    case tkClass: case tkStruct: case tkUnion:
+        met.classKey = true;
+        met.names = 0;
+        break;
+    case tkIdentifier: case tkExplicit:
+        if (takesPair(j)) j = skipPair(j);
+        else ++met.names;
+        if (isWord(j, "requires")) j = skipConstraint(j);
+        break;
+    default:
+        break;
+    }
+}
+
+/// Whether a "[" begins the bounds of an array: it is no attribute and belongs to no operator.
+bool TreeBuilder::endsAtBracket(Index& j, const DeclHead& head, const HeadScan& met) const {
+    const int prevType = met.prev == kNone ? int(tkEnd) : type(met.prev);
+    if (isAttribute(j)) {
+        j = t_.mate(j);
+        return false;
+    }
+    if (prevType == tkOperator && nextType(j) == tkCloseBracket) {
+        j = nextSig(j);
+        return false;
+    }
+    return head.op == kNone || (prevType != tkNew && prevType != tkDelete);
 }
 
 /// From "requires" to the last token of its clause: operands between "&&" and "||".
@@ -175,20 +184,22 @@ bool TreeBuilder::endsInColons(Index i) const {
 }
 
 /// Decides on a "(". Returns true if that ends the scan, otherwise `j` may have moved behind a pair.
-bool TreeBuilder::scanHeadParen(Index& j, Index prev, bool classKey, int names, DeclHead& head) const {
+bool TreeBuilder::endsAtParen(Index& j, const HeadScan& met, DeclHead& head) const {
     const Index close = t_.mate(j);
-    if (head.op != kNone && prev == head.op && close != kNone && nextSig(j) == close) {
-        j = close; // the name "operator()"
-        return false;
+    if (met.colon && (!met.classKey || close == kNone)) { // the width of a bit field
+        head.kind = DeclKind::Data;
+        return true;
     }
-    if (classKey && names == 1 && head.op == kNone && isMacroInClassHead(prev, j)) {
+    const bool callOperator = head.op != kNone && met.prev == head.op && close != kNone && nextSig(j) == close;
+    const bool macroInHead = met.classKey && met.names == 1 && head.op == kNone && isMacroInClassHead(met.prev, j);
+    if (met.colon || callOperator || macroInHead) { // behind a colon a macro among the base classes
         j = close;
         return false;
     }
     head.at = close == kNone ? t_.size() : j;
     if (close == kNone) return true;
     head.kind = DeclKind::Function;
-    head.pointer = head.op == kNone && opensDeclarator(j, prev);
+    head.pointer = head.op == kNone && opensDeclarator(j, met.prev);
     return true;
 }
 

@@ -23,7 +23,7 @@ TreeBuilder::NodePtr TreeBuilder::parseFunction(Index first, const DeclHead& hea
         at_ = tail.next;
         return nullptr;
     }
-    Ptr<FunctionHeadNode> node = parseFunctionHead(first, paren, head.op, tail.headEnd);
+    Ptr<FunctionHeadNode> node = parseFunctionHead(first, paren, head.op, tail.last + 1);
     if (!node) {
         at_ = tail.next > at_ ? tail.next : at_ + 1;
         return nullptr;
@@ -52,67 +52,85 @@ TreeBuilder::NodePtr TreeBuilder::finishFunction(Ptr<FunctionHeadNode> head, con
 /// part of the head and yet belongs to the function, such as "override", stays uncovered text.
 TreeBuilder::FunctionTail TreeBuilder::scanTail(Index first, Index paren) {
     FunctionTail tail;
-    Index last = t_.mate(paren);
-    Index k = nextSig(last);
-    const bool typed = sig(first) < t_.significantBefore(paren);
-    bool noted = false;
-    bool skipped = false; // up to the ";"
-    for (;;) {
-        const int kind = type(k);
-        if (kind == tkConst || kind == tkVolatile) {
-            if (!noted) last = k;
-            k = nextSig(k);
-        } else if (kind == tkThrow) {
-            const Index open = nextSig(k);
-            if (type(open) != tkOpenParen || t_.mate(open) == kNone) {
-                report("Expected '(' as part of exception specification clause 'throw()'. Got: " + t_.spelling(open), open);
-                tail.failed = true;
-                tail.next = k + 1;
-                return tail;
-            }
-            if (!noted) last = t_.mate(open);
-            k = nextSig(t_.mate(open));
-        } else if (kind == tkColon) {
-            const Index brace = findInitBody(k);
-            if (type(brace) == tkOpenBrace) {
-                tail.initColon = k;
-            } else if (type(brace) == tkSemicolon) { // the width of a bit field that a macro names
-                report(2, k);
-                skipped = true;
-            } else {
-                reportEnd(brace);
-                tail.failed = true;
-            }
-            k = brace;
-            break;
-        } else if (kind == tkComma) {
-            tail.moreDeclarators = true;
-            break;
-        } else if (kind == tkAssign) {
-            const Index value = nextSig(k);
-            if (type(value) == tkNumber && (isWord(value, "0") || isVirtual(first, paren))) {
-                last = value;
-                k = nextSig(value);
-                continue;
-            }
-            report(2, k);
-            const Index end = findSemicolon(k);
-            skipped = end != kNone;
-            if (skipped) k = end;
-            break;
-        } else if (kind == tkSemicolon || kind == tkOpenBrace || kind == tkEnd || kind == tkInvalid ||
-                   kind == tkCloseBrace || isAccessKeyword(kind) || !skipTailPiece(k, noted, typed)) {
-            break;
-        }
+    tail.last = t_.mate(paren);
+    tail.next = nextSig(tail.last);
+    tail.typed = sig(first) < t_.significantBefore(paren);
+    while (takeTailPiece(tail, first, paren)) {
     }
-    tail.headEnd = last + 1;
-    tail.next = k;
+    const int stop = type(tail.next);
+    const bool goesOn = stop == tkOpenBrace || stop == tkComma || tail.skipped || tail.failed || tail.initColon != kNone;
     // Behind something that belongs to no function the comments in front of it are nodes of their own.
-    const int stop = type(k);
-    const bool goesOn = stop == tkOpenBrace || stop == tkComma || skipped;
-    if (!goesOn && tail.initColon == kNone && !tail.failed)
-        tail.next = std::min<Index>(k, (noted ? t_.significantBefore(k) : last) + 1);
+    if (!goesOn) tail.next = std::min<Index>(tail.next, (tail.noted ? t_.significantBefore(tail.next) : tail.last) + 1);
     return tail;
+}
+
+/// Takes one piece of a tail. Returns false where the tail ends.
+bool TreeBuilder::takeTailPiece(FunctionTail& tail, Index first, Index paren) {
+    const Index k = tail.next;
+    switch (type(k)) {
+    case tkConst: case tkVolatile:
+        if (!tail.noted) tail.last = k;
+        tail.next = nextSig(k);
+        return true;
+    case tkThrow:
+        return takeThrow(tail);
+    case tkColon:
+        takeInitializers(tail);
+        return false;
+    case tkAssign:
+        return takeAssign(tail, first, paren);
+    case tkComma:
+        tail.moreDeclarators = true;
+        return false;
+    case tkSemicolon: case tkOpenBrace: case tkCloseBrace: case tkEnd: case tkInvalid:
+    case tkPublic: case tkPrivate: case tkProtected:
+        return false;
+    default:
+        return skipTailPiece(tail);
+    }
+}
+
+bool TreeBuilder::takeThrow(FunctionTail& tail) {
+    const Index open = nextSig(tail.next);
+    if (type(open) != tkOpenParen || t_.mate(open) == kNone) {
+        report("Expected '(' as part of exception specification clause 'throw()'. Got: " + t_.spelling(open), open);
+        tail.failed = true;
+        ++tail.next;
+        return false;
+    }
+    if (!tail.noted) tail.last = t_.mate(open);
+    tail.next = nextSig(t_.mate(open));
+    return true;
+}
+
+/// A "= 0" belongs to the head. Whatever else is assigned, such as "default", is noted and skipped.
+bool TreeBuilder::takeAssign(FunctionTail& tail, Index first, Index paren) {
+    const Index value = nextSig(tail.next);
+    if (type(value) == tkNumber && (isWord(value, "0") || isVirtual(first, paren))) {
+        tail.last = value;
+        tail.next = nextSig(value);
+        return true;
+    }
+    report(2, tail.next);
+    const Index end = findSemicolon(tail.next);
+    tail.skipped = end != kNone;
+    if (tail.skipped) tail.next = end;
+    return false;
+}
+
+/// From the colon of a member initialiser list to the brace of the body.
+void TreeBuilder::takeInitializers(FunctionTail& tail) {
+    const Index brace = findInitBody(tail.next);
+    if (type(brace) == tkOpenBrace) {
+        tail.initColon = tail.next;
+    } else if (type(brace) == tkSemicolon) { // the width of a bit field that a macro names
+        report(2, tail.next);
+        tail.skipped = true;
+    } else {
+        reportEnd(brace);
+        tail.failed = true;
+    }
+    tail.next = brace;
 }
 
 bool TreeBuilder::isVirtual(Index first, Index paren) const {
@@ -127,54 +145,36 @@ bool TreeBuilder::looksLikeMacroClass(std::string_view name) {
     return looksLikeMacro(name.substr(0, name.find('_'))) && name.find("::") == std::string_view::npos;
 }
 
-/// Steps over one piece of a tail. Returns false, with code 2, at what is none.
-bool TreeBuilder::skipTailPiece(Index& k, bool& noted, bool typed) {
-    const auto note = [&] {
-        if (!noted) report(2, k);
-        noted = true;
-    };
+bool TreeBuilder::isTailWord(std::string_view text) {
+    return text == "override" || text == "final" || text == "noexcept";
+}
+
+/// Steps over one piece that the head does not cover, with code 2 at the first of them. Returns false
+/// at what belongs to no function.
+bool TreeBuilder::skipTailPiece(FunctionTail& tail) {
+    Index& k = tail.next;
+    if (!tail.noted) report(2, k);
+    tail.noted = true;
     const int kind = type(k);
     const Index next = nextSig(k);
     if (kind == tkAmpersand || kind == tkLogicalAnd) {
-        note();
         k = next;
-        return true;
-    }
-    if (kind == tkArrow) {
-        note();
+    } else if (kind == tkArrow) {
         for (k = next; !endsHead(type(k)) && type(k) != tkEnd && type(k) != tkCloseBrace && type(k) != tkAssign; k = nextSig(k)) {
             const bool opens = type(k) == tkOpenParen || type(k) == tkLess || type(k) == tkOpenBracket;
             if (opens && t_.mate(k) != kNone) k = t_.mate(k);
         }
-        return true;
-    }
-    if (isAttribute(k)) {
-        note();
+    } else if (isAttribute(k)) {
         k = nextSig(t_.mate(k));
-        return true;
-    }
-    const bool word = kind == tkIdentifier || kind == tkAsm;
-    if (!word) {
-        note();
-        return false;
-    }
-    const std::string_view text = t_.text(k);
-    if (text == "requires") {
-        note();
+    } else if (isWord(k, "requires")) {
         k = nextSig(skipConstraint(k));
-        return true;
-    }
-    const bool known = text == "override" || text == "final" || text == "noexcept" || kind == tkAsm ||
-                       takesPair(k) || isAsm(k);
-    if (known) {
-        note();
+    } else if (isTailWord(t_.text(k)) || kind == tkAsm || isAsm(k) || (kind == tkIdentifier && takesPair(k))) {
         k = type(next) == tkOpenParen && t_.mate(next) != kNone ? nextSig(t_.mate(next)) : next;
-        return true;
+    } else {
+        const Index behind = kind == tkIdentifier ? skipMacroRun(k, tail.typed) : kNone;
+        if (behind == kNone) return false;
+        k = behind;
     }
-    const Index behind = skipMacroRun(k, typed);
-    note();
-    if (behind == kNone) return false;
-    k = behind;
     return true;
 }
 
@@ -187,7 +187,7 @@ TreeBuilder::Index TreeBuilder::skipMacroRun(Index k, bool typed) const {
     for (int count = 0; typed && count < kMaxTailMacros && type(k) == tkIdentifier && looksLikeMacro(t_.text(k)); ++count) {
         k = nextSig(k);
         if (type(k) == tkOpenParen && t_.mate(k) != kNone) k = nextSig(t_.mate(k));
-        const bool known = type(k) == tkIdentifier && (t_.text(k) == "override" || t_.text(k) == "final" || t_.text(k) == "noexcept");
+        const bool known = isTailWord(t_.text(k));
         if (endsHead(type(k)) || type(k) == tkAssign || type(k) == tkArrow || type(k) == tkColon || known) return k;
     }
     return kNone;

@@ -354,49 +354,59 @@ TreeBuilder::NodePtr TreeBuilder::parseAsm() {
         return nullptr;
     }
     auto word = std::make_unique<TextNode>(t_.spelling(keyword), t_.start(keyword), t_.end(keyword));
-    auto body = std::make_unique<BlockNode>();
-    Index first = nextSig(keyword);
-    if (type(first) == tkOpenBrace) {
-        const Index close = t_.mate(first);
-        if (close == kNone) {
-            reportEnd(t_.size());
-            at_ = first + 1;
-            return nullptr;
-        }
-        body->setStart(t_.start(first));
-        body->setEnd(t_.end(close));
-        if (nextSig(first) < close)
-            body->append(std::make_unique<TextNode>(joined(first + 1, close), t_.start(nextSig(first)), t_.end(t_.significantBefore(close))));
-        at_ = close + 1;
-        return std::make_unique<AsmNode>(word.release(), body.release(), AsmNode::kBraced);
-    }
-    // Up to the end of the line or the ";", but never into the middle of a bracket.
-    const std::uint32_t line = t_.token(keyword).line;
+    const Index first = nextSig(keyword);
+    if (type(first) == tkOpenBrace) return parseAsmBlock(std::move(word), first);
     std::int32_t form = AsmNode::kOneLine;
-    Index j = first;
-    bool bracketed = false; // only qualifiers so far, so that a "(" opens the operands
+    const Index end = findAsmEnd(keyword, form);
+    if (first >= end) {
+        at_ = keyword + 1;
+        return std::make_unique<AsmNode>(word.release(), nullptr, form);
+    }
+    const Index last = t_.significantBefore(end);
+    auto body = std::make_unique<BlockNode>();
+    body->append(std::make_unique<TextNode>(joined(first, end), t_.start(first), t_.end(last)));
+    body->setStart(t_.start(first));
+    body->setEnd(t_.end(last));
+    at_ = last + 1;
+    return std::make_unique<AsmNode>(word.release(), body.release(), form);
+}
+
+TreeBuilder::NodePtr TreeBuilder::parseAsmBlock(Ptr<TextNode> word, Index brace) {
+    const Index close = t_.mate(brace);
+    if (close == kNone) {
+        reportEnd(t_.size());
+        at_ = brace + 1;
+        return nullptr;
+    }
+    auto body = std::make_unique<BlockNode>();
+    body->setStart(t_.start(brace));
+    body->setEnd(t_.end(close));
+    const Index first = nextSig(brace);
+    if (first < close) {
+        const Index last = t_.significantBefore(close);
+        body->append(std::make_unique<TextNode>(joined(first, close), t_.start(first), t_.end(last)));
+    }
+    at_ = close + 1;
+    return std::make_unique<AsmNode>(word.release(), body.release(), AsmNode::kBraced);
+}
+
+/// Where assembler without braces ends: at the ";" or the end of the line, but never in a bracket.
+TreeBuilder::Index TreeBuilder::findAsmEnd(Index keyword, std::int32_t& form) const {
+    const std::uint32_t line = t_.token(keyword).line;
+    bool bracketed = false; // until then a "(" on a later line opens the operands
+    Index j = nextSig(keyword);
     for (; type(j) != tkEnd && type(j) != tkSemicolon && type(j) != tkCloseBrace; j = nextSig(j)) {
         if (t_.end(j).line > line && !bracketed && type(j) != tkOpenParen && type(j) != tkVolatile) break;
-        if (type(j) == tkOpenParen) {
-            form = AsmNode::kOneLineWithParen;
-            if (t_.mate(j) != kNone) bracketed = true, j = t_.mate(j);
-            if (nextType(j) != tkSemicolon && t_.token(nextSig(j)).line > line) {
-                j = nextSig(j);
-                break;
-            }
+        if (type(j) != tkOpenParen) continue;
+        form = AsmNode::kOneLineWithParen;
+        if (t_.mate(j) != kNone) {
+            bracketed = true;
+            j = t_.mate(j);
         }
+        const Index next = nextSig(j);
+        if (type(next) != tkSemicolon && t_.token(next).line > line) return next;
     }
-    if (first < j) {
-        const Index last = t_.significantBefore(j);
-        body->append(std::make_unique<TextNode>(joined(first, j), t_.start(first), t_.end(last)));
-        body->setStart(t_.start(first));
-        body->setEnd(t_.end(last));
-        at_ = last + 1;
-    } else {
-        at_ = keyword + 1;
-        body = nullptr;
-    }
-    return std::make_unique<AsmNode>(word.release(), body.release(), form);
+    return j;
 }
 
 /// Whether the token at `j` shows that the statement in front of it has lost its ";". `prev` is the

@@ -21,6 +21,7 @@ const Row kRows[] = {
     {"InitializerWithoutSemicolon", "int a = /* c */ 1 ;", "Expr", "= /* c */ 1"},
     {"Prototype", "int f() const ;", "FunctionDecl", "int f() const"},
     {"DefaultedFunction", "struct A { A() = default; };", "FunctionDecl", "A()"},
+    {"NextMemberIsExplicit", "struct A { F(x) explicit A(int); };", "FunctionDecl", "F(x)"},
     {"OverrideIsNotCovered", "struct A { int f() override ; };", "FunctionDecl", "int f()"},
     {"FunctionThroughBrace", "int f() override { } ;", "FunctionDecl", "int f() override { }"},
     {"FunctionPointer", "int (*f)(int) = 0 ;", "FunctionPtrDecl", "int (*f)(int) = 0"},
