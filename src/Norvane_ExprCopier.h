@@ -6,6 +6,7 @@
 #include "streams/Zelmar_IndentWriter.h"
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace Norvane {
@@ -29,7 +30,7 @@ int hangingColumn(const OptionalString& wsBefore, std::string_view hanging, int 
 
 /// Copies a tokenised text to a writer, from the front to the back, with other white space in some
 /// of its gaps. A string literal that holds a line feed comes out as it stands: the white space in
-/// front of its lines is a part of the program.
+/// front of its lines is a part of the program. The lines of a block comment move with its first.
 class ExprCopier {
 public:
     ExprCopier(const ExprTokens& tokens, Zelmar::IndentWriter& output) : tokens_(tokens), output_(output) {}
@@ -51,6 +52,14 @@ public:
     /// be replaced. `exact` keeps white space at the start of a line.
     void replaceGap(std::size_t index, std::string_view ws, bool exact);
 
+    /// From here on up to the brace `close`, which has to start its line, every line that is copied
+    /// keeps its distance from that brace, which goes to the writer's indent: statements in the middle
+    /// of an expression keep their shape. Does nothing where the source owns the left edge, and
+    /// inside braces that do so already.
+    void keepShapeUpTo(std::size_t close);
+    /// Inside such braces the indent is not for others to change.
+    bool keepsShape() const { return shape_.end > at_; }
+
     /// Copies up to the gap in front of a directive, and the gap and the directive by their rules.
     void copyDirective(std::size_t index, const DirectivePlace& place);
     /// Copies up to the token, and the token with its further lines moved along with its first one.
@@ -59,12 +68,23 @@ public:
     int column() const { return output_.column() > 0 ? output_.column() : output_.indentWidth(); }
 
 private:
+    struct Shape {
+        std::size_t end = 0; // offset of the closing brace; 0 outside
+        int column = 0; // of that brace in the source
+        std::string indent;
+    };
+
     int sourceColumn(std::size_t index) const;
+    void copyString(std::size_t index, std::size_t offset);
+    void copyPlain(std::size_t offset);
+    void leaveShape();
+    void indentLine(std::size_t lineBegin);
 
     const ExprTokens& tokens_;
     Zelmar::IndentWriter& output_;
     std::size_t at_ = 0;
-    std::size_t nextRaw_ = 0;
+    std::size_t nextMultiLine_ = 0;
+    Shape shape_;
 };
 
 } // namespace Norvane

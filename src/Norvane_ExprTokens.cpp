@@ -65,7 +65,7 @@ bool isLogical(int kind) {
 void ExprTokens::assign(std::string_view text) {
     text_ = text;
     tokens_.clear();
-    rawTokens_.clear();
+    multiLineTokens_.clear();
     Cpp::scanAll(text, tokens_);
     kinds_.resize(tokens_.size());
     mates_.assign(tokens_.size(), kNone);
@@ -86,8 +86,9 @@ void ExprTokens::classify() {
         if (kinds_[i] == Cpp::tkIdentifier) trimName(tokens_[i]);
         if (kinds_[i] == Cpp::tkOperator) nameOperator(i);
         if (kinds_[i] == Cpp::tkLess) hasAngles_ = true;
-        if (kinds_[i] == Cpp::tkStringLiteral && token(i).find('\n') != std::string_view::npos) {
-            rawTokens_.push_back(i);
+        const bool spans = kinds_[i] == Cpp::tkStringLiteral || kinds_[i] == Cpp::tkBlockComment;
+        if (spans && token(i).find('\n') != std::string_view::npos) {
+            multiLineTokens_.push_back(i);
         }
     }
 }

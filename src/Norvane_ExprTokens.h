@@ -66,8 +66,8 @@ public:
     bool endsLine(std::size_t index) const;
     /// The token spans lines.
     bool spansLines(std::size_t index) const { return token(index).find('\n') + 1 < token(index).size(); }
-    /// String literals that hold a line feed, in order: none of their white space may change.
-    const std::vector<std::size_t>& rawTokens() const { return rawTokens_; }
+    /// String literals and block comments that hold a line feed, in order.
+    const std::vector<std::size_t>& multiLineTokens() const { return multiLineTokens_; }
 
 private:
     struct OpenAngle {
@@ -87,7 +87,7 @@ private:
     std::vector<Cpp::RawToken> tokens_;
     std::vector<std::uint8_t> kinds_;
     std::vector<std::size_t> mates_;
-    std::vector<std::size_t> rawTokens_;
+    std::vector<std::size_t> multiLineTokens_;
     // Only used while the mates are found; kept for their memory.
     std::vector<std::size_t> openParens_;
     std::vector<std::size_t> openBraces_;

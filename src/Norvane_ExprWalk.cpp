@@ -38,6 +38,11 @@ bool endsOperand(int kind) {
     }
 }
 
+/// Tokens that can stand in front of the "}" of a block or of a list of values.
+bool isStatementEnd(int kind) {
+    return !Base::isBinaryOperator(kind) && kind != Cpp::tkOpenParen && kind != Cpp::tkOpenBracket;
+}
+
 /// Tokens in front of which no operand stands.
 bool closesOperands(int kind) {
     switch (kind) {
@@ -163,6 +168,7 @@ void ExprWalk::writeElement() {
     case Cpp::tkExclamation: ++at_; break;
     case Cpp::tkStringLiteral: joinStrings(); break;
     case Cpp::tkComma: writeComma(); break;
+    case Cpp::tkOpenBrace: writeBlock(); break;
     case Cpp::tkOpenParen: openGroup(ExprGroup::kParens, options_.parens, options_.callArgs); break;
     case Cpp::tkOpenBracket: openGroup(ExprGroup::kSquares, options_.squares, ListStyle()); break;
     case Cpp::tkAssign: writeAssignment(); break;
@@ -276,6 +282,18 @@ void ExprWalk::writeOperand(std::size_t operand) {
 void ExprWalk::noteOperator(int kind) {
     if (kind == Cpp::tkAssign || kind == Cpp::tkColon) frame().assigned = true;
     if (kind == Cpp::tkSemicolon) frame().declaration = false;
+}
+
+/// A brace that no "=" precedes: the body of a lambda or a list of values.
+void ExprWalk::writeBlock() {
+    const std::size_t close = mateInFrame(at_);
+    // Behind an operator the closing brace could be drawn up to the line before.
+    if (close != ExprTokens::kNone && !output_.keepLeadingWs() && isStatementEnd(tokens_.kind(close - 1))) {
+        settle();
+        copier_.copyTo(tokens_.end(at_));
+        copier_.keepShapeUpTo(close);
+    }
+    writeDefault();
 }
 
 void ExprWalk::joinStrings() {

@@ -41,8 +41,9 @@ struct ExprFrame {
     int alignColumn = 0;
     /// Depths of all families at the first token of the group.
     BracketDepths depths;
-    /// What an initialiser gives back to the writer: how long the indent was, and whether leading
-    /// white space was kept.
+    /// What an initialiser gives back to the writer if it has added to the indent: how long that
+    /// was, and whether leading white space was kept.
+    bool addedIndent = false;
     std::size_t indentLength = 0;
     bool keepLeadingWs = false;
 };
@@ -101,6 +102,7 @@ private:
     void writeOperator(std::size_t left);
     void writeOperand(std::size_t operand);
     void noteOperator(int kind);
+    void writeBlock();
     void joinStrings();
 
     // Commas.
@@ -155,7 +157,7 @@ private:
     std::size_t counted_ = 0;
     // The token behind the captures of the last lambda.
     std::size_t lambdaParams_ = ExprTokens::kNone;
-    // Initialisers the walk is in that have added to the indent.
+    // Initialisers the walk is in.
     int indentedBraces_ = 0;
 };
 

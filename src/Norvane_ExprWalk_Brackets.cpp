@@ -1,5 +1,7 @@
 #include "src/Norvane_ExprWalk.h"
 
+#include "src/Norvane_Gap.h"
+
 namespace Norvane {
 
 namespace {
@@ -132,6 +134,12 @@ void ExprWalk::closeGroup() {
 /// At the closing bracket of a group that was no call: it may have been a cast.
 void ExprWalk::writeBehindParens(std::size_t open) {
     const std::size_t operand = at_ + 1;
+    const bool isHead = isCondition(tokens_, open);
+    // The statement behind such a head may have a line of its own.
+    if (isHead && hasLineFeed(tokens_.gap(operand))) {
+        ++at_;
+        return;
+    }
     switch (next()) {
     case Cpp::tkOpenParen:
         // The parameters of a declarator, as in "int (*f)(int)".
@@ -146,7 +154,7 @@ void ExprWalk::writeBehindParens(std::size_t open) {
     case Cpp::tkMinus:
     case Cpp::tkPlus:
     case Cpp::tkTilde:
-        if (!isCast(open, at_) && !isCondition(tokens_, open)) return;
+        if (!isHead && !isCast(open, at_)) return;
         decide(operand, options_.aroundOperator);
         at_ = operand;
         return;

@@ -46,9 +46,11 @@ void ExprWalk::enterBraces(std::size_t open, std::size_t close) {
     copier_.copyTo(tokens_.end(open));
     pushGroup(ExprGroup::kInitialiser, open, close, options_.initBraces);
     if (options_.initElements.isSet()) frame().list = &options_.initElements;
+    const bool isDeep = ++indentedBraces_ > kMaxIndentedBraces;
+    if (isDeep || !options_.initIndent.set || copier_.keepsShape()) return;
+    frame().addedIndent = true;
     frame().indentLength = output_.indent().size();
     frame().keepLeadingWs = output_.keepLeadingWs();
-    if (++indentedBraces_ > kMaxIndentedBraces || !options_.initIndent.set) return;
     output_.setIndent(output_.indent() + options_.initIndent.value);
     output_.setKeepLeadingWs(false);
 }
@@ -56,9 +58,10 @@ void ExprWalk::enterBraces(std::size_t open, std::size_t close) {
 void ExprWalk::leaveBraces(const ExprFrame& left) {
     settle();
     copier_.copyTo(tokens_.gapBegin(left.end));
+    --indentedBraces_;
+    if (!left.addedIndent) return;
     output_.setIndent(output_.indent().substr(0, left.indentLength));
     output_.setKeepLeadingWs(left.keepLeadingWs);
-    --indentedBraces_;
 }
 
 } // namespace Norvane

@@ -269,6 +269,26 @@ TEST(Initialisers, KeepAnEmptyPairUnlessABraceIsSet) {
     expectLaidOut(kOperatorBlank, cases);
 }
 
+TEST(Shape, OfABlockInAnExpressionStays) {
+    const TextCase cases[] = {
+        {"f([](int a) {\n        if (a)\n            g();\n\n        return a+1;\n      })",
+         "    f([](int a) {\n      if (a)\n          g();\n\n      return a + 1;\n    })"},
+        {"x={a, T{\n  1,\n  /* c\n   * d */\n}}", "    x ={a, T{\n      1,\n      /* c\n       * d */\n    }}"},
+        // A brace that does not start its line tells nothing.
+        {"f({\n  a; })", "    f({\n    a; })"},
+    };
+    expectLaidOut(kOperatorBlank, cases, 4);
+}
+
+TEST(Shape, OfACommentMovesWithIt) {
+    const TextCase cases[] = {
+        {"={\n  1,\n  /* a\n   * b */\n  2}", "={\n1,\n/* a\n * b */\n2}"},
+        // Where its first line stood in the source is not known.
+        {"f(a, /* b\n      c */ d)", "f(a, /* b\n      c */ d)"},
+    };
+    expectLaidOut({{"WS_AFTER_FN_CALL_NAME", ""}}, cases);
+}
+
 TEST(Strings, ComeTogetherWhereLinesAreWrapped) {
     const TextCase cases[] = {
         {"f(\"a\"\n  \"b\")", "f(\"a\" \"b\")"},
