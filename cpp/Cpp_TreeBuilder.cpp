@@ -245,7 +245,7 @@ void TreeBuilder::parseWord(InteriorNode& body, Body kind) {
         return;
     }
     const int next = nextType(at_);
-    if (kind == Body::Class && next == tkColon) {
+    if (kind == Body::Class && next == tkColon && !isBitfieldWidth(nextSig(nextSig(at_)))) {
         addUnlessNull(body, parseAccessLabel());
     } else if (next == tkOpenBrace && !isBehindComma(at_)) {
         body.append(std::make_unique<ExprNode>(t_.spelling(at_), t_.start(at_), t_.end(at_)));
@@ -259,6 +259,12 @@ void TreeBuilder::parseWord(InteriorNode& body, Body kind) {
 
 /// Whether what starts at `i` is a further declarator of the declaration that the "," in front has cut.
 bool TreeBuilder::isBehindComma(Index i) const { return type(lastTaken(i)) == tkComma; }
+
+/// Whether a width stands behind the colon in front of `i`, so that the name in front of that is the type
+/// of a field without a name.
+bool TreeBuilder::isBitfieldWidth(Index i) const {
+    return type(i) == tkNumber || (type(i) == tkIdentifier && nextType(i) == tkSemicolon);
+}
 
 void TreeBuilder::parseMember(InteriorNode& body, Body kind) {
     const Index first = at_;

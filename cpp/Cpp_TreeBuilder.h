@@ -109,6 +109,7 @@ private:
     void parseMember(InteriorNode& body, Body kind);
     void parseWord(InteriorNode& body, Body kind);
     bool isBehindComma(Index i) const;
+    bool isBitfieldWidth(Index i) const;
     bool parseAccess(InteriorNode& body, Body kind);
     void parseControl(InteriorNode& body, Body kind);
     void addUnlessNull(InteriorNode& body, NodePtr node) { if (node) body.append(std::move(node)); }

@@ -40,9 +40,9 @@ const ParseCase kBodies[] = {
     {"MacroBeforeLabel", "class A { Q_OBJECT public: int x; };",
      "Root{ClassDecl{ClassHead{ClassName'class|A'} ClassBody{DataDecl{Id'Q_OBJECT'} AccessSpec'public' "
      "DataDecl{Type'int' Id'x'}}}}"},
-    {"Bitfields", "struct S { int a : 3, b : 4; unsigned : 2; u8 c : 1; };",
+    {"Bitfields", "struct S { int a : 3, b : 4; unsigned : 2; u8 c : 1; u8 : 4; };",
      "Root{ClassDecl{ClassHead{ClassName'struct|S'} ClassBody{DataDecl{Type'int' Id'a' Expr': 3 , b : 4'} "
-     "DataDecl{Type'unsigned' Expr': 2'} DataDecl{Type'u8' Id'c' Expr': 1'}}}}"},
+     "DataDecl{Type'unsigned' Expr': 2'} DataDecl{Type'u8' Id'c' Expr': 1'} DataDecl{Type'u8' Expr': 4'}}}}"},
     {"Nested", "class A { class B { int x; }; enum { C }; };",
      "Root{ClassDecl{ClassHead{ClassName'class|A'} ClassBody{ClassDecl{ClassHead{ClassName'class|B'} "
      "ClassBody{DataDecl{Type'int' Id'x'}}} EnumDecl{EnumHead EnumBody{Expr'C'}}}}}"},
@@ -68,8 +68,6 @@ const ParseCase kEnums[] = {
 INSTANTIATE_TEST_SUITE_P(Enums, Classes, testing::ValuesIn(kEnums), [](const auto& row) { return row.param.name; });
 
 const ParseCase kNamespaces[] = {
-    {"Alias", "namespace A = B;", "Root"},
-    {"Anonymous", "namespace { }", "Root{NamespaceDecl{NamespaceHead NamespaceBody}}"},
     {"Nested", "namespace a::b { inline namespace c { int x; } }",
      "Root{NamespaceDecl{NamespaceHead'a::b' NamespaceBody{NamespaceDecl{NamespaceHead'c' "
      "NamespaceBody{DataDecl{Type'int' Id'x'}}}}}}"},
@@ -78,15 +76,6 @@ const ParseCase kNamespaces[] = {
 INSTANTIATE_TEST_SUITE_P(Namespaces, Classes, testing::ValuesIn(kNamespaces), [](const auto& row) { return row.param.name; });
 
 const ParseCase kTemplates[] = {
-    {"TwoParameters", "template <class T, int N> class A;",
-     "Root{Template{Keyword'template' ParameterList{Parameter'class T' Parameter'int N'}} DataDecl{Type'class A'}}"},
-    {"Instantiation", "template class Foo<int>;", "Root{Expr'class Foo int;'}"},
-    {"NestedDefault", "template <class T, class U = A<B<T>>> void f();",
-     "Root{Template{Keyword'template' ParameterList{Parameter'class T' Parameter'class U = A < B < T >>'}} "
-     "FunctionDecl{FunctionHead{Return'void' Id'f' ParameterList}}}"},
-    {"ComparisonInParens", "template <int N = (a > b)> void f();",
-     "Root{Template{Keyword'template' ParameterList{Parameter'int N = ( a > b )'}} "
-     "FunctionDecl{FunctionHead{Return'void' Id'f' ParameterList}}}"},
     // The "<" of the comparison must not take the ">" of the list.
     {"ComparisonAsDefault", "template <int N, bool = N < cast<int>(M)> struct S { };",
      "Root{Template{Keyword'template' ParameterList{Parameter'int N' Parameter'bool = N < cast < int > ( M )'}} "
@@ -100,37 +89,17 @@ const ParseCase kTemplates[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Templates, Classes, testing::ValuesIn(kTemplates), [](const auto& row) { return row.param.name; });
 
-const ParseCase kLinkage[] = {
-    {"Block", "extern \"C\" { int x; }", "Root{LinkageBlock{Expr'extern \"C\"' LinkageBlockBody{DataDecl{Type'int' Id'x'}}}}"},
-    {"Declaration", "extern \"C\" int f();", "Root{FunctionDecl{FunctionHead{Return'extern \"C\" int' Id'f' ParameterList}}}"},
-    {"ConditionalBraces", "#ifdef A\nextern \"C\" {\n#endif\nint x;\n#ifdef A\n}\n#endif\n",
-     "Root{Directive'#ifdef A\n' LinkageBlock{Expr'extern \"C\"' LinkageBlockBody{Directive'#endif\n' DataDecl{Type'int' Id'x'} "
-     "Directive'#ifdef A\n'}} Directive'#endif\n'}"},
-    {"TemplateUnderOtherLinkage", "extern \"C++\" { template <class T> void f(); }",
-     "Root{LinkageBlock{Expr'extern \"C++\"' LinkageBlockBody{Template{Keyword'template' ParameterList{Parameter'class T'}} "
-     "FunctionDecl{FunctionHead{Return'void' Id'f' ParameterList}}}}}"},
-};
-INSTANTIATE_TEST_SUITE_P(Linkage, Classes, testing::ValuesIn(kLinkage), [](const auto& row) { return row.param.name; });
-
 class ClassMessages : public testing::TestWithParam<MessageCase> {};
 TEST_P(ClassMessages, Are) { checkMessages(GetParam()); }
 const MessageCase kMessages[] = {
-    {"SecondAccess", "class A : public public B { };", "1:18 Not expecting to find keyword \"public\""},
     {"SecondVirtual", "class A : virtual B, virtual virtual C { };", "1:30 Not expecting to find keyword \"virtual\""},
     {"TokenInBases", "class A : B + C { };", "1:13 Unexpected Token: \"+\""},
-    {"NamespaceInClass", "class A { namespace B { } };", "1:11 Namespace declaration illegal inside class declaration."},
     {"NamespaceWithoutBody", "namespace foo;", "1:14 Expected:: \"{\"."},
-    {"LabelWithoutColon", "class A { public int x; };", "1:18 Expected ':' Found: int"},
-    {"OpenClass", "class A { int x;", "1:16 Unexpected EOF found.; 1:1 The statement cannot be parsed."},
     {"OpenEnum", "enum E { A,",
      "1:8 Expected \"}\" first to close enum declaration.; 1:11 Unexpected EOF found.; 1:1 The statement cannot be parsed."},
-    {"OpenNamespace", "namespace a { int x;", "1:20 Unexpected EOF found."},
     {"OpenTemplate", "template <class T int x;", "1:24 Unexpected EOF found."},
-    {"LabelAtTopLevel", "private: int x;", "1:1 The statement cannot be parsed."},
-    {"LabelInLinkage", "extern \"C\" { public: int x; }", "1:14 public: protected: private: labels are illegal inside linkage blocks."},
     {"ControlInLinkage", "extern \"C\" { while { } }",
      "1:14 control statements (e.g. if, else, while) are illegal inside linkage blocks."},
-    {"TemplateInLinkage", "extern \"C\" { template <class T> void f(); }", "1:14 templates cannot be declared to have 'C' linkage."},
 };
 INSTANTIATE_TEST_SUITE_P(Rows, ClassMessages, testing::ValuesIn(kMessages), [](const auto& row) { return row.param.name; });
 

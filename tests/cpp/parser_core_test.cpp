@@ -14,12 +14,6 @@ class TopLevel : public testing::TestWithParam<ParseCase> {};
 TEST_P(TopLevel, BuildTree) { checkTree(GetParam()); }
 
 const ParseCase kTopLevel[] = {
-    {"EmptyFile", "", "Root"},
-    {"StrayBraceAndSemicolon", "};", "Root"},
-    {"UsingLeavesNoNode", "using namespace std; int a;", "Root{DataDecl{Type'int' Id'a'}}"},
-    {"MacroAsBlockHead", "FOO { int x; }", "Root{Expr'FOO' Block{DataDecl{Type'int' Id'x'}}}"},
-    {"Comments", "// a\n/* b */ int x; // c",
-     "Root{Comment'// a\n' Comment'/* b */' DataDecl{Type'int' Id'x'} Comment'// c'}"},
     {"StatementOnItsOwn", "return 1; if (a) b; asm(\"x\");",
      "Root{Expr'return 1;' CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{Expr'b;'}}} "
      "Asm'1'{Text'asm' Block{Text'( \"x\" )'}}}"},
@@ -27,15 +21,6 @@ const ParseCase kTopLevel[] = {
     {"RowsOfATable", "{ 1, 2 },\n{ 3, 4 },\n", "Root{Block{Expr'1 , 2'} Block{Expr'3 , 4'}}"},
 };
 INSTANTIATE_TEST_SUITE_P(Rows, TopLevel, testing::ValuesIn(kTopLevel), [](const auto& row) { return row.param.name; });
-
-const ParseCase kDirectives[] = {
-    {"Line", "#define A 1\nint x;", "Root{Directive'#define A 1\n' DataDecl{Type'int' Id'x'}}"},
-    {"DisabledRegion", "#if 0\nit's } off\n#endif\nint x;", "Root{Directive DataDecl{Type'int' Id'x'}}"},
-    {"SpacedDisabledRegion", "# if  0 // off\n{\n#endif\nint x;", "Root{Directive DataDecl{Type'int' Id'x'}}"},
-    {"ZeroPrefix", "#if 00\n{\n#endif\nint x;", "Root{Directive DataDecl{Type'int' Id'x'}}"},
-    {"NestedInDisabledRegion", "#if 0\n#ifdef A\n#else\n#endif\n{\n#endif\nint x;", "Root{Directive DataDecl{Type'int' Id'x'}}"},
-};
-INSTANTIATE_TEST_SUITE_P(Directives, TopLevel, testing::ValuesIn(kDirectives), [](const auto& row) { return row.param.name; });
 
 TEST(DisabledRegion, ReachesThroughItsEnd) {
     Parsed parsed("int a;\n#if 0\n#if 1\n#endif\nb\n#endif // c\nint d;\n");
@@ -50,9 +35,6 @@ TEST(DisabledRegion, WithoutEndIsAnErrorAndNoNode) {
 
 // Where each branch holds a part of a construct, one of them is seen and the others are copied.
 const ParseCase kFolded[] = {
-    {"BraceInEachBranch", "void f() {\n#ifdef A\nif (x) {\n#else\nif (y) {\n#endif\nz(); }\n}\nint a;",
-     "Root{FunctionDecl{FunctionHead{Return'void' Id'f' ParameterList} Block{Directive'#ifdef A\n' "
-     "CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{Directive Expr'z;'}}}}} DataDecl{Type'int' Id'a'}}"},
     {"ClosedInEachBranch", "void f() { if (x) {\n#ifdef A\na(); }\n#else\nb(); }\n#endif\n}\nint a;",
      "Root{FunctionDecl{FunctionHead{Return'void' Id'f' ParameterList} Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} "
      "Block{Directive'#ifdef A\n' Expr'a;'}}} Directive}} DataDecl{Type'int' Id'a'}}"},
