@@ -19,6 +19,24 @@ PropertySet normalised(PropertySet scheme) {
     return scheme;
 }
 
+/// Some literal of `text` goes on behind a line feed: one that a backslash joins, or a raw one.
+bool joinsLiteral(std::string_view text) {
+    if (text.find('\n') + 1 >= text.size() || text.find('"') == std::string_view::npos) return false;
+    bool inLiteral = false;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '"') {
+            inLiteral = !inLiteral;
+            if (inLiteral && i > 0 && text[i - 1] == 'R') return true;
+        } else if (text[i] == '\\') {
+            ++i;
+            if (inLiteral && i < text.size() && text[i] == '\n') return true;
+        } else if (text[i] == '\n') {
+            inLiteral = false;
+        }
+    }
+    return false;
+}
+
 } // namespace
 
 CppFormatter::CppFormatter(std::istream& source, std::ostream& output)
@@ -135,8 +153,17 @@ void CppFormatter::visit(Cpp::PreprocDirectiveNode& node) {
         copyUpTo({start.line, 1});
         if (!isOutputLineBlank()) output_.write("\n");
     }
-    exprFormatter_.formatDirective(start, node.end(), input_, output_);
+    writeDirective(start, node.end(), input_);
     noteLineEnd();
+}
+
+// Where a literal goes on over the line end, the white space of the next line is part of the program.
+void CppFormatter::writeDirective(const Position& start, const Position& end, Zelmar::SourceReader& input) {
+    const std::size_t begin = source_.offsetOf(start);
+    const std::string_view text = sourceText().substr(begin, source_.offsetOf(end) + 1 - begin);
+    if (!joinsLiteral(text)) return exprFormatter_.formatDirective(start, end, input, output_);
+    exprFormatter_.formatDirective(start, {start.line + 1, 0}, input, output_);
+    output_.writeVerbatim(input.readThrough(end));
 }
 
 void CppFormatter::visit(Cpp::ExprNode& node) {

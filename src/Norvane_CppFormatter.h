@@ -150,6 +150,7 @@ private:
     bool isOutputLineBlank() const;
     void writeSource(std::string_view text);
     void writeSourceTokens(std::string_view text);
+    void writeDirective(const Position& start, const Position& end, Zelmar::SourceReader& input);
     void writeDirectiveOf(std::size_t lineBegin, std::size_t begin, std::size_t end);
     bool splitsWord(std::string_view text) const;
     GapEnd splitGapEnd(std::string_view gap, std::string_view value) const;
@@ -160,6 +161,7 @@ private:
     void writeKept(std::string_view text, const OptionalString& indent);
     bool leavesIndent(const Cpp::SyntaxNode& child, std::string_view value) const;
     std::string_view readGapBefore(const Cpp::SyntaxNode& child, std::string_view value);
+    bool ownsGap(const Cpp::SyntaxNode& child) const;
     Position lineOrStart(const Cpp::SyntaxNode& child) const;
     void padColumns(int count);
     void padToColumn(int target, int indentWidth, bool hanging, char next);

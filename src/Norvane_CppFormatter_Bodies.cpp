@@ -132,20 +132,29 @@ void CppFormatter::writeKept(std::string_view text, const OptionalString& indent
 void CppFormatter::writeOpenBrace(const Cpp::InteriorNode& node, const BodyStyle& style) {
     copyThrough(node.start());
     const Cpp::SyntaxNode& first = *node.child(0);
-    const bool ownLine = isDirective(first) && startsLine(first.start());
-    const std::string_view value = ownLine && !style.wsAfterOpen.breaksLine() ? "\n" : std::string_view(style.wsAfterOpen.value);
-    const std::string_view gap = style.wsAfterOpen.set ? readGapBefore(first, value) : readUpTo(lineOrStart(first));
     const Edge edge(*this, style.indent);
     if (!style.wsAfterOpen.set) {
-        writeSource(gap);
-    } else if (!isBlank(gap)) {
+        // With an option of its own the child would add its white space to that of the source.
+        if (!ownsGap(first)) writeSource(readUpTo(lineOrStart(first)));
+        return;
+    }
+    std::string_view value = style.wsAfterOpen.value;
+    if (isDirective(first) && startsLine(first.start())) {
+        value = style.wsAfterOpen.breaksLine() ? throughLastFeed(value) : std::string_view("\n");
+    }
+    const std::string_view gap = readGapBefore(first, value);
+    if (!isBlank(gap)) {
         writeAfterOpen(gap, value);
     } else if (sourceOwnsEdge()) {
         writeInPlace(value, first);
     } else {
         output_.write(value);
     }
-    if (ownLine && !isOutputLineBlank()) output_.write("\n");
+}
+
+bool CppFormatter::ownsGap(const Cpp::SyntaxNode& child) const {
+    if (options_.globalWsBeforeOpenBrace.set && sourceChar(child.start()) == '{') return true;
+    return options_.wsBeforeAccessSpecs.set && dynamic_cast<const Cpp::AccessSpecNode*>(&child) != nullptr;
 }
 
 Trn::Position CppFormatter::lineOrStart(const Cpp::SyntaxNode& child) const {
@@ -229,7 +238,7 @@ void CppFormatter::writeListGap(const Cpp::SyntaxNode& element, const Cpp::Synta
     const OptionalString* between = &style.wsBetween;
     if (between->breaksLine()) {
         if (isLineComment(element) || isLineComment(next) || directive) between = &noWs();
-    } else if (directive) {
+    } else if (directive && between->set) {
         between = &lineFeedWs();
     }
     const std::string_view gap = readUpTo(directive && startsLine(next.start()) ? lineOrStart(next) : next.start());

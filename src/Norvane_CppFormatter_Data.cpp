@@ -102,7 +102,7 @@ void CppFormatter::writeAlignedName(const Cpp::DataDeclNode& node, DataLine& lin
         return;
     }
     std::string type(text);
-    replaceInGap(type, '\n', ' ');
+    joinLines(type);
     trimGapRight(type);
     type = exprFormatter_.formatDeclaration(type, output_.state(), noWs());
     const std::size_t marks = isAnchoredMark(type) ? trailingMarks(type) : type.size();

@@ -3,7 +3,7 @@
 #include "src/Norvane_CppFormatter_Guards.h"
 #include "src/Norvane_Gap.h"
 
-#include <set>
+#include <cstdint>
 
 namespace Norvane {
 

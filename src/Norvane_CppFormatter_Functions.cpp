@@ -129,7 +129,7 @@ void CppFormatter::writeAlignedReturn(FnHead& fn, std::string_view text) {
     const bool anchored = isAnchoredMark(text);
     const bool hanging = isHangingMark(text);
     trimGapRight(type);
-    replaceInGap(type, '\n', ' ');
+    joinLines(type);
     if (endsInMark(text)) {
         type = exprFormatter_.formatDeclaration(type, output_.state(), noWs());
         trimGapRight(type);

@@ -1,6 +1,7 @@
 #include "src/Norvane_CppFormatter.h"
 
 #include "cpp/Cpp_Scanner.h"
+#include "src/Norvane_CppFormatter_Text.h"
 #include "src/Norvane_Gap.h"
 #include "streams/Zelmar_Columns.h"
 
@@ -15,12 +16,6 @@ constexpr std::size_t kNone = std::string_view::npos;
 // A line longer than this holds no indentation worth looking for, and a text of one line would
 // make the search for its start quadratic.
 constexpr int kLongestIndentedLine = 512;
-
-/// The part of `value` through its last line feed; empty if there is none.
-std::string_view throughLastFeed(std::string_view value) {
-    const std::size_t feed = value.rfind('\n');
-    return value.substr(0, feed == kNone ? 0 : feed + 1);
-}
 
 /// What is left of a value where the token in front has brought the first line feed along.
 std::string_view behindLineEnd(std::string_view value) {
@@ -122,7 +117,7 @@ void CppFormatter::writeSourceTokens(std::string_view text) {
 void CppFormatter::writeDirectiveOf(std::size_t lineBegin, std::size_t begin, std::size_t end) {
     Zelmar::SourceReader reader(source_);
     reader.readUpTo(source_.positionOf(lineBegin));
-    exprFormatter_.formatDirective(source_.positionOf(begin), source_.positionOf(end - 1), reader, output_);
+    writeDirective(source_.positionOf(begin), source_.positionOf(end - 1), reader);
 }
 
 // A character of no token parts a word of the source in two, and no white space may come between.
@@ -190,10 +185,11 @@ void CppFormatter::writeInPlace(std::string_view value) {
     output_.writeExact(value);
 }
 
+// A tab that is one column wide in the scheme is so nowhere else: blanks stand in for it.
 void CppFormatter::padColumns(int count) {
-    const int tab = std::max(output_.tabSize(), 1);
+    const int tab = output_.tabSize();
     std::string ws;
-    if (output_.wsMode() != Zelmar::kWsTabsToSpaces) {
+    if (output_.wsMode() != Zelmar::kWsTabsToSpaces && tab > 1) {
         int column = output_.column() == 0 ? output_.indentWidth() : output_.column();
         for (int step = tab - column % tab; step <= count; step = tab) {
             ws.push_back('\t');

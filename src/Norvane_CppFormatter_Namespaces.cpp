@@ -94,7 +94,10 @@ void CppFormatter::writeTemplateClose(const Cpp::ParameterListNode& list) {
     const OptionalString& option = options_.wsBeforeTpCloseBracket;
     if (!option.set) return exprFormatter_.formatDeclarationTo(gap, output_, options_.wsAfterParamTypeId);
     const std::string& text = output_.text();
-    const bool touches = option.value.empty() && !text.empty() && text.back() == '>';
+    const bool behindClose = !text.empty() && text.back() == '>';
+    // The two are one token of the source.
+    if (behindClose && gap.empty()) return;
+    const bool touches = option.value.empty() && behindClose;
     writeGapEnd(gap, touches ? std::string_view(" ") : option.value, base());
 }
 

@@ -83,7 +83,7 @@ CppFormatter::Base CppFormatter::beginBlock(const Cpp::BlockNode& node) {
 // The line of the brace has begun: one line feed of the value is there already, and blanks alone
 // part the brace from nothing.
 void CppFormatter::writeBlockOnNewLine(const Cpp::BlockNode& node) {
-    readUpTo(lineOrStart(node));
+    readUpTo(sourceOwnsEdge() ? lineOrStart(node) : node.start());
     std::string_view value = options_.globalWsBeforeOpenBrace.value;
     value = value.substr(value.starts_with('\n') ? 1 : value.size());
     output_.writeExact(sourceOwnsEdge() ? value.substr(0, value.rfind('\n') + 1) : value);

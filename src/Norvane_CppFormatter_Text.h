@@ -35,6 +35,22 @@ inline std::size_t trailingMarks(std::string_view text) {
     return begin;
 }
 
+/// Puts a text on one line, each line feed and the indentation behind it giving way to a blank.
+/// Leaves one that holds a line comment or a directive alone.
+inline void joinLines(std::string& text) {
+    for (std::size_t feed = text.find('\n'); feed != std::string::npos; feed = text.find('\n', feed + 1)) {
+        const std::size_t next = text.find_first_not_of(" \t", feed + 1);
+        text.erase(feed + 1, (next == std::string::npos ? text.size() : next) - feed - 1);
+    }
+    replaceInGap(text, '\n', ' ');
+}
+
+/// The part of a value through its last line feed; empty if there is none.
+inline std::string_view throughLastFeed(std::string_view value) {
+    const std::size_t feed = value.rfind('\n');
+    return value.substr(0, feed == std::string_view::npos ? 0 : feed + 1);
+}
+
 } // namespace Norvane
 
 #endif
