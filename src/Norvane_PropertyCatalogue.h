@@ -38,8 +38,20 @@ struct PropertyInfo {
     /// The values that mean something, both ends included. Only for Int.
     std::int32_t minimum;
     std::int32_t maximum;
-    /// What it does, in one line.
+    /// A few words for a form or a heading, short enough to stand beside a field. No two options of
+    /// one family share them.
+    std::string_view label;
+    /// What it does and when it acts, in one line.
     std::string_view description;
+    /// False for an option that no pass reads: old schemes hold it, or the options interface does.
+    bool formats;
+};
+
+/// One value of an option that is a choice between a few, and what it stands for, such as
+/// "at the type".
+struct PropertyChoice {
+    std::int32_t value;
+    std::string_view words;
 };
 
 /// Every option of the engine, family by family, and by name within a family.
@@ -47,6 +59,10 @@ std::span<const PropertyInfo> propertyCatalogue();
 
 /// The switches that the pages of the options interface remember in a scheme. No pass reads them.
 std::span<const PropertyInfo> pageKeyCatalogue();
+
+/// The values to choose from, in rising order, if `name` is such an option; otherwise none. Those of
+/// a bool are 0 and 1.
+std::span<const PropertyChoice> propertyChoices(std::string_view name);
 
 /// Looks in both catalogues. Null for a name that is in neither.
 const PropertyInfo* findProperty(std::string_view name);

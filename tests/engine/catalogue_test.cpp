@@ -92,6 +92,40 @@ TEST(Catalogue, DefaultsAreThoseThatNormalisingFillsIn) {
     }
 }
 
+TEST(Catalogue, EveryOptionIsToldApartInAForm) {
+    // A field beside a label is about as wide as its page.
+    constexpr std::size_t widestLabel = 40;
+    std::set<std::pair<PropertyFamily, std::string_view>> labels;
+    for (const PropertyInfo& info : propertyCatalogue()) {
+        SCOPED_TRACE(info.name);
+        EXPECT_FALSE(info.label.empty());
+        EXPECT_LE(info.label.size(), widestLabel);
+        EXPECT_TRUE(labels.insert({info.family, info.label}).second) << info.label;
+        const bool saysNoEffect = info.description.find("No effect") == 0;
+        EXPECT_NE(info.formats, saysNoEffect);
+    }
+}
+
+TEST(Catalogue, ChoicesRiseWithinTheValuesOfTheirOption) {
+    int options = 0;
+    for (const PropertyInfo& info : propertyCatalogue()) {
+        SCOPED_TRACE(info.name);
+        const auto choices = Norvane::propertyChoices(info.name);
+        if (choices.empty()) continue;
+        ++options;
+        EXPECT_EQ(choices.back().value, info.maximum);
+        std::int32_t previous = info.minimum - 1;
+        for (const Norvane::PropertyChoice& choice : choices) {
+            EXPECT_GT(choice.value, previous);
+            EXPECT_FALSE(choice.words.empty());
+            previous = choice.value;
+        }
+    }
+    EXPECT_EQ(options, 9);
+    EXPECT_TRUE(Norvane::propertyChoices("RIGHT_MARGIN").empty());
+    EXPECT_TRUE(Norvane::propertyChoices("NO_SUCH_OPTION").empty());
+}
+
 TEST(Catalogue, FindsNamesOfBothTablesByTheirExactSpelling) {
     ASSERT_NE(findProperty("TAB_SIZE"), nullptr);
     EXPECT_EQ(findProperty("TAB_SIZE")->minimum, 1);
