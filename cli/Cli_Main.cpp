@@ -1,8 +1,9 @@
-#include "cli/Cli_Options.h"
-#include "cli/Cli_Program.h"
+#include "cli/Cli_Commands.h"
 
-#include <exception>
+#include <algorithm>
 #include <iostream>
+#include <string>
+#include <vector>
 
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -26,14 +27,6 @@ int main(int argc, char** argv) {
     keepFreedMemory();
     std::ios::sync_with_stdio(false);
     std::cin.tie(nullptr);
-    Cli::ExitStatus status = Cli::ExitStatus::done;
-    try {
-        if (const auto options = Cli::parseCommandLine(argc, argv, std::cout, std::cerr, status)) {
-            status = Cli::runProgram(*options, {std::cin, std::cout, std::cerr});
-        }
-    } catch (const std::exception&) {
-        std::cerr << "kerfline: error: the program failed before it could start\n";
-        status = Cli::ExitStatus::fileFailed;
-    }
-    return static_cast<int>(status);
+    const std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
+    return static_cast<int>(Cli::runCommandLine(arguments, {std::cin, std::cout, std::cerr}));
 }

@@ -1,35 +1,34 @@
 #include "cli/Cli_Options.h"
 
-#include "cli/Cli_ShippedSchemes.h"
+#include "cli/Cli_NearestName.h"
+#include "cli/Cli_SwitchTable.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <charconv>
 #include <map>
+#include <thread>
 
 namespace Cli {
 
 namespace {
 
-const std::map<std::string, Dump>& dumpNames() {
-    static const std::map<std::string, Dump> names = {
-        {"tokens", Dump::tokens},
-        {"tree", Dump::tree},
-        {"messages", Dump::messages},
-        {"scheme", Dump::scheme},
-        {"options", Dump::options},
-    };
-    return names;
+/// Marks a switch that was given without the argument it may have. No argument can be this one.
+constexpr const char* kNoArgument = "\n";
+
+std::vector<std::string> choicesOf(const Switch& row) {
+    std::vector<std::string> choices;
+    std::string_view rest = row.choices;
+    while (!rest.empty()) {
+        const std::size_t end = std::min(rest.find('|'), rest.size());
+        choices.emplace_back(rest.substr(0, end));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    return choices;
 }
 
-std::string shippedNames() {
-    std::string names;
-    for (const ShippedScheme& scheme : shippedSchemes()) {
-        if (!names.empty()) names += ", ";
-        names += scheme.name;
-    }
-    return names;
-}
+std::string dashed(std::string_view name) { return "--" + std::string(name); }
 
 /// The program's own view of its command line, filled by the parser of the library.
 class CommandLine {
@@ -38,87 +37,163 @@ public:
 
     /// Throws CLI::ParseError.
     Options parse(int argc, const char* const* argv);
-    std::string help() const { return app_.help(); }
 
 private:
-    void collectEdits(Options& options) const;
+    void add(const Switch& row);
+    void refuseUnknown() const;
+    bool has(const std::string& name) const { return given(name).count() > 0; }
+    const CLI::Option& given(const std::string& name) const { return *app_.get_option(dashed(name)); }
+    std::string last(const std::string& name, const std::string& otherwise) const;
+    template <class Value>
+    Value choice(const std::string& name, const std::map<std::string, Value>& values) const;
+    unsigned jobs() const;
+    BackupChoice backup() const;
+    Verbosity verbosity() const;
     Destination destination() const;
+    void collectEdits(Options& options) const;
     void refuseContradictions(const Options& options) const;
 
-    CLI::App app_{"Lays out C and C++ by a scheme. White space that the scheme does not speak of\n"
-                  "stays as it is, and nothing else ever changes.",
-                  "kerfline"};
-    std::string scheme_ = "default";
-    std::vector<std::string> sets_;
-    std::vector<std::string> unsets_;
+    CLI::App app_;
     std::vector<std::string> files_;
-    Dump dump_ = Dump::none;
-    bool inPlace_ = false;
-    bool check_ = false;
-    CLI::Option* setOption_ = nullptr;
-    CLI::Option* unsetOption_ = nullptr;
 };
 
 CommandLine::CommandLine() {
-    app_.set_version_flag("--version", std::string("kerfline ") + KERFLINE_VERSION_TEXT);
-    app_.add_option("--scheme", scheme_,
-                    "A scheme file (FILE.kls), \"none\", or one that comes with the program:\n" + shippedNames())
-        ->type_name("FILE");
-    // Each takes one argument only: the next word may be the file to lay out.
-    setOption_ = app_.add_option("--set", sets_, "Set one option, the value in the escapes of a scheme file")
-                     ->type_name("NAME=VALUE")
-                     ->allow_extra_args(false);
-    unsetOption_ = app_.add_option("--unset", unsets_, "Take one option out: its place keeps the source")
-                       ->type_name("NAME")
-                       ->allow_extra_args(false);
-    app_.add_flag("-i,--in-place", inPlace_, "Write each result back to its file, if it changed");
-    app_.add_flag("--check", check_, "Write nothing; name the files that would change, and exit with status 1");
-    app_.add_option("--dump", dump_, "In the place of the result, show the tokens, tree or messages of each FILE,\n"
-                    "the scheme in force, or all options that a scheme can hold")
-        ->transform(CLI::CheckedTransformer(dumpNames()))
-        ->type_name("WHAT");
-    app_.add_option("FILE", files_, "Files to lay out; none or \"-\" is standard input")->type_name("");
-    app_.footer("Exit status: 0 done, 1 a file would change (--check), 2 wrong usage or scheme,\n"
-                "3 a file could not be read or written, 4 a file was refused because it does not parse.");
+    app_.set_help_flag();
+    app_.allow_extras();
+    for (const Switch& row : switchTable()) add(row);
+    app_.add_option("FILE", files_);
+}
+
+void CommandLine::add(const Switch& row) {
+    std::string names = dashed(row.name);
+    if (row.shortName != 0) names = std::string("-") + row.shortName + ',' + names;
+    if (row.name == "help") {
+        app_.set_help_flag(names);
+    } else if (row.name == "version") {
+        app_.set_version_flag(names, std::string("kerfline ") + KERFLINE_VERSION_TEXT);
+    } else if (!row.takesArgument()) {
+        app_.add_flag(names);
+    } else if (row.argumentIsOptional()) {
+        // A plain optional argument would swallow the file behind the switch.
+        app_.add_flag(names + '{' + kNoArgument + '}');
+    } else {
+        CLI::Option* option = app_.add_option(names)->expected(1)->allow_extra_args(false);
+        option->multi_option_policy(row.repeats ? CLI::MultiOptionPolicy::TakeAll : CLI::MultiOptionPolicy::TakeLast);
+        if (row.kind == ArgumentKind::choice) option->check(CLI::IsMember(choicesOf(row)));
+    }
 }
 
 Options CommandLine::parse(int argc, const char* const* argv) {
     app_.parse(argc, argv);
+    refuseUnknown();
     Options options;
-    options.scheme = scheme_;
+    if (has("scheme")) options.scheme = last("scheme", "");
     collectEdits(options);
     options.destination = destination();
-    options.dump = dump_;
-    options.files = files_.empty() ? std::vector<std::string>{"-"} : files_;
+    options.dump = choice<Dump>("dump", {{"", Dump::none},
+                                         {"tokens", Dump::tokens},
+                                         {"tree", Dump::tree},
+                                         {"messages", Dump::messages},
+                                         {"scheme", Dump::scheme},
+                                         {"options", Dump::options}});
+    options.backup = backup();
+    options.verifies = !has("no-verify");
+    options.project = last("project", "");
+    options.inputName = last("stdin-filename", "");
+    options.files = files_;
+    if (files_.empty() && options.project.empty()) options.files = {"-"};
+    options.assumesYes = has("yes");
+    options.jobs = jobs();
+    options.verbosity = verbosity();
+    options.color = choice<ColorChoice>("color", {{"", ColorChoice::automatic},
+                                                  {"auto", ColorChoice::automatic},
+                                                  {"always", ColorChoice::always},
+                                                  {"never", ColorChoice::never}});
+    options.messageFormat = choice<MessageFormat>("message-format", {{"", MessageFormat::gnu},
+                                                                     {"gnu", MessageFormat::gnu},
+                                                                     {"msvc", MessageFormat::msvc},
+                                                                     {"json", MessageFormat::json}});
     refuseContradictions(options);
     return options;
 }
 
+void CommandLine::refuseUnknown() const {
+    for (const std::string& word : app_.remaining()) {
+        const std::string name = word.substr(0, word.find('='));
+        std::vector<std::string_view> names;
+        for (const Switch& row : switchTable()) names.push_back(row.name);
+        const std::string typed = name.substr(std::min(name.find_first_not_of('-'), name.size()));
+        throw CLI::ValidationError("there is no switch \"" + name + '"' + nearestNameHint(typed, names, "--"));
+    }
+}
+
+std::string CommandLine::last(const std::string& name, const std::string& otherwise) const {
+    const auto& results = given(name).results();
+    return results.empty() ? otherwise : results.back();
+}
+
+template <class Value>
+Value CommandLine::choice(const std::string& name, const std::map<std::string, Value>& values) const {
+    return values.at(last(name, ""));
+}
+
+unsigned CommandLine::jobs() const {
+    constexpr unsigned most = 1024;
+    const std::string text = last("jobs", "1");
+    unsigned count = 0;
+    const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), count);
+    if (error != std::errc() || rest != text.data() + text.size() || count > most) {
+        throw CLI::ValidationError("-j takes a number from 0 to " + std::to_string(most) + ", not \"" + text + '"');
+    }
+    return count != 0 ? count : std::max(1u, std::thread::hardware_concurrency());
+}
+
+BackupChoice CommandLine::backup() const {
+    const std::string extension = last("backup", "");
+    return {has("backup"), extension == kNoArgument ? std::string() : extension};
+}
+
+Verbosity CommandLine::verbosity() const {
+    if (has("quiet")) return Verbosity::quiet;
+    return has("verbose") ? Verbosity::verbose : Verbosity::normal;
+}
+
 void CommandLine::collectEdits(Options& options) const {
-    auto nextSet = sets_.begin();
-    auto nextUnset = unsets_.begin();
+    const CLI::Option* setOption = &given("set");
+    const CLI::Option* unsetOption = &given("unset");
+    auto nextSet = setOption->results().begin();
+    auto nextUnset = unsetOption->results().begin();
     for (const CLI::Option* option : app_.parse_order()) {
-        if (option == setOption_ && nextSet != sets_.end()) {
+        if (option == setOption && nextSet != setOption->results().end()) {
             options.edits.push_back({SchemeEdit::Kind::set, *nextSet++});
-        } else if (option == unsetOption_ && nextUnset != unsets_.end()) {
+        } else if (option == unsetOption && nextUnset != unsetOption->results().end()) {
             options.edits.push_back({SchemeEdit::Kind::unset, *nextUnset++});
         }
     }
 }
 
 Destination CommandLine::destination() const {
-    if (inPlace_) return Destination::sameFile;
-    return check_ ? Destination::checkOnly : Destination::standardOutput;
+    if (has("in-place")) return Destination::sameFile;
+    if (has("diff")) return Destination::patch;
+    return has("check") ? Destination::checkOnly : Destination::standardOutput;
 }
 
 void CommandLine::refuseContradictions(const Options& options) const {
-    if (inPlace_ && check_) throw CLI::ValidationError("-i and --check exclude each other");
-    if (dump_ != Dump::none && options.destination != Destination::standardOutput) {
-        throw CLI::ValidationError("--dump writes to standard output: it goes with neither -i nor --check");
+    if (has("in-place") && has("check")) throw CLI::ValidationError("-i and --check exclude each other");
+    if (has("in-place") && has("diff")) throw CLI::ValidationError("-i and --diff exclude each other");
+    if (has("quiet") && has("verbose")) throw CLI::ValidationError("-q and -v exclude each other");
+    if (has("backup") && !has("in-place")) {
+        throw CLI::ValidationError("--backup goes with -i: without it no file is written");
+    }
+    if (options.dump != Dump::none && options.destination != Destination::standardOutput) {
+        throw CLI::ValidationError("--dump writes to standard output: it goes with none of -i, --check and --diff");
     }
     const bool readsInput = std::find(options.files.begin(), options.files.end(), "-") != options.files.end();
-    if (inPlace_ && readsInput) {
+    if (has("in-place") && readsInput) {
         throw CLI::ValidationError("-i needs files to write back to; standard input is none");
+    }
+    if (has("stdin-filename") && !readsInput) {
+        throw CLI::ValidationError("--stdin-filename names standard input, which is not among the files; add \"-\"");
     }
 }
 
@@ -130,7 +205,7 @@ std::optional<Options> parseCommandLine(int argc, const char* const* argv, std::
     try {
         return line.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
-        out << line.help();
+        out << commandLineHelp();
         status = ExitStatus::done;
     } catch (const CLI::CallForVersion& version) {
         out << version.what() << '\n';
@@ -138,7 +213,7 @@ std::optional<Options> parseCommandLine(int argc, const char* const* argv, std::
     } catch (const CLI::ParseError& error) {
         std::string text = error.what();
         std::replace(text.begin(), text.end(), '\n', ' ');
-        err << "kerfline: error: " << text << " (kerfline --help shows the options)\n";
+        err << "kerfline: error: " << text << " (kerfline --help shows the switches)\n";
         status = ExitStatus::badUsageOrScheme;
     }
     return std::nullopt;

@@ -133,6 +133,7 @@ void Program::deliver(const std::string& path, const SourceFile& source, const s
         if (changed) writeBack(path, result);
         break;
     case Destination::checkOnly:
+    case Destination::patch:
         if (!changed) break;
         streams_.out << path << '\n';
         report_.raise(ExitStatus::wouldChange);

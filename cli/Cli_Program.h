@@ -6,20 +6,13 @@
 #include "cli/Cli_Options.h"
 #include "cli/Cli_Report.h"
 #include "cli/Cli_SourceFile.h"
+#include "cli/Cli_Streams.h"
 #include "schemes/NorvaneUI_DiskFileSystem.h"
 
 #include <istream>
-#include <ostream>
 #include <string>
 
 namespace Cli {
-
-/// The three streams of a process.
-struct Streams {
-    std::istream& in;
-    std::ostream& out;
-    std::ostream& err;
-};
 
 /// Lays out all files of `options` and returns the exit status of the process. A file that fails
 /// does not stop the others. Throws nothing.

@@ -142,7 +142,7 @@ private:
 } // namespace
 
 std::optional<Norvane::PropertySet> loadScheme(const Options& options, Report& report) {
-    std::optional<Norvane::PropertySet> base = baseScheme(options.scheme, report);
+    std::optional<Norvane::PropertySet> base = baseScheme(options.scheme.value_or("default"), report);
     // Wrong edits are named even if the scheme is wrong too: one run shows all that is to be mended.
     Norvane::PropertySet scheme = base ? *base : Norvane::PropertySet();
     SchemeEditor editor(scheme, report);

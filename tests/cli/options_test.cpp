@@ -31,7 +31,7 @@ TEST(CommandLine, ReadsStandardInputByDefault) {
     const Parsed parsed = parse({});
     ASSERT_TRUE(parsed.options);
     EXPECT_EQ(parsed.options->files, std::vector<std::string>{"-"});
-    EXPECT_EQ(parsed.options->scheme, "default");
+    EXPECT_FALSE(parsed.options->scheme);
     EXPECT_EQ(parsed.options->destination, Cli::Destination::standardOutput);
 }
 
