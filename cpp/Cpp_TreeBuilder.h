@@ -123,6 +123,7 @@ private:
     bool endsAtBracket(Index& j, const DeclHead& head, const HeadScan& met) const;
     bool endsAtParen(Index& j, const HeadScan& met, DeclHead& head) const;
     bool isMacroInClassHead(Index prev, Index paren) const;
+    bool holdsValues(Index brace, const HeadScan& met) const;
     bool opensDeclarator(Index paren, Index prev) const;
     bool isNameBefore(Index prev) const;
     NodePtr parseDataFrom(Index first, Index scanned, bool allowBitfield);
@@ -192,6 +193,7 @@ private:
     bool continues(int keyword, bool directiveBetween, Index next) const;
     Ptr<CtrlSubStmtNode> parseCtrlSub(int before);
     Ptr<CtrlSubStmtHeadNode> parseCtrlSubHead();
+    void takeTryInits(CtrlSubStmtHeadNode& head);
     Index lastOfKeyword(Index keyword) const;
     Ptr<ExprNode> parseCondition();
     NodePtr parseCase();

@@ -17,6 +17,17 @@ bool isDeclSpecifier(int type) {
 
 bool endsDeclarator(int type) { return type == tkSemicolon || type == tkComma; }
 
+/// Tokens that can stand at the start of a value, but not of a member.
+bool startsValue(int type) {
+    switch (type) {
+    case tkNumber: case tkCharLiteral: case tkStringLiteral: case tkTrue: case tkFalse: case tkDot: case tkOpenBrace:
+    case tkAmpersand: case tkMinus:
+        return true;
+    default:
+        return false;
+    }
+}
+
 bool isClassKey(int type) { return type == tkClass || type == tkStruct || type == tkUnion; }
 
 } // namespace
@@ -67,7 +78,9 @@ bool TreeBuilder::endsScan(Index first, Index& j, HeadScan& met, DeclHead& head)
         if (isMacroRun(first, j)) head.kind = DeclKind::Data;
         return true;
     case tkOpenBrace:
-        head.kind = met.enumKey ? DeclKind::Enum : met.classKey ? DeclKind::Class : DeclKind::BraceInit;
+        head.kind = met.enumKey                            ? DeclKind::Enum
+                    : met.classKey && !holdsValues(j, met) ? DeclKind::Class
+                                                           : DeclKind::BraceInit;
         return true;
     case tkOpenParen:
         return endsAtParen(j, met, head);
@@ -135,6 +148,25 @@ bool TreeBuilder::endsAtBracket(Index& j, const DeclHead& head, const HeadScan& 
         return false;
     }
     return head.op == kNone || (prevType != tkNew && prevType != tkDelete);
+}
+
+/// Whether the braces behind a class key and its names hold the values of an object and no members, as
+/// in "struct S s{1, 2};": a member ends in a ";" or a "}". Empty braces tell nothing, but a macro in
+/// front of the name of a class is seldom in lower case.
+bool TreeBuilder::holdsValues(Index brace, const HeadScan& met) const {
+    const Index close = t_.mate(brace);
+    if (met.colon || met.names < 2 || close == kNone || !endsDeclarator(nextType(close))) return false;
+    const Index last = t_.significantBefore(brace);
+    if (isTailWord(t_.text(last)) || looksLikeMacro(t_.text(last))) return false;
+    const Index first = nextSig(brace);
+    if (first == close) return met.names == 2 && !looksLikeMacro(t_.text(t_.significantBefore(last)));
+    bool isList = nextSig(first) == close && !looksLikeMacro(t_.text(first));
+    for (Index j = first; j < close; j = nextSig(j)) {
+        if (type(j) == tkSemicolon) return false;
+        isList = isList || type(j) == tkComma;
+        if (t_.mate(j) != kNone && t_.mate(j) < close) j = t_.mate(j);
+    }
+    return startsValue(type(first)) || (isList && type(t_.significantBefore(close)) != tkCloseBrace);
 }
 
 /// From "requires" to the last token of its clause: operands between "&&" and "||".

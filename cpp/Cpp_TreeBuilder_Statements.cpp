@@ -268,6 +268,7 @@ TreeBuilder::Ptr<CtrlSubStmtHeadNode> TreeBuilder::parseCtrlSubHead() {
     const Index last = bare ? keyword : lastOfKeyword(keyword);
     at_ = last + 1;
     auto head = std::make_unique<CtrlSubStmtHeadNode>(new KeywordNode(kind, t_.start(keyword), t_.end(last)), nullptr);
+    if (kind == tkTry) takeTryInits(*head);
     if (bare) return head;
     const Index open = sig(at_);
     if (type(open) != tkOpenParen) {
@@ -279,6 +280,17 @@ TreeBuilder::Ptr<CtrlSubStmtHeadNode> TreeBuilder::parseCtrlSubHead() {
     if (!condition) return nullptr;
     head->setCondition(condition.release());
     return head;
+}
+
+/// The member initializers of a constructor whose body and handlers are one: as the body of the "try"
+/// they would take the place of the braces that follow them.
+void TreeBuilder::takeTryInits(CtrlSubStmtHeadNode& head) {
+    const Index colon = sig(at_);
+    if (type(colon) != tkColon) return;
+    const Index brace = findInitBody(colon);
+    if (type(brace) != tkOpenBrace) return;
+    head.setCondition(new ExprNode(joined(colon, brace), t_.start(colon), t_.end(t_.significantBefore(brace))));
+    at_ = brace;
 }
 
 /// The last token of a keyword that more than one word makes up: "if constexpr", "if !consteval", or

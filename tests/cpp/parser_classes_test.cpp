@@ -24,6 +24,10 @@ const ParseCase kHeads[] = {
      "ClassBody}}"},
     {"Specialisation", "struct hash<vector<int>> { };",
      "Root{ClassDecl{ClassHead{ClassName'struct|hash < vector < int >>'} ClassBody}}"},
+    // Members, though two names and a comma in the braces look like the values of an object.
+    {"MacroBeforeName", "class API A { A() : b(1), c(2) { } }; class API B { };",
+     "Root{ClassDecl{ClassHead{ClassName'class|API A'} ClassBody{CtorDecl{FunctionHead{Id'A' ParameterList} "
+     "InitializerList{Initializer{Id'b' ArgList{Arg'1'}} Initializer{Id'c' ArgList{Arg'2'}}} Block}}} ClassDecl{ClassHead{ClassName'class|API B'} ClassBody}}"},
     {"EnumInArguments", "struct A : B<enum E> { };",
      "Root{ClassDecl{ClassHead{ClassName'struct|A' BaseClauseList{BaseClause'B < enum E >'}} ClassBody}}"},
 };

@@ -30,6 +30,10 @@ const ParseCase kData[] = {
     // A key and a name alone declare no name.
     {"ForwardClass", "struct A;", "Root{DataDecl{Type'struct A'}}"},
     {"StructVariable", "struct S s = {1};", "Root{DataDecl{Type'struct S' Id's' Expr'= { 1 }'}}"},
+    {"StructBraceInit", "struct S s{1, 2};", "Root{DataDecl{Type'struct S' Id's' Expr'{ 1 , 2 }'}}"},
+    {"StructBraceInitOfOneName", "struct S s{x};", "Root{DataDecl{Type'struct S' Id's' Expr'{ x }'}}"},
+    {"StructBraceInitOfMember", "struct S s{.x = 1};", "Root{DataDecl{Type'struct S' Id's' Expr'{ . x = 1 }'}}"},
+    {"EmptyStructBraceInit", "struct stat st{};", "Root{DataDecl{Type'struct stat' Id'st' Expr'{ }'}}"},
     {"BasesWithoutBody", "class X : public Y;", "Root{DataDecl{Type'class X : public' Id'Y'}}"},
     {"TypeAttribute", "alignas(16) int x;", "Root{DataDecl{Type'alignas ( 16 ) int' Id'x'}}"},
     {"TypedefOfKeyword", "typedef int bool;", "Root{DataDecl{Type'typedef int' Id'bool'}}"},

@@ -112,6 +112,9 @@ const ParseCase kTails[] = {
     {"FunctionTry", "int f() try { return 0; } catch (...) { }",
      "Root{FunctionDecl{FunctionHead{Return'int' Id'f' ParameterList}} CtrlStmt{CtrlSubStmt{Head{Keyword'try'} "
      "Block{Expr'return 0;'}} CtrlSubStmt{Head{Keyword'catch' Expr} Block}}}"},
+    {"FunctionTryWithInits", "A::A() try : a(1), b{2} { f(); } catch (...) { }",
+     "Root{FunctionDecl{FunctionHead{Id'A::A' ParameterList}} CtrlStmt{CtrlSubStmt{Head{Keyword'try' "
+     "Expr': a ( 1 ) , b { 2 }'} Block{Expr'f;'}} CtrlSubStmt{Head{Keyword'catch' Expr} Block}}}"},
     // A comment in front of what does not belong to the function is a node, so that a marker in it is seen.
     {"CommentBehindMacro", "IMPL(A)\n// mark\nint  a;",
      "Root{FunctionDecl{FunctionHead{Id'IMPL' ParameterList{Parameter'A'}}} Comment'// mark\n' DataDecl{Type'int' Id'a'}}"},
