@@ -1,5 +1,7 @@
 #include "src/Norvane_ExprTokens.h"
 
+#include <algorithm>
+
 namespace Norvane {
 
 bool BracketDepths::count(int kind) {
@@ -67,6 +69,7 @@ void ExprTokens::assign(std::string_view text) {
     tokens_.clear();
     multiLineTokens_.clear();
     Cpp::scanAll(text, tokens_);
+    if (holdsStrayWord()) takeStrayWords();
     kinds_.resize(tokens_.size());
     mates_.assign(tokens_.size(), kNone);
     classify();
@@ -77,6 +80,52 @@ void ExprTokens::assign(std::string_view text) {
 bool ExprTokens::endsLine(std::size_t index) const {
     if (tokens_[index].unclosed) return true;
     return end(index) > begin(index) && text_[end(index) - 1] == '\n';
+}
+
+/// The gap in front of the token holds a word, and no literal that its line does not close.
+bool ExprTokens::hasStrayWord(std::size_t index) const {
+    const std::string_view dropped = gap(index);
+    return std::any_of(dropped.begin(), dropped.end(), Cpp::isIdentifierChar) &&
+           dropped.find('"') == std::string_view::npos;
+}
+
+bool ExprTokens::holdsStrayWord() const {
+    for (std::size_t i = 0; i <= tokens_.size(); ++i) {
+        if (hasStrayWord(i)) return true;
+    }
+    return false;
+}
+
+/// Makes identifiers of the words in the gaps, together with the names that they touch.
+void ExprTokens::takeStrayWords() {
+    scanned_.clear();
+    for (std::size_t i = 0; i <= tokens_.size(); ++i) {
+        if (hasStrayWord(i)) appendWords(gapBegin(i), gapEnd(i));
+        if (i < tokens_.size()) appendToken(tokens_[i]);
+    }
+    tokens_.swap(scanned_);
+}
+
+void ExprTokens::appendWords(std::size_t at, std::size_t end) {
+    while (at < end) {
+        Cpp::RawToken word;
+        word.type = Cpp::tkIdentifier;
+        word.begin = static_cast<std::uint32_t>(at);
+        while (at < end && Cpp::isIdentifierChar(text_[at])) ++at;
+        word.end = static_cast<std::uint32_t>(at);
+        if (word.end > word.begin) appendToken(word);
+        while (at < end && !Cpp::isIdentifierChar(text_[at])) ++at;
+    }
+}
+
+void ExprTokens::appendToken(const Cpp::RawToken& token) {
+    const bool continuesWord = !scanned_.empty() && token.type == Cpp::tkIdentifier &&
+                               scanned_.back().type == Cpp::tkIdentifier && scanned_.back().end == token.begin;
+    if (continuesWord) {
+        scanned_.back().end = token.end;
+    } else {
+        scanned_.push_back(token);
+    }
 }
 
 void ExprTokens::classify() {

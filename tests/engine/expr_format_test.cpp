@@ -63,6 +63,8 @@ TEST(Operators, StandBetweenBlanks) {
         {"operator<(a,b)+c", "operator<(a,b) + c"},
         {"operator()(a)-1", "operator()(a) - 1"},
         {"größe+foo$bar", "größe + foo$bar"},
+        // Digits that run into a name.
+        {"x=0b11+100ms*2", "x = 0b11 + 100ms * 2"},
         {"{ .a=1, .b=&x, [0]=-1 }", "{ .a = 1, .b = &x, [0] = -1 }"},
     };
     expectLaidOut(kOperatorBlank, cases);

@@ -46,7 +46,7 @@ const ListCase kLists[] = {
     {"AColonStaysApartFromAScope", ", ::a", kUnset, kNothing, ",::a", ",::a"},
     {"LineFeedLinesUp", "  first,second,\n  third", kUnset, kLineFeed, "first,\nsecond,\nthird",
      "first,\nsecond,\nthird"},
-    {"SkippedBytesStay", "a $ ,$ b", kBlank, kBlank, "a $ ,$ b", "a $ ,$ b"},
+    {"SkippedBytesStay", "a @ ,@ b", kBlank, kBlank, "a @ ,@ b", "a @ ,@ b"},
 };
 
 INSTANTIATE_TEST_SUITE_P(ExprFormatterBase, Lists, testing::ValuesIn(kLists),
