@@ -1,12 +1,16 @@
 #include "src/Norvane_CppFormatter.h"
 
 #include "cpp/Cpp_Scanner.h"
+#include "src/Norvane_CppCommentWalker.h"
 #include "src/Norvane_CppFormatter_Guards.h"
 #include "src/Norvane_CppFormatter_Text.h"
 #include "src/Norvane_DataOffsetCalculator.h"
 #include "src/Norvane_Gap.h"
 #include "src/Norvane_NameOffsetCalculator.h"
 #include "streams/Zelmar_Columns.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace Norvane {
 
@@ -39,6 +43,28 @@ bool joinsLiteral(std::string_view text) {
 
 } // namespace
 
+/// Collects the regions of a tree.
+class CppFormatter::RegionFinder : public CppCommentWalker {
+public:
+    explicit RegionFinder(const Zelmar::SourceText& source) : source_(source) {}
+
+    using CppCommentWalker::visit;
+    void visit(Cpp::CommentNode& node) override {
+        if (!node.verbatim()) return;
+        const std::size_t begin = source_.offsetOf(node.start());
+        regions_.push_back({begin, source_.offsetOf(node.end()) + 1, node.start(), node.end()});
+    }
+    std::vector<Region> takeInOrder() {
+        const auto isBefore = [](const Region& a, const Region& b) { return a.begin < b.begin; };
+        std::sort(regions_.begin(), regions_.end(), isBefore);
+        return std::move(regions_);
+    }
+
+private:
+    const Zelmar::SourceText& source_;
+    std::vector<Region> regions_;
+};
+
 CppFormatter::CppFormatter(std::istream& source, std::ostream& output)
     : CppFormatter(source, output, PropertySet("FormatterProperties")) {}
 
@@ -50,6 +76,9 @@ CppFormatter::CppFormatter(std::istream& source, std::ostream& output, const Pro
 }
 
 void CppFormatter::visit(Cpp::RootNode& node) {
+    RegionFinder finder(source_);
+    node.accept(finder);
+    regions_ = finder.takeInOrder();
     if (options_.alignClassMemberNamesLeft || options_.alignFnDeclNamesLeft || options_.alignDdNamesLeft) {
         NameOffsetCalculator calculator(props_);
         node.accept(calculator);
@@ -70,11 +99,55 @@ void CppFormatter::visit(Cpp::RootNode& node) {
     {
         const Edge edge(*this, options_.leftMargin.value, !options_.leftMargin.set);
         writeChildren(node, noWs());
-        writeSource(input_.readRest());
+        writeSource(readRest());
     }
     const std::string text = output_.takeText();
     destination_.write(text.data(), static_cast<std::streamsize>(text.size()));
     destination_.flush();
+}
+
+std::string_view CppFormatter::readUpTo(const Position& position) {
+    return regions_.empty() ? input_.readUpTo(position) : readToRegionOr(position);
+}
+
+// A region may begin in one construct and end in another. So it goes out as soon as a step reads
+// across it, whatever is being written: no step ever gets hold of a piece of it. A construct that
+// begins within a region begins where the region does.
+std::string_view CppFormatter::readToRegionOr(const Position& position) {
+    std::size_t offset = source_.offsetOf(position);
+    if (offset == Zelmar::SourceText::npos) offset = 0;
+    while (nextRegion_ < regions_.size() && regions_[nextRegion_].end <= offset) writeNextRegion();
+    gapIsInRegion_ = isInRegion(position);
+    const bool cut = nextRegion_ < regions_.size() && regions_[nextRegion_].begin < offset;
+    return input_.readUpTo(cut ? regions_[nextRegion_].start : position);
+}
+
+std::string_view CppFormatter::readThrough(const Position& position) {
+    const std::size_t offset = regions_.empty() ? 0 : source_.offsetOf(position);
+    if (offset != Zelmar::SourceText::npos) {
+        while (nextRegion_ < regions_.size() && regions_[nextRegion_].begin <= offset) writeNextRegion();
+    }
+    return input_.readThrough(position);
+}
+
+std::string_view CppFormatter::readRest() {
+    while (nextRegion_ < regions_.size()) writeNextRegion();
+    return input_.readRest();
+}
+
+void CppFormatter::writeNextRegion() {
+    const Region& region = regions_[nextRegion_++];
+    writeSource(input_.readUpTo(region.start));
+    // The first character still brings the indent of its line along.
+    output_.write(input_.readThrough(region.start));
+    output_.writeVerbatim(input_.readThrough(region.last));
+    noteLineEnd();
+}
+
+bool CppFormatter::isInRegion(const Position& position) const {
+    const std::size_t offset = source_.offsetOf(position);
+    const bool isInNext = nextRegion_ < regions_.size() && regions_[nextRegion_].holds(offset);
+    return isInNext || (nextRegion_ > 0 && regions_[nextRegion_ - 1].holds(offset));
 }
 
 void CppFormatter::noteLineEnd() {
@@ -133,11 +206,8 @@ bool CppFormatter::takeTemplateBase(const Position& start, Base& taken) {
 void CppFormatter::visit(Cpp::CommentNode& node) {
     const Position start = node.start();
     copyUpTo(start);
-    if (node.verbatim()) {
-        // The first character still brings the indent of its line along.
-        copyThrough(start);
-        output_.writeVerbatim(readThrough(node.end()));
-    } else if (isLineComment(node)) {
+    if (node.verbatim()) return copyThrough(node.end());
+    if (isLineComment(node)) {
         output_.write(readThrough(node.end()));
     } else {
         exprFormatter_.formatMultiLineToken(start, node.end(), input_, output_);

@@ -124,8 +124,20 @@ private:
         const OptionalString& wsBetween;
     };
 
+    /// A stretch between format-off markers, with both of them, by source offsets.
+    struct Region {
+        std::size_t begin = 0;
+        std::size_t end = 0; // one past the last character
+        Position start;
+        Position last;
+
+        bool holds(std::size_t offset) const { return begin <= offset && offset < end; }
+    };
+
     struct FnHead;
     struct DataLine;
+
+    class RegionFinder;
 
     class Edge;
     class BaseScope;
@@ -141,10 +153,14 @@ private:
     bool isNote(const Cpp::SyntaxNode& node) const;
     bool isLineComment(const Cpp::SyntaxNode& node) const;
     bool startsLine(const Position& position) const;
-    std::string_view readUpTo(const Position& position) { return input_.readUpTo(position); }
-    std::string_view readThrough(const Position& position) { return input_.readThrough(position); }
-    void copyUpTo(const Position& position) { writeSource(input_.readUpTo(position)); }
-    void copyThrough(const Position& position) { writeSource(input_.readThrough(position)); }
+    std::string_view readUpTo(const Position& position);
+    std::string_view readThrough(const Position& position);
+    std::string_view readRest();
+    void copyUpTo(const Position& position) { writeSource(readUpTo(position)); }
+    void copyThrough(const Position& position) { writeSource(readThrough(position)); }
+    std::string_view readToRegionOr(const Position& position);
+    void writeNextRegion();
+    bool isInRegion(const Position& position) const;
     void copyNode(const Cpp::SyntaxNode& node);
     void noteLineEnd();
     bool isOutputLineBlank() const;
@@ -273,6 +289,10 @@ private:
     std::size_t openEdges_ = 0;
     /// Source offset behind the last token that took the line feed of its line with it.
     std::size_t lineEnd_ = std::string_view::npos;
+    /// The first region that is still to come.
+    std::size_t nextRegion_ = 0;
+    /// What was read up to last lies in a region, and the gap in front of it too.
+    bool gapIsInRegion_ = false;
     bool inClassBody_ = false;
     bool afterClassBody_ = false;
     bool afterCaseLabel_ = false;
@@ -283,6 +303,7 @@ private:
     std::size_t templateEnd_ = 0;
 
     // Filled at the root, only read afterwards.
+    std::vector<Region> regions_; // in the order of the text
     ColumnMap nameColumns_;
     ColumnMap initializerColumns_;
     ColumnMap fnNameColumns_;

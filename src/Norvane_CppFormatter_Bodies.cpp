@@ -113,6 +113,7 @@ void CppFormatter::writeBodyStart(const Cpp::InteriorNode& node, const BodyStyle
     if (!takePending(node.start(), value)) return;
     if (braced) {
         const std::string_view gap = readUpTo(node.start());
+        if (gapIsInRegion_) return writeSource(gap);
         const GapEnd end = splitGapEnd(gap, value);
         writeKept(end.kept, holdsLineComment(gap) ? style.indent : noWs());
         return writeAtBase(end.value, base());
@@ -131,6 +132,7 @@ void CppFormatter::writeKept(std::string_view text, const OptionalString& indent
 
 void CppFormatter::writeOpenBrace(const Cpp::InteriorNode& node, const BodyStyle& style) {
     copyThrough(node.start());
+    if (isInRegion(node.start())) return;
     const Cpp::SyntaxNode& first = *node.child(0);
     const Edge edge(*this, style.indent);
     if (!style.wsAfterOpen.set) {

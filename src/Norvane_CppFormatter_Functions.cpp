@@ -148,7 +148,7 @@ void CppFormatter::writeAlignedReturn(FnHead& fn, std::string_view text) {
 
 void CppFormatter::writeFnParams(const Cpp::FunctionHeadNode& head) {
     const std::string_view gap = readUpTo(head.params()->start());
-    if (!options_.wsAfterFnName.set) {
+    if (!options_.wsAfterFnName.set || gapIsInRegion_) {
         writeSource(gap);
     } else if (isBlank(gap)) {
         writeAtBase(splitGapEnd(gap, options_.wsAfterFnName.value).value, base());

@@ -164,6 +164,7 @@ CppFormatter::GapEnd CppFormatter::splitGapEnd(std::string_view gap, std::string
 }
 
 void CppFormatter::writeGapEnd(std::string_view gap, std::string_view value, const Base& base) {
+    if (gapIsInRegion_) return writeSource(gap);
     const GapEnd end = splitGapEnd(gap, value);
     writeSource(end.kept);
     writeAtBase(end.value, base);

@@ -17,10 +17,6 @@ std::string trimmed(const std::string& text) {
 
 } // namespace
 
-void CppPreFormatter::visitChildren(Cpp::InteriorNode& node) {
-    for (auto child = node.childBegin(); child != node.childEnd(); ++child) (*child)->accept(*this);
-}
-
 void CppPreFormatter::visit(Cpp::RootNode& node) {
     regionFirst_ = nullptr;
     pendingEnd_.clear();
@@ -61,63 +57,5 @@ void CppPreFormatter::closeRegion(Cpp::CommentNode& comment) {
     pendingEnd_.clear();
     regionFirst_ = nullptr;
 }
-
-void CppPreFormatter::visit(Cpp::FunctionPtrDeclNode& node) {
-    if (node.params()) visit(*node.params());
-}
-
-void CppPreFormatter::visit(Cpp::LinkageBlockNode& node) {
-    if (node.body()) visit(*node.body());
-}
-
-void CppPreFormatter::visit(Cpp::EnumDeclNode& node) {
-    if (node.body()) visit(*node.body());
-}
-
-void CppPreFormatter::visit(Cpp::TemplateNode& node) {
-    if (node.params()) visit(*node.params());
-}
-
-void CppPreFormatter::visit(Cpp::CtrlSubStmtNode& node) {
-    if (node.block()) visit(*node.block());
-}
-
-void CppPreFormatter::visit(Cpp::FunctionHeadNode& node) {
-    if (node.params()) visit(*node.params());
-}
-
-void CppPreFormatter::visit(Cpp::FunctionDeclNode& node) {
-    if (node.head()) visit(*node.head());
-    if (node.block()) visit(*node.block());
-}
-
-void CppPreFormatter::visit(Cpp::CtorDeclNode& node) {
-    if (node.initializers()) visit(*node.initializers());
-    if (node.head()) visit(*node.head());
-    if (node.block()) visit(*node.block());
-}
-
-void CppPreFormatter::visit(Cpp::NamespaceDeclNode& node) {
-    if (node.body()) visit(*node.body());
-}
-
-void CppPreFormatter::visit(Cpp::ClassHeadNode& node) {
-    if (node.bases()) visit(*node.bases());
-}
-
-void CppPreFormatter::visit(Cpp::ClassDeclNode& node) {
-    if (node.head()) visit(*node.head());
-    if (node.body()) visit(*node.body());
-}
-
-void CppPreFormatter::visit(Cpp::LinkageBlockBodyNode& node) { visitChildren(node); }
-void CppPreFormatter::visit(Cpp::EnumBodyNode& node) { visitChildren(node); }
-void CppPreFormatter::visit(Cpp::CtrlStmtNode& node) { visitChildren(node); }
-void CppPreFormatter::visit(Cpp::InitializerListNode& node) { visitChildren(node); }
-void CppPreFormatter::visit(Cpp::ParameterListNode& node) { visitChildren(node); }
-void CppPreFormatter::visit(Cpp::BlockNode& node) { visitChildren(node); }
-void CppPreFormatter::visit(Cpp::NamespaceBodyNode& node) { visitChildren(node); }
-void CppPreFormatter::visit(Cpp::ClassBodyNode& node) { visitChildren(node); }
-void CppPreFormatter::visit(Cpp::BaseClauseListNode& node) { visitChildren(node); }
 
 } // namespace Norvane

@@ -1,16 +1,12 @@
 #ifndef KERFLINE_NORVANE_CPPPREFORMATTER_H
 #define KERFLINE_NORVANE_CPPPREFORMATTER_H
 
-#include "cpp/Cpp_Emitter.h"
 #include "cpp/Cpp_NodeRangeRemover.h"
+#include "src/Norvane_CppCommentWalker.h"
 #include "src/Norvane_FormatMarkerTable.h"
 
 #include <string>
 #include <vector>
-
-namespace Cpp {
-class InteriorNode;
-}
 
 namespace Norvane {
 
@@ -25,36 +21,15 @@ namespace Norvane {
 /// comment is only text. A stretch that is not closed has no effect.
 ///
 /// One object may serve several trees, one after the other.
-class CppPreFormatter : public Cpp::Emitter {
+class CppPreFormatter : public CppCommentWalker {
 public:
     explicit CppPreFormatter(const FormatMarkerTable& markers) : markers_(markers) {}
 
-    void visit(Cpp::FunctionPtrDeclNode& node) override;
-    void visit(Cpp::LinkageBlockBodyNode& node) override;
-    void visit(Cpp::LinkageBlockNode& node) override;
-    void visit(Cpp::EnumBodyNode& node) override;
-    void visit(Cpp::EnumDeclNode& node) override;
+    using CppCommentWalker::visit;
     void visit(Cpp::CommentNode& node) override;
-    void visit(Cpp::TemplateNode& node) override;
-    void visit(Cpp::CtrlSubStmtNode& node) override;
-    void visit(Cpp::CtrlStmtNode& node) override;
-    void visit(Cpp::InitializerListNode& node) override;
-    void visit(Cpp::ParameterListNode& node) override;
-    void visit(Cpp::BlockNode& node) override;
-    void visit(Cpp::FunctionHeadNode& node) override;
-    void visit(Cpp::FunctionDeclNode& node) override;
-    void visit(Cpp::CtorDeclNode& node) override;
-    void visit(Cpp::NamespaceBodyNode& node) override;
-    void visit(Cpp::NamespaceDeclNode& node) override;
-    void visit(Cpp::ClassHeadNode& node) override;
-    void visit(Cpp::ClassDeclNode& node) override;
-    void visit(Cpp::ClassBodyNode& node) override;
-    void visit(Cpp::BaseClauseListNode& node) override;
     void visit(Cpp::RootNode& node) override;
-    using Cpp::Emitter::visit;
 
 private:
-    void visitChildren(Cpp::InteriorNode& node);
     void openRegion(Cpp::CommentNode& comment, const std::string& inner);
     void closeRegion(Cpp::CommentNode& comment);
 

@@ -33,14 +33,16 @@ std::string breach(const Cli::Engine& engine, const std::string& text, Demand de
     return *second.text == *first.text ? "" : "not settled" + difference(*first.text, *second.text);
 }
 
-std::string collect(const Scheme& scheme, const std::vector<Source>& sources, Demand demand, bool mayRefuse) {
+/// What `check` says of the first few sources that it finds fault with.
+template <class Check>
+std::string collect(const Scheme& scheme, const std::vector<Source>& sources, Check check) {
     const Cli::Engine engine(scheme.options);
     std::string found;
     int count = 0;
     for (const Source& source : sources) {
         std::string text = source.text;
         Zelmar::normaliseLineEnds(text);
-        const std::string what = breach(engine, text, demand, mayRefuse);
+        const std::string what = check(engine, text);
         if (what.empty()) continue;
         if (++count <= kShownBreaches) found += scheme.name + ", " + source.name + ": " + what + '\n';
     }
@@ -48,14 +50,36 @@ std::string collect(const Scheme& scheme, const std::vector<Source>& sources, De
     return found;
 }
 
+std::string stretch(const std::string& text, const std::string& opening, const std::string& closing) {
+    const std::size_t begin = text.find(opening);
+    const std::size_t end = text.find(closing, begin);
+    if (begin == std::string::npos || end == std::string::npos) return "none";
+    return text.substr(begin, end + closing.size() - begin);
+}
+
 } // namespace
 
 std::string breaches(const Scheme& scheme, const std::vector<Source>& sources, Demand demand) {
-    return collect(scheme, sources, demand, true);
+    return collect(scheme, sources, [demand](const Cli::Engine& engine, const std::string& text) {
+        return breach(engine, text, demand, true);
+    });
 }
 
 std::string breachesOrRefusals(const Scheme& scheme, const std::vector<Source>& sources, Demand demand) {
-    return collect(scheme, sources, demand, false);
+    return collect(scheme, sources, [demand](const Cli::Engine& engine, const std::string& text) {
+        return breach(engine, text, demand, false);
+    });
+}
+
+std::string changedStretches(const Scheme& scheme, const std::vector<Source>& sources, const std::string& opening,
+                             const std::string& closing) {
+    return collect(scheme, sources, [&](const Cli::Engine& engine, const std::string& text) -> std::string {
+        const Cli::Outcome outcome = engine.format(text);
+        if (!outcome.text) return "";
+        const std::string before = stretch(text, opening, closing);
+        const std::string after = stretch(*outcome.text, opening, closing);
+        return before == after ? "" : "changed" + difference(before, after);
+    });
 }
 
 } // namespace Property

@@ -25,6 +25,11 @@ std::string breaches(const Scheme& scheme, const std::vector<Source>& sources, D
 /// The same, and it is a breach if a source is refused.
 std::string breachesOrRefusals(const Scheme& scheme, const std::vector<Source>& sources, Demand demand);
 
+/// Lays every source out and describes the first few in which the text from `opening` through `closing`
+/// is not the one of the source. A refused source is left as it was.
+std::string changedStretches(const Scheme& scheme, const std::vector<Source>& sources, const std::string& opening,
+                             const std::string& closing);
+
 } // namespace Property
 
 #endif
