@@ -204,9 +204,9 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
           {"After the opening paren", "White space after the \"(\" of a parameter list"}),
     withDefault("one blank",
                 space("WS_AFTER_PARAM_TYPE_ID", Family::Functions,
-                      {"After the type of a parameter",
-                       "White space between the type and the name of a parameter, where a \"*\" or \"&\" "
-                       "stands between them"})),
+                      {"Beside the mark of a parameter",
+                       "White space between a \"*\" or \"&\" of a parameter and what is not its anchor; acts where "
+                       "WS_BETWEEN_ASTERISK_ANCHOR or WS_BETWEEN_AMPERSAND_ANCHOR is set"})),
     space("WS_BEFORE_FN_CLOSE_BRACE", Family::Functions,
           {"Before the closing brace", "White space before the \"}\" of a function body"}),
     space("WS_BEFORE_FN_CLOSE_PAREN", Family::Functions,
@@ -302,9 +302,13 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
            "White space on both sides of an operator with two operands, and between a cast and its operand"}),
 
     number("AMPERSAND_ANCHOR", Family::PointersAndReferences, "-1", kAnchor,
-           {"Where the \"&\" stands", "Whether the \"&\" of a reference stands at the type or at the name"}),
+           {"Where the \"&\" stands",
+            "Whether the \"&\" of a reference stands at the type or at the name; one that touches neither or both "
+            "moves only if WS_BETWEEN_AMPERSAND_ANCHOR is set"}),
     number("ASTERISK_ANCHOR", Family::PointersAndReferences, "-1", kAnchor,
-           {"Where the \"*\" stands", "Whether the \"*\" of a pointer stands at the type or at the name"}),
+           {"Where the \"*\" stands",
+            "Whether the \"*\" of a pointer stands at the type or at the name; one that touches neither or both "
+            "moves only if WS_BETWEEN_ASTERISK_ANCHOR is set"}),
     flag("HANGING_AMPERSAND", Family::PointersAndReferences,
          {"\"&\" hangs left of aligned names",
           "Where names are lined up, an \"&\" anchored at the name stands left of their column"}),
