@@ -30,8 +30,12 @@ constexpr PageOption apart(PageOption option) {
     return option;
 }
 
-constexpr PageOption beforeOpenBrace(std::string_view name) { return space(name, "GLOBAL_WS_BEFORE_OPEN_BRACE"); }
-constexpr PageOption afterOpenBrace(std::string_view name) { return space(name, "GLOBAL_WS_AFTER_OPEN_BRACE"); }
+constexpr PageOption beforeOpenBrace(std::string_view name) {
+    return space(name, "GLOBAL_WS_BEFORE_OPEN_BRACE");
+}
+constexpr PageOption afterOpenBrace(std::string_view name) {
+    return space(name, "GLOBAL_WS_AFTER_OPEN_BRACE");
+}
 constexpr PageOption beforeCloseBrace(std::string_view name) {
     return space(name, "GLOBAL_WS_BEFORE_CLOSE_BRACE");
 }
@@ -194,8 +198,8 @@ constexpr auto kPages = std::to_array<PageInfo>({
      "ENUMS_DO_NOT_FORMAT", 0x30000000, true, kEnums},
     {PageId::Namespaces, "NamespacesPage", "Namespaces", "NamespacesPreview", "Namespaces.htm",
      "NS_USE_GLOBAL_SETTINGS", "NAMESPACES_DO_NOT_FORMAT", 0x40000000, true, kNamespaces},
-    {PageId::Functions, "FunctionsPage", "Functions", "FunctionsPreview", "Functions.htm", "FN_USE_GLOBAL_SETTINGS",
-     "FN_DO_NOT_FORMAT", 0x50000000, true, kFunctions},
+    {PageId::Functions, "FunctionsPage", "Functions", "FunctionsPreview", "Functions.htm",
+     "FN_USE_GLOBAL_SETTINGS", "FN_DO_NOT_FORMAT", 0x50000000, true, kFunctions},
     {PageId::ControlStatements, "ControlStatementsPage", "Control Statements", "ControlStatementsPreview",
      "ControlStatements.htm", "CONTROL_STATEMENTS_USE_GLOBAL_SETTINGS", "CONTROL_STATEMENTS_DO_NOT_FORMAT",
      0x60000000, true, kControlStatements},
@@ -236,7 +240,8 @@ const PageInfo& pageInfo(PageId id) { return kPages[static_cast<std::size_t>(id)
 
 OptionHome homeOf(std::string_view option) {
     for (const PageInfo& page : kPages) {
-        if (page.doNotFormatKey == option) return {&page, nullptr};
+        const bool isSwitch = page.doNotFormatKey == option || page.useGlobalSettingsKey == option;
+        if (isSwitch && !option.empty()) return {&page, nullptr};
         for (const PageOption& candidate : page.options) {
             if (candidate.name == option) return {&page, &candidate};
         }

@@ -76,7 +76,7 @@ const PageInfo& pageInfo(PageId id);
 /// The place of an option on the pages.
 struct OptionHome {
     const PageInfo* page = nullptr;
-    /// Null for an option that is the do-not-format box of the page.
+    /// Null for one of the two switches of the page itself.
     const PageOption* option = nullptr;
 };
 

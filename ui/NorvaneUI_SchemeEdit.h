@@ -1,0 +1,69 @@
+#ifndef KERFLINE_NORVANEUI_SCHEMEEDIT_H
+#define KERFLINE_NORVANEUI_SCHEMEEDIT_H
+
+#include "src/Norvane_PropertySet.h"
+#include "ui/NorvaneUI_OptionValue.h"
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace NorvaneUI {
+
+/// A scheme that is being edited: as it was, as it is, and the steps in between for undo and redo.
+class SchemeEdit {
+public:
+    /// Values of options that a box took out of the scheme.
+    using Shelf = std::map<std::string, OptionValue, std::less<>>;
+
+    explicit SchemeEdit(Norvane::PropertySet scheme);
+
+    const Norvane::PropertySet& scheme() const { return scheme_; }
+    /// The scheme as it was when the edit began, or when it was saved last.
+    const Norvane::PropertySet& original() const { return original_; }
+    /// False again for one whose changes were taken back one by one.
+    bool isModified() const;
+
+    /// One step. `option` tells what it was about. Steps that follow each other as `typing` in the
+    /// same option count as one, so that undo does not go letter by letter.
+    void change(Norvane::PropertySet scheme, std::string_view option, bool typing = false);
+    /// The user has left the field.
+    void endTyping() { typing_ = false; }
+
+    bool canUndo() const { return !undo_.empty(); }
+    bool canRedo() const { return !redo_.empty(); }
+    /// Each returns what the step was about; empty if there is none to take.
+    std::string undo();
+    std::string redo();
+
+    /// Takes all changes back, and forgets the steps.
+    void revert();
+    /// What is in memory is now what is saved. Steps before can still be taken back.
+    void markSaved() { original_ = scheme_; }
+    /// Starts again from another content, with no steps.
+    void restart(Norvane::PropertySet scheme);
+    void rename(const std::string& name);
+
+    /// What the box of a page has taken out, by the key of the box.
+    Shelf& shelf(const std::string& box) { return shelves_[box]; }
+
+private:
+    struct Step {
+        Norvane::PropertySet scheme;
+        std::string option;
+    };
+
+    std::string take(std::vector<Step>& from, std::vector<Step>& to);
+
+    Norvane::PropertySet original_;
+    Norvane::PropertySet scheme_;
+    std::vector<Step> undo_;
+    std::vector<Step> redo_;
+    bool typing_ = false;
+    std::map<std::string, Shelf> shelves_;
+};
+
+} // namespace NorvaneUI
+
+#endif
