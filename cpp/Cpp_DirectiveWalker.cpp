@@ -30,7 +30,7 @@ bool DirectiveWalker::nextComment() {
             if (!passLineFeed()) return false;
             break;
         case '/':
-            if (startsWith(text_, at_, "//")) return false;
+            if (opensLineComment()) return false;
             if (opensComment()) return passComment();
             ++at_;
             break;
@@ -38,6 +38,10 @@ bool DirectiveWalker::nextComment() {
         }
     }
     return false;
+}
+
+bool DirectiveWalker::opensLineComment() const {
+    return (at_ >= quotedUntil_ || !slashesInStrings_) && startsWith(text_, at_, "//");
 }
 
 bool DirectiveWalker::opensComment() const {

@@ -10,12 +10,14 @@ namespace Cpp {
 ///
 /// A directive ends behind the line feed of its last line, where a backslash at the end of a line
 /// goes on; in front of a line comment; and in front of a block comment that spans lines. A "/*"
-/// inside a string that is closed is text: file patterns hold it.
+/// inside a string that is closed is text: file patterns hold it. So is a "//", as addresses hold
+/// it, if `slashesInStrings` says so.
 class DirectiveWalker {
 public:
     /// `begin` is the "#", or where the directive goes on behind a comment that has ended it.
-    DirectiveWalker(std::string_view text, std::size_t begin)
-        : text_(text), at_(begin), lineBegin_(begin), quotedUntil_(begin), unquotedUntil_(begin) {}
+    DirectiveWalker(std::string_view text, std::size_t begin, bool slashesInStrings)
+        : text_(text), slashesInStrings_(slashesInStrings), at_(begin), lineBegin_(begin), quotedUntil_(begin),
+          unquotedUntil_(begin) {}
 
     /// Goes on to the next comment inside the directive and stops behind it. Returns false at the
     /// end of the directive.
@@ -26,6 +28,7 @@ public:
     bool stoppedAtComment() const { return stoppedAtComment_; }
 
 private:
+    bool opensLineComment() const;
     bool opensComment() const;
     bool passLineFeed();
     bool passComment();
@@ -33,6 +36,7 @@ private:
     void passOpeningQuote();
 
     std::string_view text_;
+    bool slashesInStrings_;
     std::size_t at_;
     // Where to look for a backslash from: the start of the line, or the comment before.
     std::size_t lineBegin_;

@@ -35,7 +35,7 @@ std::ostream& Lexer::print(std::ostream& out) const {
 const Zelmar::SourceText& Lexer::source() {
     if (!source_) {
         source_.emplace(Zelmar::readAll(*stream_));
-        scanner_.emplace(source_->text());
+        scanner_.emplace(source_->text(), Scanner::LineComments::byLine);
     }
     return *source_;
 }

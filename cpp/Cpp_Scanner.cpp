@@ -112,8 +112,8 @@ std::string withoutSpace(std::string_view name) {
 std::string directiveSpelling(std::string_view text, const RawToken& token) {
     std::string result;
     std::size_t copied = token.begin;
-    DirectiveWalker walker(text, token.begin);
-    while (walker.nextComment()) {
+    DirectiveWalker walker(text, token.begin, true);
+    while (walker.nextComment() && walker.offset() <= token.end) {
         result.append(text.substr(copied, walker.offset() - copied)).push_back('/');
         copied = walker.offset();
     }
@@ -217,7 +217,17 @@ bool Scanner::scanPunctuator(RawToken& token) {
 
 bool Scanner::scanComment(RawToken& token) {
     if (peek(1) == '*') return finishOverLines(token, tkBlockComment, findCommentEnd(text_, at_));
-    return finishOverLines(token, tkLineComment, std::min(findLineFeed(text_, at_) + 1, text_.size()));
+    return finishOverLines(token, tkLineComment, findLineCommentEnd());
+}
+
+std::size_t Scanner::findLineCommentEnd() const {
+    std::size_t lineBegin = at_;
+    while (true) {
+        const std::size_t feed = findLineFeed(text_, lineBegin);
+        if (feed >= text_.size()) return text_.size();
+        if (lineComments_ == LineComments::byLine || !isContinued(text_, lineBegin, feed)) return feed + 1;
+        lineBegin = feed + 1;
+    }
 }
 
 bool Scanner::scanLiteral(RawToken& token) {
@@ -281,7 +291,7 @@ bool Scanner::scanCharacter(RawToken& token) {
 }
 
 bool Scanner::scanDirective(RawToken& token) {
-    DirectiveWalker walker(text_, at_);
+    DirectiveWalker walker(text_, at_, lineComments_ == LineComments::continued);
     bool hasComment = false;
     while (walker.nextComment()) hasComment = true;
     inDirectiveTail_ = walker.stoppedAtComment();

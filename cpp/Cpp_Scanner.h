@@ -42,13 +42,20 @@ struct RawToken {
 /// its last line still belongs to the directive, so it is one more tkDirective. A raw string comes
 /// as its prefix, an identifier, and one string literal through the closing delimiter.
 ///
+/// A backslash at the end of a line comment takes the next line in, as a compiler does: code that were
+/// laid out there would come to life. With LineComments::byLine a line comment ends with its line
+/// whatever it ends in, and a "//" inside a string of a directive starts one, too.
+///
 /// Skipped without a token: bytes that start none, a number that runs into a letter ("12ab" gives
 /// "ab") and a string that its line does not close.
 ///
 /// The text must outlive the scanner; its lines end in line feeds. Costs nothing to construct.
 class Scanner {
 public:
-    explicit Scanner(std::string_view text) : text_(text) {}
+    enum class LineComments { continued, byLine };
+
+    explicit Scanner(std::string_view text, LineComments lineComments = LineComments::continued)
+        : text_(text), lineComments_(lineComments) {}
 
     /// Reads the next token into `token`. Returns false at the end of the text.
     bool next(RawToken& token);
@@ -68,6 +75,7 @@ private:
     bool scanNumber(RawToken& token);
     bool scanPunctuator(RawToken& token);
     bool scanComment(RawToken& token);
+    std::size_t findLineCommentEnd() const;
     bool scanLiteral(RawToken& token);
     bool scanString(RawToken& token);
     bool scanRawString(RawToken& token);
@@ -79,6 +87,7 @@ private:
     bool finishOverLines(RawToken& token, int type, std::size_t end);
 
     std::string_view text_;
+    LineComments lineComments_;
     std::uint32_t at_ = 0;
     std::uint32_t line_ = 1;
     // The second of two tokens that one scan has found.

@@ -88,6 +88,15 @@ TEST(Lexer, InvalidTextHasNoValue) {
     EXPECT_EQ(token, Token(Cpp::tkInvalid, Position{1, 1}, Position{1, 1}, "''"));
 }
 
+TEST(Lexer, ALineCommentEndsWithItsLineWhateverItEndsIn) {
+    const std::vector<Token> tokens = tokensOf("// c:\\\nx\n#define A \"http://x\"\n");
+    ASSERT_EQ(tokens.size(), 4u);
+    EXPECT_EQ(tokens[0].text(), "// c:\\\n");
+    EXPECT_EQ(tokens[1].text(), "x");
+    EXPECT_EQ(tokens[2].text(), "#define A \"http:");
+    EXPECT_EQ(tokens[3].text(), "//x\"\n");
+}
+
 TEST(Lexer, LineEndsOfAllKindsAreLineFeeds) {
     const std::vector<Token> tokens = tokensOf("// a\r\n// b\rc");
     ASSERT_EQ(tokens.size(), 3u);

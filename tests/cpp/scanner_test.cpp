@@ -126,7 +126,9 @@ INSTANTIATE_TEST_SUITE_P(Literals, Scan, testing::ValuesIn(kLiterals), rowName);
 
 const ScanCase kComments[] = {
     {"LineCommentHoldsItsLineFeed", "a// b\nc", "<identifier>[a] <line comment>[// b\n] <identifier>[c]"},
-    {"BackslashDoesNotContinueALineComment", "// c:\\\nx", "<line comment>[// c:\\\n] <identifier>[x]"},
+    {"BackslashContinuesALineComment", "// c:\\\nif (x) \\ \n y;\nz",
+     "<line comment>[// c:\\\nif (x) \\ \n y;\n] <identifier>[z]"},
+    {"BackslashContinuesALineCommentToTheEnd", "// c:\\\n", "<line comment>[// c:\\\n]"},
     {"BlockComment", "/* a\n * b **/c", "<block comment>[/* a\n * b **/] <identifier>[c]"},
     {"SlashStarSlashIsOpen", "/*/ x */ y", "<block comment>[/*/ x */] <identifier>[y]"},
     {"ShortestBlockComment", "/**/x", "<block comment>[/**/] <identifier>[x]"},
@@ -142,6 +144,10 @@ const ScanCase kDirectives[] = {
      "<directive>[#define A \\\n 1 \\ \t\n 2\n] <identifier>[x]"},
     {"EndsInFrontOfALineComment", "#define A // x\ny",
      "<directive>[#define A ] <line comment>[// x\n] <identifier>[y]"},
+    {"SlashesInAString", "#define A \"http://x\" \\\n \"//\"\ny",
+     "<directive>[#define A \"http://x\" \\\n \"//\"\n] <identifier>[y]"},
+    {"SlashesBehindAnOpenQuote", "#error don't \"x // y\nz",
+     "<directive>[#error don't \"x ] <line comment>[// y\n] <identifier>[z]"},
     {"CommentInsideIsSpelledWithOneMoreSlash", "#define A /* x */ 1\n",
      "<directive>[#define A /* x *// 1\n]"},
     {"BackslashBehindACommentContinues", "#define A /* x */ \\\n 1\ny",
@@ -163,8 +169,6 @@ const ScanCase kDirectives[] = {
      "<directive>[#define Q '\"' ] <block comment>[/* \"\n */] <directive>[x]"},
     {"StringThatIsNotClosedOpensNothing", "#error \" /* a\n */\nx",
      "<directive>[#error \" ] <block comment>[/* a\n */] <identifier>[x]"},
-    {"SlashesInAStringEndIt", "#define U \"http://a\"\nx",
-     "<directive>[#define U \"http:] <line comment>[//a\"\n] <identifier>[x]"},
     {"Apostrophe", "#error don't\nx", "<directive>[#error don't\n] <identifier>[x]"},
     {"AtTheEndOfTheText", "#endif", "<directive>[#endif]"},
 };
