@@ -1,11 +1,44 @@
 #include "cli/Cli_Completion.h"
 
 #include "cli/Cli_Commands.h"
+#include "cli/Cli_NearestName.h"
+
+#include <algorithm>
+#include <array>
 
 namespace Cli {
 
-ExitStatus runCompletionCommand(const std::vector<std::string>&, const Streams& streams) {
-    return failUsage("this version has no completion scripts", streams);
+namespace {
+
+struct Shell {
+    std::string_view name;
+    std::string (*script)();
+};
+
+constexpr auto kShells = std::to_array<Shell>({
+    {"bash", bashCompletion},
+    {"zsh", zshCompletion},
+    {"fish", fishCompletion},
+});
+
+ExitStatus failUnknownShell(const std::string& name, const Streams& streams) {
+    std::vector<std::string_view> names;
+    for (const Shell& shell : kShells) names.push_back(shell.name);
+    return failUsage("no completion for \"" + name + "\"; there are bash, zsh and fish" + nearestNameHint(name, names),
+                     streams);
+}
+
+} // namespace
+
+ExitStatus runCompletionCommand(const std::vector<std::string>& arguments, const Streams& streams) {
+    if (arguments.size() != 1) {
+        return failUsage("name one shell: kerfline completion bash, zsh or fish", streams);
+    }
+    const auto shell = std::find_if(kShells.begin(), kShells.end(),
+                                    [&](const Shell& row) { return row.name == arguments.front(); });
+    if (shell == kShells.end()) return failUnknownShell(arguments.front(), streams);
+    streams.out << shell->script();
+    return ExitStatus::done;
 }
 
 } // namespace Cli

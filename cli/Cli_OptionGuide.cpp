@@ -1,11 +1,54 @@
 #include "cli/Cli_OptionGuide.h"
 
+#include "cli/Cli_Commands.h"
+#include "cli/Cli_NearestName.h"
 #include "cli/Cli_OptionList.h"
+#include "help/Help_OptionEntry.h"
+#include "help/Help_PlainText.h"
+#include "help/Help_Topic.h"
 
 namespace Cli {
 
-ExitStatus runOptionsCommand(const std::vector<std::string>&, const Streams& streams) {
-    listSchemeOptions(streams.out);
+namespace {
+
+ExitStatus failUnknownOption(const std::string& name, const Streams& streams) {
+    std::vector<std::string_view> names;
+    for (const auto table : {Norvane::propertyCatalogue(), Norvane::pageKeyCatalogue()}) {
+        for (const Norvane::PropertyInfo& option : table) names.push_back(option.name);
+    }
+    const std::string hint = nearestNameHint(name, names);
+    return failUsage("unknown option \"" + name + '"' + (hint.empty() ? "; kerfline options lists all" : hint), streams);
+}
+
+} // namespace
+
+std::string optionGuide(const Norvane::PropertyInfo& option) {
+    Help::Document document;
+    Help::appendOption(document, option);
+    std::string text = Help::plainText(document);
+    if (const Help::Topic* topic = Help::topicOf(option.name)) {
+        const std::string_view name = topic->file.substr(0, topic->file.find('.'));
+        text.append("\n\"kerfline help ").append(name).append("\" tells of all options like it.\n");
+    }
+    return text;
+}
+
+ExitStatus runOptionsCommand(const std::vector<std::string>& arguments, const Streams& streams) {
+    std::vector<const Norvane::PropertyInfo*> options;
+    for (const std::string& name : arguments) {
+        if (name.starts_with('-')) {
+            return failUsage("\"kerfline options\" takes names of options, and no \"" + name + "\"", streams);
+        }
+        options.push_back(Norvane::findProperty(name));
+        if (!options.back()) return failUnknownOption(name, streams);
+    }
+    if (options.empty()) {
+        listSchemeOptions(streams.out);
+        streams.out << "\n\"kerfline options NAME\" tells more of one, with examples.\n";
+    }
+    for (const Norvane::PropertyInfo* option : options) {
+        streams.out << (option == options.front() ? "" : "\n") << optionGuide(*option);
+    }
     return ExitStatus::done;
 }
 

@@ -7,9 +7,18 @@
 #include <string>
 #include <vector>
 
+namespace Norvane {
+struct PropertyInfo;
+}
+
 namespace Cli {
 
+/// Without an argument, a list of all options of schemes. With names, everything about each of them,
+/// with examples that are laid out as they are shown.
 ExitStatus runOptionsCommand(const std::vector<std::string>& arguments, const Streams& streams);
+
+/// Everything about one option, as text.
+std::string optionGuide(const Norvane::PropertyInfo& option);
 
 } // namespace Cli
 

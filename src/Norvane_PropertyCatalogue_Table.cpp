@@ -367,9 +367,11 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
 });
 
 constexpr Words kUsesGlobals = {"Use the global settings",
-                                "The page copies its braces, parens and commas from the global settings"};
+                                "No effect by itself: remembers that the page in the options window copies from the "
+                                "global settings"};
 constexpr Words kLeavesAlone = {"Do not format",
-                                "The page holds no options: what it is about stays as it is"};
+                                "No effect by itself: remembers that the page in the options window keeps its options "
+                                "out of the scheme"};
 
 constexpr PropertyInfo pageKey(std::string_view name, Words words) {
     return idle(flag(name, Family::PageKeys, words));
