@@ -235,6 +235,9 @@ private:
 
     // Data.
     bool alignsDataNames() const;
+    bool isFurtherPointer(const Cpp::DataDeclNode& node) const;
+    bool followsCommaOnLine(const Cpp::DataDeclNode& node) const;
+    void writeFurtherPointer(const Cpp::DataDeclNode& node, DataLine& line);
     void writePlainName(const Cpp::DataDeclNode& node, DataLine& line);
     void writeDataType(std::string_view text, const DataLine& line);
     void writeAlignedName(const Cpp::DataDeclNode& node, DataLine& line);
@@ -243,7 +246,7 @@ private:
     void writeNameText(std::string_view text, char initStart, const DataLine& line);
     void fixBrackets(std::string& text) const;
     void padInitializer(const Cpp::DataDeclNode& node, const DataLine& line);
-    void writeCallForm(std::string_view text);
+    std::string formatBehind(char lead, std::string_view text);
 
     // Enumerations.
     bool onSeparateLines(const Cpp::EnumBodyNode& node) const;
@@ -257,6 +260,7 @@ private:
     Base beginBlock(const Cpp::BlockNode& node);
     void writeBlockOnNewLine(const Cpp::BlockNode& node);
     Base lineBase();
+    bool isFunctionTry(const Cpp::CtrlStmtNode& node) const;
     void joinElseIf(const Position& start);
     const OptionalString& separatorOf(const Cpp::CtrlStmtNode& node) const;
     void writeCtrlBody(Cpp::BlockNode& body, const Cpp::CtrlSubStmtHeadNode* head);

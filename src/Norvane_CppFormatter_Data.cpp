@@ -43,13 +43,40 @@ void CppFormatter::visit(Cpp::DataDeclNode& node) {
     DataLine line{alignsDataNames() && !ofClass && !options_.dataDoNotFormat, base()};
     // A template head in front has found its declaration, which needs no column of it.
     takeTemplateBase(node.start(), line.column);
-    if (line.aligned && node.name() != nullptr) {
+    // Only the first name of a line is put in a column.
+    if (isFurtherPointer(node) && (!line.aligned || followsCommaOnLine(node))) {
+        writeFurtherPointer(node, line);
+    } else if (line.aligned && node.name() != nullptr) {
         writeAlignedName(node, line);
     } else {
         writePlainName(node, line);
     }
     if (node.init() != nullptr) writeInitializer(node, line);
     exprFormatter_.formatDeclarationTo(readThrough(node.end()), output_, options_.wsAfterDdTypeId);
+}
+
+// One more declarator, whose marks look like a type of its own.
+bool CppFormatter::isFurtherPointer(const Cpp::DataDeclNode& node) const {
+    if (node.type() == nullptr || node.name() == nullptr || options_.dataDoNotFormat) return false;
+    const char first = sourceChar(node.type()->start());
+    return first == '*' || first == '&';
+}
+
+bool CppFormatter::followsCommaOnLine(const Cpp::DataDeclNode& node) const {
+    const std::size_t begin = input_.offset();
+    const std::string_view gap = input_.peekUpTo(node.start());
+    return begin > 0 && sourceText()[begin - 1] == ',' && isBlank(gap) && !hasLineFeed(gap);
+}
+
+// Marks behind a comma are placed as those behind a type.
+void CppFormatter::writeFurtherPointer(const Cpp::DataDeclNode& node, DataLine& line) {
+    const bool sameLine = followsCommaOnLine(node);
+    if (!sameLine) copyUpTo(node.type()->start());
+    line.column = baseHere();
+    std::string marks = formatBehind(',', readUpTo(node.name()->start()));
+    if (!sameLine) trimLeft(marks);
+    output_.writeExact(marks);
+    line.nameColumn = output_.column();
 }
 
 void CppFormatter::writePlainName(const Cpp::DataDeclNode& node, DataLine& line) {
@@ -131,7 +158,8 @@ void CppFormatter::writeInitializer(const Cpp::DataDeclNode& node, const DataLin
     const std::string_view text = readThrough(init.end());
     const BaseScope scope(*this, line.column);
     const Edge edge(*this, options_.dataDoNotFormat ? noWs() : options_.indentDdContent);
-    if (first == '(') return writeCallForm(text);
+    // A name of one letter makes a call of it.
+    if (first == '(') return output_.writeRaw(formatBehind('f', text));
     exprFormatter_.formatDeclarationTo(text, output_, options_.wsAfterDdTypeId);
 }
 
@@ -194,14 +222,14 @@ void CppFormatter::padInitializer(const Cpp::DataDeclNode& node, const DataLine&
     padColumns(count);
 }
 
-// Laid out as the call of a function with a name of one letter would be, in front of which the
-// column lies, so that the columns of its lines do not shift. Only the letter goes again.
-void CppFormatter::writeCallForm(std::string_view text) {
+// Laid out with a character in front that says how to read the text, in a column that is one less,
+// so that the columns of its lines do not shift. The character goes again.
+std::string CppFormatter::formatBehind(char lead, std::string_view text) {
     Zelmar::IndentStreamState state = output_.state();
     if (state.column > 0) --state.column;
-    std::string call = exprFormatter_.formatDeclaration("f" + std::string(text), state, options_.wsAfterDdTypeId);
-    call.erase(call.size() - trimmedLeft(call).size(), 1);
-    output_.writeRaw(call);
+    std::string written = exprFormatter_.formatDeclaration(lead + std::string(text), state, options_.wsAfterDdTypeId);
+    written.erase(written.size() - trimmedLeft(written).size(), 1);
+    return written;
 }
 
 } // namespace Norvane

@@ -107,6 +107,7 @@ void CppFormatter::visit(Cpp::CtrlStmtNode& node) {
         joinElseIf(node.start());
     } else {
         column = beginAt(node.start());
+        if (isFunctionTry(node)) column = lineBase();
     }
     const BaseScope scope(*this, column);
     const OptionalString& separator = separatorOf(node);
@@ -119,6 +120,13 @@ void CppFormatter::visit(Cpp::CtrlStmtNode& node) {
         (*it)->accept(*this);
         previousNoted = noted;
     }
+}
+
+// A "try" behind the parameters of a function is the start of its body.
+bool CppFormatter::isFunctionTry(const Cpp::CtrlStmtNode& node) const {
+    const auto* part = dynamic_cast<const Cpp::CtrlSubStmtNode*>(node.child(0));
+    if (part == nullptr || keywordOf(part->head()) != Cpp::tkTry || startsLine(node.start())) return false;
+    return trimmedRight(sourceText().substr(0, source_.offsetOf(node.start()))).ends_with(')');
 }
 
 // The "if" of an "else if" stands behind its "else". A comment between them keeps its distance.

@@ -71,7 +71,9 @@ void ExprWalk::anchorPointer(const PointerStyle& style, std::size_t first, std::
         narrow = style.ws.value;
         if (separator) wide = separator->value;
     }
-    decide(first, atType ? narrow : wide);
+    // A declarator on a line of its own stays there: that gap stands between two names.
+    const bool startsLine = tokens_.kind(first - 1) == Cpp::tkComma && hasLineFeed(before);
+    if (!startsLine) decide(first, atType ? narrow : wide);
     for (std::size_t i = first + 1; i <= last; ++i) decide(i, std::string_view());
     decide(last + 1, atType ? wide : narrow);
 }
