@@ -42,6 +42,23 @@ std::optional<Trn::Message> faultOf(const std::string& text) {
     return std::nullopt;
 }
 
+/// Learns from the reports of progress how far a run came.
+class StageWatcher : public Norvane::UpdateFunctor {
+public:
+    explicit StageWatcher(Norvane::UpdateFunctor& next) : next_(next) {}
+
+    bool operator()(const std::string& step) override {
+        ++stages_;
+        return next_(step);
+    }
+    /// The source has been parsed without a fault.
+    bool sourceParsed() const { return stages_ > 1; }
+
+private:
+    Norvane::UpdateFunctor& next_;
+    int stages_ = 0;
+};
+
 } // namespace
 
 FormatJob::FormatJob(const Workbench& bench, const std::string& shownName, std::string fullName,
@@ -93,25 +110,36 @@ bool FormatJob::format(const Norvane::PropertySet& scheme, const std::string& so
     std::ostringstream out;
     const Norvane::FormatOptions options(scheme, Norvane::defaultFormatMarkers());
     Norvane::UpdateFunctor silent;
-    Norvane::UpdateFunctor& update = dialog_ == nullptr ? silent : update_;
-    if (Norvane::FormatDriver().format(options, in, out, messages, update) != 0) return false;
-    result = std::move(out).str();
-    return true;
+    StageWatcher watcher(dialog_ == nullptr ? silent : update_);
+    if (Norvane::FormatDriver().format(options, in, out, messages, watcher) == 0) {
+        result = std::move(out).str();
+        return true;
+    }
+    // The laid out text is parsed once more before lines are wrapped.
+    if (watcher.sourceParsed() && !isCancelled()) {
+        for (Trn::Message& message : messages) message.text += Texts::kPlaceInResult;
+    }
+    return false;
 }
 
 FormatResult FormatJob::finish(const std::string& source, const std::string& result, const Store& store) {
     if (!tell(Texts::kWriting)) return FormatResult::cancelled;
     FormatResult outcome = FormatResult::unchanged;
     if (result != source) {
-        const std::string reason = bench_.gate ? bench_.gate(fullName_, source, result) : std::string();
-        if (!reason.empty()) {
-            messages_.send(Trn::kSeverityError, reason);
-            return FormatResult::refused;
-        }
+        if (isObjectedTo(source, result)) return FormatResult::refused;
         outcome = store(result);
     }
     tell(Texts::kCompleted);
     return outcome;
+}
+
+bool FormatJob::isObjectedTo(const std::string& source, const std::string& result) {
+    if (!bench_.gate) return false;
+    const auto objection = bench_.gate(fullName_, source, result);
+    if (objection) {
+        messages_.send(Trn::kSeverityError, objection->reason, Place{fullName_, objection->position});
+    }
+    return objection.has_value();
 }
 
 FormatResult FormatJob::refuse(const Trn::MessageList& messages) {

@@ -8,6 +8,7 @@
 #include "trn/Trn_Message.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -32,9 +33,15 @@ inline bool isDone(FormatResult result) {
     return result == FormatResult::formatted || result == FormatResult::unchanged;
 }
 
+/// What speaks against a result, and the place in the source that it is about.
+struct Objection {
+    std::string reason;
+    Trn::Position position;
+};
+
 /// Asked with the path, the source and the result, both in line feeds, before anything is written.
-/// Returns why the result must not be written; empty if it may be. No function: it always may.
-using Gate = std::function<std::string(const std::string&, const std::string&, const std::string&)>;
+/// With an objection the source stays. No function: nothing is ever objected to.
+using Gate = std::function<std::optional<Objection>(const std::string&, const std::string&, const std::string&)>;
 
 /// What every formatting works with. Nothing is owned, and all of it outlives the work. Texts can
 /// be formatted on several threads at once if each thread has a bench, and so a host, of its own.
@@ -81,6 +88,7 @@ private:
                 Trn::MessageList& messages);
     FormatResult finish(const std::string& source, const std::string& result, const Store& store);
     FormatResult refuse(const Trn::MessageList& messages);
+    bool isObjectedTo(const std::string& source, const std::string& result);
 
     const Workbench& bench_;
     Messages messages_;

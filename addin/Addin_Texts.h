@@ -46,6 +46,8 @@ inline constexpr std::string_view kUnknownDetail = "Unknown";
 inline constexpr std::string_view kFileEnding = " The file \"%s\" will not be formatted.";
 inline constexpr std::string_view kHoldsNul = "The text is no source: it holds a NUL character.";
 inline constexpr std::string_view kWideText = "The text is no source that can be read: it is in UTF-16.";
+/// Behind a diagnostic about the text that was laid out, and not about the source.
+inline constexpr std::string_view kPlaceInResult = " (line and column of the text before wrapping)";
 inline constexpr std::string_view kTooLarge = "The text is too large to be formatted.";
 
 // Documents only.

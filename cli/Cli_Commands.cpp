@@ -6,6 +6,9 @@
 #include "cli/Cli_OptionGuide.h"
 #include "cli/Cli_Options.h"
 #include "cli/Cli_Program.h"
+#include "cli/Cli_SchemesCommand.h"
+#include "cli/Cli_SettingsCommand.h"
+#include "cli/Cli_WhichCommand.h"
 
 #include <algorithm>
 #include <exception>
@@ -16,6 +19,9 @@ namespace Cli {
 namespace {
 
 constexpr Command kCommands[] = {
+    {"which", "[--scheme NAME] FILE...", "Tell which scheme a file is laid out by", runWhichCommand},
+    {"schemes", "[show NAME|copy NAME NEW|convert]", "List the schemes; show, copy or convert them", runSchemesCommand},
+    {"settings", "[get NAME|set NAME VALUE]", "Show or change your settings", runSettingsCommand},
     {"options", "[NAME]", "Tell of the options that a scheme can hold", runOptionsCommand},
     {"help", "[TOPIC]", "Show a page of the help", runHelpCommand},
     {"completion", "bash|zsh|fish", "Write the script that completes words in a shell", runCompletionCommand},

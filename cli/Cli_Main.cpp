@@ -1,7 +1,7 @@
 #include "cli/Cli_Commands.h"
+#include "cli/Cli_Interrupt.h"
 
 #include <algorithm>
-#include <iostream>
 #include <string>
 #include <vector>
 
@@ -25,8 +25,8 @@ void keepFreedMemory() {
 
 int main(int argc, char** argv) {
     keepFreedMemory();
-    std::ios::sync_with_stdio(false);
-    std::cin.tie(nullptr);
     const std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
-    return static_cast<int>(Cli::runCommandLine(arguments, {std::cin, std::cout, std::cerr}));
+    const Cli::ExitStatus status = Cli::runCommandLine(arguments, Cli::processStreams());
+    Cli::endIfInterrupted();
+    return static_cast<int>(status);
 }

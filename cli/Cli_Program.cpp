@@ -1,185 +1,163 @@
 #include "cli/Cli_Program.h"
 
+#include "addin/Addin_Texts.h"
+#include "cli/Cli_FileCollector.h"
+#include "cli/Cli_FileIo.h"
+#include "cli/Cli_IgnoreRules.h"
+#include "cli/Cli_Interrupt.h"
 #include "cli/Cli_OptionList.h"
-#include "cli/Cli_SchemeLoader.h"
-#include "cli/Cli_TokenCheck.h"
+#include "cli/Cli_OrderedWork.h"
+#include "cli/Cli_Paths.h"
+#include "cli/Cli_UserSettings.h"
+#include "schemes/NorvaneUI_Text.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <fstream>
 #include <new>
+#include <optional>
 #include <system_error>
+#include <utility>
 
 namespace Cli {
 
 namespace {
 
-constexpr const char* kStandardInput = "<stdin>";
-
-const char* severityWord(const Trn::Message& message) {
-    switch (message.severity) {
-    case Trn::kSeverityError: return "error";
-    case Trn::kSeverityWarning: return "warning";
-    default: return "note";
-    }
-}
-
-Place placeOf(const std::string& path, const Trn::Position& position) {
-    // A line feed counts as column 0 of the line behind it, and no place at all has no line.
-    return {path, std::max<std::uint32_t>(position.line, 1), std::max<std::uint32_t>(position.column, 1)};
-}
-
-void copyRest(std::istream& in, std::ostream& out) {
-    if (in.peek() != std::istream::traits_type::eof()) out << in.rdbuf();
+/// The absolute folder that the scheme of a source is looked for from.
+std::string folderForScheme(const WorkItem& item) {
+    if (item.isStandardInput && item.path == kStandardInput) return absolutePath(".");
+    return folderOf(absolutePath(item.path));
 }
 
 } // namespace
 
-Program::Program(const Options& options, const Norvane::PropertySet& scheme, const Streams& streams,
-                 Report& report)
-    : options_(options), engine_(scheme), streams_(streams), report_(report) {}
+Program::Program(const Options& options, const Streams& streams, Report& report)
+    : options_(options), streams_(streams), report_(report),
+      host_(streams, report, options.verbosity, options.assumesYes) {}
 
 void Program::run() {
-    for (const std::string& file : options_.files) processFile(file);
+    readSettings();
+    SchemeFinder finder(disk_, host_.schemeDirectory(), settings_.onFormat.name, report_);
+    SchemeShelf shelf(finder, options_.scheme, options_.edits, report_);
+    if (options_.dump == Dump::scheme) {
+        showScheme(shelf);
+        return;
+    }
+    IgnoreRules ignored(disk_, report_);
+    FileCollector collector(options_, settings_, disk_, ignored, streams_.in, report_);
+    std::vector<WorkItem> items = collector.collect();
+    if (!chooseSchemes(items, shelf) || !mayWrite(collector.folders())) return;
+    const bool isBatch = items.size() > 1 || !collector.folders().empty() || !options_.project.empty();
+    layOut(items, isBatch);
+}
+
+void Program::readSettings() {
+    settings_ = readUserSettings(disk_, host_);
+    // The threshold is for messages that come unasked; here, switches say what is shown.
+    settings_.messagesThreshold = static_cast<int>(Trn::kSeverityInformation);
+    if (options_.backup.wanted) settings_.createBackups = true;
+    if (!options_.backup.extension.empty()) settings_.backupExtension = options_.backup.extension;
+}
+
+void Program::showScheme(SchemeShelf& shelf) {
+    WorkItem item;
+    item.path = options_.files.empty() ? std::string("-") : options_.files.front();
+    item.isStandardInput = item.path == "-";
+    if (item.isStandardInput) item.path = options_.inputName.empty() ? std::string(kStandardInput) : options_.inputName;
+    const Norvane::PropertySet* scheme = shelf.schemeIn(folderForScheme(item));
+    if (scheme != nullptr) scheme->write(streams_.out);
     finishOutput();
 }
 
-void Program::processFile(const std::string& file) {
-    const std::string shownName = file == "-" ? kStandardInput : file;
-    try {
-        if (file == "-") {
-            processStream(shownName, streams_.in);
-        } else {
-            look(file);
-            std::ifstream in = openFile(file);
-            processStream(shownName, in);
-        }
-    } catch (const std::system_error& error) {
-        report_.error({shownName}, error.code().message(), ExitStatus::fileFailed);
-    } catch (const std::bad_alloc&) {
-        report_.error({shownName}, "not enough memory for this file", ExitStatus::fileFailed);
+bool Program::chooseSchemes(std::vector<WorkItem>& items, SchemeShelf& shelf) {
+    // Without a source, too, a wrong scheme is to be told.
+    bool isGood = !items.empty() || shelf.schemeIn(absolutePath(".")) != nullptr;
+    for (WorkItem& item : items) {
+        if (item.ignoredBy) continue;
+        item.scheme = shelf.schemeIn(folderForScheme(item));
+        isGood = isGood && item.scheme != nullptr;
+    }
+    return isGood;
+}
+
+bool Program::mayWrite(const std::vector<std::string>& folders) {
+    if (options_.destination != Destination::sameFile) return true;
+    const bool isAsked = !folders.empty() || !options_.project.empty();
+    if (isAsked && !options_.assumesYes && !streams_.terminals.in) {
+        report_.addGeneral("error", "without a terminal to ask on, writing to all files of a folder or project "
+                                    "needs -y");
+        report_.raise(ExitStatus::badUsageOrScheme);
+        return false;
+    }
+    const bool projectMay = options_.project.empty() || mayWriteTo(Addin::Texts::kAskProject, options_.project);
+    return projectMay && std::all_of(folders.begin(), folders.end(), [&](const std::string& folder) {
+               return mayWriteTo(Addin::Texts::kAskTree, folder);
+           });
+}
+
+bool Program::mayWriteTo(std::string_view question, const std::string& name) {
+    // Messages so far may be what the answer hangs on.
+    report_.flush(streams_.err);
+    return host_.ask(NorvaneUI::filled(question, {name}), Addin::Occasion::command) == Addin::Answer::yes;
+}
+
+void Program::layOut(const std::vector<WorkItem>& items, bool isBatch) {
+    const bool isAtTerminal = streams_.terminals.err && options_.verbosity != Verbosity::quiet;
+    const bool printsOnTerminal = options_.destination == Destination::standardOutput && streams_.terminals.out;
+    const bool onlyInput = items.size() == 1 && items.front().isStandardInput;
+    // Somebody who types the source is done with Control-C at once.
+    std::optional<InterruptGuard> guard;
+    if (!onlyInput) guard.emplace();
+    const FileWorker worker(options_, settings_, streams_, disk_, report_.style());
+    std::size_t done = 0;
+    {
+        ProgressBar bar(streams_.err, items.size(), isBatch && isAtTerminal && !printsOnTerminal);
+        done = doInOrder<FileOutcome>(
+            items.size(), options_.jobs, [&](std::size_t index) { return worker.process(items[index]); },
+            [&](std::size_t index, FileOutcome outcome) {
+                if (!outcome.output.empty() || !outcome.report.isEmpty()) bar.clear();
+                take(items[index], outcome);
+                bar.show(index + 1, items[index].path);
+            },
+            [] { return InterruptGuard::signal() != 0; });
+    }
+    finishOutput();
+    if (InterruptGuard::signal() != 0) tellWhatIsLeft(items, done);
+    if (options_.verbosity == Verbosity::verbose || (isBatch && isAtTerminal)) {
+        report_.addGeneral("note", tally_.text(options_.destination));
     }
 }
 
-void Program::look(const std::string& file) {
-    if (options_.destination != Destination::sameFile) return;
-    // A failure comes up again when the file is opened.
-    if (const auto status = files_.status(file)) seen_ = *status;
+void Program::take(const WorkItem& item, FileOutcome& outcome) {
+    tally_.count(outcome.result);
+    if (outcome.result == Addin::FormatResult::cancelled) cancelled_.push_back(item.path);
+    streams_.out << outcome.output;
+    if (outcome.isCutShort) copyRest(item, outcome.output.size());
+    // Behind the formatted text, so that messages do not drown in it on a terminal.
+    report_.merge(std::move(outcome.report));
+    if (options_.destination != Destination::standardOutput) report_.flush(streams_.err);
 }
 
-void Program::writeBack(const std::string& path, const std::string& result) {
-    const NorvaneUI::Status failure = files_.replace(path, result, seen_);
-    if (failure) report_.error({path}, failure->text, ExitStatus::fileFailed);
-}
-
-void Program::processStream(const std::string& shownName, std::istream& in) {
-    ReadResult read = readSource(in);
-    if (read.complete) {
-        processSource(shownName, SourceFile(std::move(read.bytes)));
+void Program::copyRest(const WorkItem& item, std::size_t copied) {
+    constexpr auto end = std::istream::traits_type::eof();
+    if (item.isStandardInput) {
+        if (streams_.in.peek() != end) streams_.out << streams_.in.rdbuf();
         return;
     }
-    report_.error({shownName}, "longer than 4 GB, which is more than can be laid out", ExitStatus::refused);
-    passThrough(read.bytes);
-    if (passesThrough()) copyRest(in, streams_.out);
+    std::ifstream in(item.path, std::ios::binary);
+    in.seekg(static_cast<std::streamoff>(copied));
+    if (in && in.peek() != end) streams_.out << in.rdbuf();
 }
 
-void Program::processSource(const std::string& path, const SourceFile& source) {
-    try {
-        if (options_.dump != Dump::none) {
-            dump(path, source);
-        } else {
-            format(path, source);
-        }
-    } catch (const std::system_error&) {
-        throw;
-    } catch (const std::bad_alloc&) {
-        report_.error({path}, "not enough memory to lay out this file", ExitStatus::fileFailed);
-        passThrough(source.bytes());
-    } catch (const std::exception&) {
-        report_.error({path}, "internal error: this file could not be laid out", ExitStatus::refused);
-        passThrough(source.bytes());
-    }
-}
-
-void Program::format(const std::string& path, const SourceFile& source) {
-    if (source.isWideText()) {
-        report_.error({path}, "UTF-16 text; only UTF-8 and one-byte encodings can be laid out",
-                      ExitStatus::refused);
-        passThrough(source.bytes());
-        return;
-    }
-    Outcome outcome = engine_.format(source.text());
-    if (!outcome.text) {
-        refuse(path, source, outcome);
-        return;
-    }
-    // The last line of defence: a fault of the engine must not cost anybody code.
-    if (const auto place = firstTokenDifference(source.text(), *outcome.text)) {
-        report_.error(placeOf(path, *place), "internal error: the layout would have changed this token",
-                      ExitStatus::refused);
-        passThrough(source.bytes());
-        return;
-    }
-    deliver(path, source, source.withForm(std::move(*outcome.text)));
-}
-
-void Program::deliver(const std::string& path, const SourceFile& source, const std::string& result) {
-    const bool changed = result != source.bytes();
-    switch (options_.destination) {
-    case Destination::standardOutput:
-        streams_.out << result;
-        break;
-    case Destination::sameFile:
-        if (changed) writeBack(path, result);
-        break;
-    case Destination::checkOnly:
-    case Destination::patch:
-        if (!changed) break;
-        streams_.out << path << '\n';
-        report_.raise(ExitStatus::wouldChange);
-        break;
-    }
-}
-
-void Program::refuse(const std::string& path, const SourceFile& source, const Outcome& outcome) {
-    for (const Trn::Message& message : outcome.messages) {
-        const char* where = outcome.pointIntoResult ? " (line and column of the text before wrapping)" : "";
-        report_.add(placeOf(path, message.position), severityWord(message), message.text + where);
-    }
-    report_.raise(ExitStatus::refused);
-    passThrough(source.bytes());
-}
-
-bool Program::passesThrough() const {
-    return options_.destination == Destination::standardOutput && options_.dump == Dump::none;
-}
-
-void Program::passThrough(const std::string& bytes) {
-    if (passesThrough()) streams_.out << bytes;
-}
-
-void Program::dump(const std::string& path, const SourceFile& source) {
-    Trn::MessageList messages;
-    switch (options_.dump) {
-    case Dump::tokens:
-        dumpTokensOf(source.text(), streams_.out);
-        break;
-    case Dump::tree:
-        messages = dumpTreeOf(source.text(), streams_.out);
-        break;
-    case Dump::messages:
-        messages = diagnosticsOf(source.text());
-        for (const Trn::Message& message : messages) {
-            const std::string text = message.text + " [" + std::to_string(message.code) + ']';
-            streams_.out << messageLine(placeOf(path, message.position), severityWord(message), text) << '\n';
-        }
-        break;
-    case Dump::none:
-    case Dump::scheme:
-    case Dump::options:
-        break;
-    }
-    if (refusesFile(messages)) report_.raise(ExitStatus::refused);
+void Program::tellWhatIsLeft(const std::vector<WorkItem>& items, std::size_t done) {
+    std::vector<std::string> left = std::move(cancelled_);
+    for (std::size_t i = done; i < items.size(); ++i) left.push_back(items[i].path);
+    report_.addGeneral("warning", Addin::Texts::kCancelled);
+    if (left.empty()) return;
+    const bool isLong = options_.verbosity != Verbosity::verbose && left.size() > 3;
+    std::string text = std::to_string(left.size()) + " of " + std::to_string(items.size()) + " files not done: ";
+    for (std::size_t i = 0; i < (isLong ? 3 : left.size()); ++i) text += (i == 0 ? "" : ", ") + left[i];
+    report_.addGeneral("warning", text + (isLong ? ", ..." : ""));
 }
 
 void Program::finishOutput() {
@@ -191,16 +169,12 @@ void Program::finishOutput() {
 }
 
 ExitStatus runProgram(const Options& options, const Streams& streams) {
-    Report report;
+    Report report({options.messageFormat, wantsColor(options.color, streams.terminals.err)});
     try {
         if (options.dump == Dump::options) {
             listSchemeOptions(streams.out);
-        } else if (const auto scheme = loadScheme(options, report)) {
-            if (options.dump == Dump::scheme) {
-                scheme->write(streams.out);
-            } else {
-                Program(options, *scheme, streams, report).run();
-            }
+        } else {
+            Program(options, streams, report).run();
         }
     } catch (const std::bad_alloc&) {
         report.error({"kerfline"}, "not enough memory", ExitStatus::fileFailed);

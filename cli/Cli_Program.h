@@ -1,52 +1,57 @@
 #ifndef KERFLINE_CLI_PROGRAM_H
 #define KERFLINE_CLI_PROGRAM_H
 
-#include "cli/Cli_Engine.h"
-#include "cli/Cli_FileIo.h"
+#include "addin/Addin_Options.h"
+#include "cli/Cli_FileWorker.h"
 #include "cli/Cli_Options.h"
+#include "cli/Cli_ProgressBar.h"
 #include "cli/Cli_Report.h"
-#include "cli/Cli_SourceFile.h"
+#include "cli/Cli_SchemeShelf.h"
 #include "cli/Cli_Streams.h"
+#include "cli/Cli_Tally.h"
+#include "cli/Cli_TerminalHost.h"
+#include "cli/Cli_WorkItem.h"
 #include "schemes/NorvaneUI_DiskFileSystem.h"
 
-#include <istream>
 #include <string>
+#include <vector>
 
 namespace Cli {
 
-/// Lays out all files of `options` and returns the exit status of the process. A file that fails
-/// does not stop the others. Throws nothing.
+/// Does what `options` say and returns the exit status of the process. A file that fails does not
+/// stop the others; a scheme that is wrong stops all before the first. Throws nothing.
 ExitStatus runProgram(const Options& options, const Streams& streams);
 
-/// The work on the files of one call, under one scheme.
+/// The work on the sources of one call.
 class Program {
 public:
-    Program(const Options& options, const Norvane::PropertySet& scheme, const Streams& streams, Report& report);
+    /// All of these outlive the program.
+    Program(const Options& options, const Streams& streams, Report& report);
 
     void run();
 
 private:
-    void processFile(const std::string& file);
-    void processStream(const std::string& shownName, std::istream& in);
-    void processSource(const std::string& path, const SourceFile& source);
-    void format(const std::string& path, const SourceFile& source);
-    void dump(const std::string& path, const SourceFile& source);
-    void look(const std::string& file);
-    void deliver(const std::string& path, const SourceFile& source, const std::string& result);
-    void writeBack(const std::string& path, const std::string& result);
-    void refuse(const std::string& path, const SourceFile& source, const Outcome& outcome);
-    /// True where a refused source goes out unchanged, since something waits for its text.
-    bool passesThrough() const;
-    void passThrough(const std::string& bytes);
+    void readSettings();
+    void showScheme(SchemeShelf& shelf);
+    bool chooseSchemes(std::vector<WorkItem>& items, SchemeShelf& shelf);
+    bool mayWrite(const std::vector<std::string>& folders);
+    bool mayWriteTo(std::string_view question, const std::string& name);
+    void layOut(const std::vector<WorkItem>& items, bool isBatch);
+    void take(const WorkItem& item, FileOutcome& outcome);
+    void showMessages(Report& report);
+    void tellWhatIsLeft(const std::vector<WorkItem>& items, std::size_t done);
+    void copyRest(const WorkItem& item, std::size_t copied);
     void finishOutput();
 
     const Options& options_;
-    Engine engine_;
-    Streams streams_;
+    const Streams& streams_;
     Report& report_;
-    NorvaneUI::DiskFileSystem files_;
-    // How the file at work looked before it was read.
-    NorvaneUI::FileStatus seen_;
+    NorvaneUI::DiskFileSystem disk_;
+    TerminalHost host_;
+    Addin::AddInOptions settings_;
+    // What came of the sources so far.
+    Tally tally_;
+    std::vector<std::string> cancelled_;
 };
 
 } // namespace Cli

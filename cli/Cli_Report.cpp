@@ -1,5 +1,9 @@
 #include "cli/Cli_Report.h"
 
+#include <nlohmann/json.hpp>
+
+#include <iterator>
+
 namespace Cli {
 
 namespace {
@@ -22,14 +26,55 @@ void appendPrintable(std::string& line, std::string_view text) {
     }
 }
 
+std::string_view colorOf(std::string_view severity) {
+    if (severity == "error") return "\x1b[1;31m";
+    return severity == "warning" ? "\x1b[1;35m" : "\x1b[1;36m";
+}
+
+void appendSeverity(std::string& line, std::string_view severity, const MessageStyle& style) {
+    if (style.isColored) line += colorOf(severity);
+    line.append(severity).append(": ");
+    if (style.isColored) line += "\x1b[0m";
+}
+
+/// Bytes that are no UTF-8 are replaced: a reader of JSON would refuse the whole line.
+std::string dumped(const nlohmann::ordered_json& object) {
+    return object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+}
+
+std::string jsonLine(const Place& place, std::string_view severity, std::string_view text) {
+    return dumped({{"path", place.path}, {"line", place.line}, {"column", place.column},
+                   {"severity", severity}, {"text", text}});
+}
+
+std::string msvcLine(const Place& place, std::string_view severity, std::string_view text) {
+    std::string line;
+    appendPrintable(line, place.path);
+    line += '(' + std::to_string(place.line) + ") : ";
+    line.append(severity == "note" ? "information" : severity);
+    line += ": col " + std::to_string(place.column) + ": ";
+    appendPrintable(line, text);
+    return line;
+}
+
 } // namespace
 
-std::string messageLine(const Place& place, std::string_view severity, std::string_view text) {
+std::string messageLine(const Place& place, std::string_view severity, std::string_view text,
+                        const MessageStyle& style) {
+    if (style.format == MessageFormat::json) return jsonLine(place, severity, text);
+    if (style.format == MessageFormat::msvc) return msvcLine(place, severity, text);
     std::string line;
     appendPrintable(line, place.path);
     line += ':' + std::to_string(place.line) + ':' + std::to_string(place.column) + ": ";
-    line += severity;
-    line += ": ";
+    appendSeverity(line, severity, style);
+    appendPrintable(line, text);
+    return line;
+}
+
+std::string programLine(std::string_view severity, std::string_view text, const MessageStyle& style) {
+    if (style.format == MessageFormat::json) return dumped({{"severity", severity}, {"text", text}});
+    std::string line = "kerfline: ";
+    appendSeverity(line, severity, style);
     appendPrintable(line, text);
     return line;
 }
@@ -40,11 +85,22 @@ void Report::error(const Place& place, std::string_view text, ExitStatus status)
 }
 
 void Report::add(const Place& place, std::string_view severity, std::string_view text) {
-    lines_.push_back(messageLine(place, severity, text));
+    lines_.push_back(messageLine(place, severity, text, style_));
+}
+
+void Report::addGeneral(std::string_view severity, std::string_view text) {
+    lines_.push_back(programLine(severity, text, style_));
 }
 
 void Report::raise(ExitStatus status) {
     if (status > status_) status_ = status;
+}
+
+void Report::merge(Report&& other) {
+    lines_.insert(lines_.end(), std::make_move_iterator(other.lines_.begin()),
+                  std::make_move_iterator(other.lines_.end()));
+    raise(other.status_);
+    other.lines_.clear();
 }
 
 void Report::flush(std::ostream& out) {

@@ -2,6 +2,7 @@
 #define KERFLINE_CLI_REPORT_H
 
 #include "cli/Cli_ExitStatus.h"
+#include "cli/Cli_Options.h"
 
 #include <cstdint>
 #include <ostream>
@@ -18,23 +19,45 @@ struct Place {
     std::uint32_t column = 1;
 };
 
-/// Returns "path:line:col: severity: text", always one line: control characters are spelled out.
-std::string messageLine(const Place& place, std::string_view severity, std::string_view text);
+/// How messages look.
+struct MessageStyle {
+    MessageFormat format = MessageFormat::gnu;
+    bool isColored = false;
+};
 
-/// Collects what goes wrong over all files, and the exit status that comes of it. The messages are
-/// shown at the end, so that they do not drown in the formatted text on a terminal.
+/// Returns one line without its line feed; control characters are spelled out. `severity` is "error",
+/// "warning" or "note".
+///     gnu   path:line:col: severity: text
+///     msvc  path(line) : severity: col column: text
+///     json  {"path":"..","line":1,"column":1,"severity":"error","text":".."}
+std::string messageLine(const Place& place, std::string_view severity, std::string_view text,
+                        const MessageStyle& style = {});
+
+/// The same for a message that is about no file.
+std::string programLine(std::string_view severity, std::string_view text, const MessageStyle& style = {});
+
+/// Collects what goes wrong, and the exit status that comes of it.
 class Report {
 public:
+    explicit Report(MessageStyle style = {}) : style_(style) {}
+
     void error(const Place& place, std::string_view text, ExitStatus status);
     void add(const Place& place, std::string_view severity, std::string_view text);
+    /// About no file.
+    void addGeneral(std::string_view severity, std::string_view text);
     /// The status never goes down.
     void raise(ExitStatus status);
+    /// Takes all messages of `other`, and its status.
+    void merge(Report&& other);
 
+    bool isEmpty() const { return lines_.empty(); }
+    const MessageStyle& style() const { return style_; }
     ExitStatus status() const { return status_; }
     /// Writes all messages, one a line, and forgets them.
     void flush(std::ostream& out);
 
 private:
+    MessageStyle style_;
     std::vector<std::string> lines_;
     ExitStatus status_ = ExitStatus::done;
 };

@@ -2,12 +2,9 @@
 
 #include "cli/Cli_FileIo.h"
 #include "cli/Cli_SchemeChecker.h"
-#include "cli/Cli_ShippedSchemes.h"
-#include "cli/Cli_SourceFile.h"
+#include "addin/Addin_SourceForm.h"
 #include "src/Norvane_PropertyCatalogue.h"
 
-#include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <system_error>
@@ -19,43 +16,9 @@ namespace {
 /// No scheme is near this size; a device that never ends should not be read for ever.
 constexpr std::size_t kLargestScheme = 1 << 24;
 
-const ShippedScheme* findShipped(std::string_view name) {
-    const auto schemes = shippedSchemes();
-    const auto found = std::find_if(schemes.begin(), schemes.end(),
-                                    [&](const ShippedScheme& scheme) { return scheme.name == name; });
-    return found == schemes.end() ? nullptr : &*found;
-}
-
-std::string readSchemeFile(const std::string& path) {
-    std::ifstream in = openFile(path);
-    ReadResult read = readSource(in, kLargestScheme);
-    if (!read.complete) throw std::system_error(EFBIG, std::generic_category());
-    return SourceFile(std::move(read.bytes)).text();
-}
-
 void reportProblem(const Place& place, const SchemeProblem& problem, Report& report) {
     report.add(place, problem.isWarning ? "warning" : "error", problem.text);
     if (!problem.isWarning) report.raise(ExitStatus::badUsageOrScheme);
-}
-
-std::optional<Norvane::PropertySet> parseScheme(const std::string& path, std::string_view text, Report& report) {
-    for (const SchemeProblem& problem : checkSchemeText(text)) {
-        reportProblem({path, problem.line, problem.column}, problem, report);
-    }
-    if (report.status() != ExitStatus::done) return std::nullopt;
-    std::istringstream in{std::string(text)};
-    return Norvane::PropertySet(in);
-}
-
-std::optional<Norvane::PropertySet> baseScheme(const std::string& name, Report& report) {
-    if (name == "none") return Norvane::PropertySet("none");
-    if (const ShippedScheme* shipped = findShipped(name)) return parseScheme(name + ".kls", shipped->text, report);
-    try {
-        return parseScheme(name, readSchemeFile(name), report);
-    } catch (const std::system_error& error) {
-        report.error({name}, error.code().message(), ExitStatus::badUsageOrScheme);
-        return std::nullopt;
-    }
 }
 
 void eraseAll(Norvane::PropertySet& scheme, std::string_view name) {
@@ -141,14 +104,36 @@ private:
 
 } // namespace
 
-std::optional<Norvane::PropertySet> loadScheme(const Options& options, Report& report) {
-    std::optional<Norvane::PropertySet> base = baseScheme(options.scheme.value_or("default"), report);
-    // Wrong edits are named even if the scheme is wrong too: one run shows all that is to be mended.
-    Norvane::PropertySet scheme = base ? *base : Norvane::PropertySet();
+std::string readSchemeFile(const std::string& path) {
+    std::ifstream in = openFile(path);
+    ReadResult read = readSource(in, kLargestScheme);
+    if (!read.complete) throw std::system_error(EFBIG, std::generic_category());
+    return Addin::SourceForm(read.bytes).textOf(read.bytes);
+}
+
+std::optional<Norvane::PropertySet> parseSchemeText(const std::string& path, std::string_view text, Report& report) {
+    bool isGood = true;
+    for (const SchemeProblem& problem : checkSchemeText(text)) {
+        reportProblem({path, problem.line, problem.column}, problem, report);
+        isGood = isGood && problem.isWarning;
+    }
+    if (!isGood) return std::nullopt;
+    std::istringstream in{std::string(text)};
+    return Norvane::PropertySet(in);
+}
+
+std::optional<Norvane::PropertySet> loadSchemeFile(const std::string& path, Report& report) {
+    try {
+        return parseSchemeText(path, readSchemeFile(path), report);
+    } catch (const std::system_error& error) {
+        report.error({path}, error.code().message(), ExitStatus::badUsageOrScheme);
+        return std::nullopt;
+    }
+}
+
+void applyEdits(const std::vector<SchemeEdit>& edits, Norvane::PropertySet& scheme, Report& report) {
     SchemeEditor editor(scheme, report);
-    for (const SchemeEdit& edit : options.edits) editor.apply(edit);
-    if (report.status() != ExitStatus::done) return std::nullopt;
-    return scheme;
+    for (const SchemeEdit& edit : edits) editor.apply(edit);
 }
 
 } // namespace Cli

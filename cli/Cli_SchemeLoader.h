@@ -6,12 +6,25 @@
 #include "src/Norvane_PropertySet.h"
 
 #include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace Cli {
 
-/// Makes the scheme that the options ask for: a file, a shipped one, or none, and then the edits in
-/// their order. Returns nothing after reporting every error that the scheme and the edits hold.
-std::optional<Norvane::PropertySet> loadScheme(const Options& options, Report& report);
+/// The text of a scheme file, in line feeds. Throws std::system_error.
+std::string readSchemeFile(const std::string& path);
+
+/// Checks the text of a scheme, and reports all that is wrong with it under `path`. Returns nothing
+/// if any of that is an error.
+std::optional<Norvane::PropertySet> parseSchemeText(const std::string& path, std::string_view text,
+                                                    Report& report);
+
+/// The same for a file.
+std::optional<Norvane::PropertySet> loadSchemeFile(const std::string& path, Report& report);
+
+/// Makes the edits in their order, and reports those that are wrong.
+void applyEdits(const std::vector<SchemeEdit>& edits, Norvane::PropertySet& scheme, Report& report);
 
 } // namespace Cli
 

@@ -1,6 +1,7 @@
 #ifndef KERFLINE_CLI_SHIPPEDSCHEMES_H
 #define KERFLINE_CLI_SHIPPEDSCHEMES_H
 
+#include <algorithm>
 #include <span>
 #include <string_view>
 
@@ -14,6 +15,14 @@ struct ShippedScheme {
 
 /// All of them, ordered by name. One is called "default".
 std::span<const ShippedScheme> shippedSchemes();
+
+/// Null if none has that name.
+inline const ShippedScheme* findShippedScheme(std::string_view name) {
+    const auto schemes = shippedSchemes();
+    const auto found = std::find_if(schemes.begin(), schemes.end(),
+                                    [&](const ShippedScheme& scheme) { return scheme.name == name; });
+    return found == schemes.end() ? nullptr : &*found;
+}
 
 } // namespace Cli
 

@@ -109,7 +109,7 @@ TEST(Program, GoesOnBehindAFailureAndKeepsTheHighestStatus) {
     const std::string untidy = folder.write("a.c", kUntidy);
     Ran result = run({missing, untidy}, to(Cli::Destination::sameFile));
     EXPECT_EQ(result.status, ExitStatus::fileFailed);
-    EXPECT_EQ(result.err, missing + ":1:1: error: No such file or directory\n");
+    EXPECT_EQ(result.err, missing + ":1:1: error: The file \"" + missing + "\" cannot be found.\n");
     EXPECT_EQ(folder.read("a.c"), kTidy);
     result = run({folder.write("b.c", kBroken), missing}, to(Cli::Destination::sameFile));
     EXPECT_EQ(result.status, ExitStatus::refused);

@@ -1,5 +1,6 @@
 #include "cli/Cli_SchemeChecker.h"
-#include "cli/Cli_SchemeLoader.h"
+#include "cli/Cli_SchemeShelf.h"
+#include "schemes/NorvaneUI_DiskFileSystem.h"
 #include "tests/cli/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -71,11 +72,12 @@ struct Loaded {
 };
 
 Loaded load(const std::string& name, std::vector<Cli::SchemeEdit> edits = {}) {
-    Cli::Options options;
-    options.scheme = name;
-    options.edits = std::move(edits);
+    NorvaneUI::DiskFileSystem disk;
     Cli::Report report;
-    Loaded loaded{Cli::loadScheme(options, report), report.status(), ""};
+    Cli::SchemeFinder finder(disk, "", "", report);
+    Cli::SchemeShelf shelf(finder, name, std::move(edits), report);
+    const Norvane::PropertySet* scheme = shelf.schemeIn("/");
+    Loaded loaded{scheme == nullptr ? std::nullopt : std::optional(*scheme), report.status(), ""};
     std::ostringstream out;
     report.flush(out);
     loaded.messages = out.str();

@@ -1,0 +1,98 @@
+#include "cli/Cli_WhichCommand.h"
+
+#include "addin/Addin_UserFolders.h"
+#include "cli/Cli_Commands.h"
+#include "cli/Cli_IgnoreRules.h"
+#include "cli/Cli_Paths.h"
+#include "cli/Cli_SchemeFinder.h"
+#include "cli/Cli_SchemeLoader.h"
+#include "cli/Cli_TerminalHost.h"
+#include "cli/Cli_UserSettings.h"
+#include "schemes/NorvaneUI_DiskFileSystem.h"
+#include "schemes/NorvaneUI_PropertySetStore.h"
+
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
+namespace Cli {
+
+namespace {
+
+struct Question {
+    std::optional<std::string> scheme;
+    std::vector<std::string> files;
+};
+
+/// Nothing if the arguments are wrong.
+std::optional<Question> readArguments(const std::vector<std::string>& arguments) {
+    constexpr std::string_view assigned = "--scheme=";
+    Question question;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& word = arguments[i];
+        if (word.starts_with(assigned)) {
+            question.scheme = word.substr(assigned.size());
+        } else if (word == "--scheme" && i + 1 < arguments.size()) {
+            question.scheme = arguments[++i];
+        } else if (word.starts_with('-')) {
+            return std::nullopt;
+        } else {
+            question.files.push_back(word);
+        }
+    }
+    if (question.files.empty()) return std::nullopt;
+    return question;
+}
+
+/// The name inside a scheme file; empty if it is none.
+std::string nameInside(const std::string& path) {
+    Norvane::PropertySet scheme;
+    try {
+        if (NorvaneUI::parseScheme(readSchemeFile(path), scheme)) return scheme.getName();
+    } catch (const std::system_error&) {
+        // Whoever formats with it is told the reason.
+    }
+    return {};
+}
+
+std::string described(const SchemeSource& source) {
+    const std::string name = source.name.empty() ? nameInside(source.path) : source.name;
+    const std::string setting = source.isFromSettings ? ", by the setting OnFormat" : "";
+    std::string text = '"' + name + "\", ";
+    switch (source.kind) {
+    case SchemeSource::Kind::empty: return text + "the scheme without options";
+    case SchemeSource::Kind::file: return text + "the file " + source.path;
+    case SchemeSource::Kind::project: return text + "the project's " + source.path;
+    case SchemeSource::Kind::user: return text + "your own " + source.path + setting;
+    case SchemeSource::Kind::shipped: break;
+    }
+    return text + "which comes with the program" + setting;
+}
+
+} // namespace
+
+ExitStatus runWhichCommand(const std::vector<std::string>& arguments, const Streams& streams) {
+    const auto question = readArguments(arguments);
+    if (!question) return failUsage("\"which\" takes the names of files: kerfline which [--scheme NAME] FILE...", streams);
+    Report report;
+    NorvaneUI::DiskFileSystem disk;
+    TerminalHost host(streams, report, Verbosity::normal, false);
+    const Addin::AddInOptions settings = readUserSettings(disk, host);
+    SchemeFinder finder(disk, host.schemeDirectory(), settings.onFormat.name, report);
+    IgnoreRules ignored(disk, report);
+    for (const std::string& file : question->files) {
+        const std::string full = absolutePath(file);
+        std::error_code unknown;
+        const bool isFolder = std::filesystem::is_directory(full, unknown);
+        const auto source = finder.find(question->scheme, isFolder ? full : folderOf(full));
+        if (!source) break;
+        streams.out << file << ": " << described(*source);
+        if (const auto& reason = ignored.reasonFor(full, isFolder)) streams.out << "; left alone by " << *reason;
+        streams.out << '\n';
+    }
+    streams.out.flush();
+    report.flush(streams.err);
+    return report.status();
+}
+
+} // namespace Cli
