@@ -43,15 +43,12 @@ bool TreeBuilder::isAsm(Index i) const {
 
 /// True for a word whose bracketed argument is no parameter list.
 bool TreeBuilder::takesPair(Index i) const {
-    static constexpr std::array<std::string_view, 6> bracketed = {"__based",    "_based",  "__assume",
-                                                                  "__declspec", "alignas", "_Alignas"};
-    static constexpr std::array<std::string_view, 6> extensions = {"__attribute__", "__attribute", "decltype",
-                                                                   "__typeof__",    "__typeof",    "typeof"};
+    static constexpr std::array<std::string_view, 18> words = {
+        "__based",     "_based",   "__assume",     "__declspec",         "alignas",         "_Alignas",
+        "decltype",    "typeof",   "typeof_unqual", "__typeof__",        "__typeof",        "__typeof_unqual__",
+        "_Atomic",     "_BitInt",  "__attribute__", "__attribute",       "STDMETHODIMP_",   "__launch_bounds__"};
     if (type(i) == tkExplicit) return true;
-    if (type(i) != tkIdentifier) return false;
-    const std::string_view text = t_.text(i);
-    return std::find(bracketed.begin(), bracketed.end(), text) != bracketed.end() ||
-           std::find(extensions.begin(), extensions.end(), text) != extensions.end();
+    return type(i) == tkIdentifier && std::find(words.begin(), words.end(), t_.text(i)) != words.end();
 }
 
 /// Upper case throughout, or with the prefix of names that the compiler's own headers use.
@@ -62,7 +59,14 @@ bool TreeBuilder::looksLikeMacro(std::string_view name) {
 
 /// "[[...]]".
 bool TreeBuilder::isAttribute(Index i) const {
-    return type(i) == tkOpenBracket && type(i + 1) == tkOpenBracket && t_.mate(i) != kNone;
+    if (type(i) != tkOpenBracket || type(i + 1) != tkOpenBracket || t_.mate(i) == kNone) return false;
+    return t_.mate(i + 1) != kNone && nextSig(t_.mate(i + 1)) == t_.mate(i);
+}
+
+/// The first token at or behind `i` that belongs to no attribute.
+TreeBuilder::Index TreeBuilder::skipAttributes(Index i) const {
+    while (isAttribute(i)) i = nextSig(t_.mate(i));
+    return i;
 }
 
 /// From a word that takes a pair to the last token that belongs to it.
@@ -172,14 +176,8 @@ bool TreeBuilder::parseBodyItem(InteriorNode& body, Body kind) {
         if (kind == Body::Class) report("Namespace declaration illegal inside class declaration.", at_), ++at_;
         else addUnlessNull(body, parseNamespace());
         return true;
-    case tkInline:
-        if (nextType(at_) != tkNamespace) return parseMember(body, kind), true;
-        at_ = nextSig(at_);
-        addUnlessNull(body, parseNamespace());
-        return true;
-    case tkExport: // stays in front of what it exports; alone it would be a declaration of its own
-        if (nextType(at_) == tkTemplate || nextType(at_) == tkNamespace) return ++at_, true;
-        parseMember(body, kind);
+    case tkInline: case tkExport:
+        parseSpecified(body, kind);
         return true;
     case tkUsing:
         skipThroughSemicolon(kind == Body::Root ? nullptr : &body);
@@ -209,6 +207,21 @@ bool TreeBuilder::parseBodyItem(InteriorNode& body, Body kind) {
         parseMember(body, kind);
         return true;
     }
+}
+
+/// What "inline" or "export" stands in front of: these two do not tell what it is.
+void TreeBuilder::parseSpecified(InteriorNode& body, Body kind) {
+    const int specified = type(skipSpecifiers(at_));
+    if (specified == tkNamespace && kind != Body::Class) addUnlessNull(body, parseNamespace());
+    else if (specified == tkTemplate) addUnlessNull(body, parseTemplate());
+    else if (specified == tkOpenBrace) addUnlessNull(body, parseLinkageBlock(at_));
+    else if (specified == tkExtern) addUnlessNull(body, parseExtern());
+    else parseMember(body, kind);
+}
+
+TreeBuilder::Index TreeBuilder::skipSpecifiers(Index i) const {
+    while (type(i) == tkInline || type(i) == tkExport) i = nextSig(i);
+    return i;
 }
 
 bool TreeBuilder::parseAccess(InteriorNode& body, Body kind) {

@@ -91,6 +91,8 @@ private:
     bool isAsm(Index i) const;
     bool takesPair(Index i) const;
     bool isAttribute(Index i) const;
+    Index skipAttributes(Index i) const;
+    Index skipSpecifiers(Index i) const;
     Index skipPair(Index i) const;
     Index findSemicolon(Index from) const;
     bool isMacroRun(Index first, Index last) const;
@@ -107,6 +109,7 @@ private:
     void addNotes(InteriorNode& body);
     void skipThroughSemicolon(InteriorNode* notes);
     void parseMember(InteriorNode& body, Body kind);
+    void parseSpecified(InteriorNode& body, Body kind);
     void parseWord(InteriorNode& body, Body kind);
     bool isBehindComma(Index i) const;
     bool isBitfieldWidth(Index i) const;
@@ -121,9 +124,10 @@ private:
     bool endsScan(Index first, Index& j, HeadScan& met, DeclHead& head) const;
     void takeHeadWord(Index& j, HeadScan& met, DeclHead& head) const;
     bool endsAtBracket(Index& j, const DeclHead& head, const HeadScan& met) const;
-    bool endsAtParen(Index& j, const HeadScan& met, DeclHead& head) const;
+    bool endsAtParen(Index first, Index& j, const HeadScan& met, DeclHead& head) const;
     bool isMacroInClassHead(Index prev, Index paren) const;
     bool holdsValues(Index brace, const HeadScan& met) const;
+    bool isSpecifierMacro(Index first, Index paren, Index prev) const;
     bool opensDeclarator(Index paren, Index prev) const;
     bool isNameBefore(Index prev) const;
     NodePtr parseDataFrom(Index first, Index scanned, bool allowBitfield);
@@ -150,7 +154,7 @@ private:
     NodePtr parseNamespace();
     NodePtr parseTemplate();
     NodePtr parseExtern();
-    NodePtr parseLinkageBlock(Index string);
+    NodePtr parseLinkageBlock(Index lastOfHead);
 
     // Functions.
     NodePtr parseFunction(Index first, const DeclHead& head);

@@ -168,7 +168,8 @@ TreeBuilder::Ptr<EnumBodyNode> TreeBuilder::parseEnumBody(Index brace) {
 }
 
 TreeBuilder::NodePtr TreeBuilder::parseNamespace() {
-    const Index keyword = at_;
+    const Index first = at_;
+    const Index keyword = skipSpecifiers(first);
     const Index name = nextSig(keyword);
     if (type(name) == tkIdentifier && nextType(name) == tkAssign) {
         skipThroughSemicolon(nullptr);
@@ -178,7 +179,7 @@ TreeBuilder::NodePtr TreeBuilder::parseNamespace() {
     const Depth depth(*this);
     const bool named = type(name) == tkIdentifier && !takesPair(name);
     const Index last = named ? name : keyword;
-    auto head = std::make_unique<NamespaceHeadNode>(named ? t_.spelling(name) : std::string(), t_.start(keyword), t_.end(last));
+    auto head = std::make_unique<NamespaceHeadNode>(named ? t_.spelling(name) : std::string(), t_.start(first), t_.end(last));
     // Between the name and the brace macros and attributes may stand.
     Index j = nextSig(last);
     while (type(j) == tkIdentifier || isAttribute(j) || type(j) == tkOpenParen) {
@@ -200,7 +201,8 @@ TreeBuilder::NodePtr TreeBuilder::parseNamespace() {
 
 /// A template head; or a statement, where no "<" follows: an explicit instantiation.
 TreeBuilder::NodePtr TreeBuilder::parseTemplate() {
-    const Index keyword = at_;
+    const Index first = at_;
+    const Index keyword = skipSpecifiers(first);
     const Index open = nextSig(keyword);
     if (type(open) != tkLess) return parseExpressionStatement();
     const Index close = t_.mate(open);
@@ -209,32 +211,33 @@ TreeBuilder::NodePtr TreeBuilder::parseTemplate() {
         at_ = open + 1;
         return nullptr;
     }
-    auto word = std::make_unique<KeywordNode>(tkTemplate, t_.start(keyword), t_.end(keyword));
+    auto word = std::make_unique<KeywordNode>(tkTemplate, t_.start(first), t_.end(keyword));
     Ptr<ParameterListNode> params = parseParameterList(open, close);
     at_ = close + 1;
     return std::make_unique<TemplateNode>(word.release(), params.release());
 }
 
 TreeBuilder::NodePtr TreeBuilder::parseExtern() {
-    const Index keyword = at_;
-    const Index string = nextSig(keyword);
+    const Index first = at_;
+    const Index string = nextSig(skipSpecifiers(first));
     if (type(string) == tkStringLiteral && nextType(string) == tkOpenBrace) return parseLinkageBlock(string);
     NodePtr node = parseDeclaration(false);
-    if (!node) report(7, keyword);
+    if (!node) report(7, first);
     return node;
 }
 
-TreeBuilder::NodePtr TreeBuilder::parseLinkageBlock(Index string) {
+/// The read point is at the head of the block, "extern" with its string or "export".
+TreeBuilder::NodePtr TreeBuilder::parseLinkageBlock(Index lastOfHead) {
     const Index keyword = at_;
     if (tooDeep(keyword)) return nullptr;
     const Depth depth(*this);
-    auto linkage = std::make_unique<ExprNode>(joined(keyword, string + 1), t_.start(keyword), t_.end(string));
-    const Index brace = nextSig(string);
+    auto linkage = std::make_unique<ExprNode>(joined(keyword, lastOfHead + 1), t_.start(keyword), t_.end(lastOfHead));
+    const Index brace = nextSig(lastOfHead);
     auto body = std::make_unique<LinkageBlockBodyNode>();
     body->setStart(t_.start(brace));
     at_ = brace + 1;
     // Only 'C' linkage forbids templates.
-    const Body kind = isWord(string, "\"C\"") ? Body::CLinkage : Body::CppLinkage;
+    const Body kind = isWord(lastOfHead, "\"C\"") ? Body::CLinkage : Body::CppLinkage;
     if (!parseBody(*body, kind)) return nullptr;
     body->setEnd(t_.end(at_));
     ++at_;

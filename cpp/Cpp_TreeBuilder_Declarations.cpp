@@ -15,6 +15,15 @@ bool isDeclSpecifier(int type) {
            type == tkRegister || type == tkExtern;
 }
 
+/// Keywords that a type is made of.
+bool isTypeWord(int type) {
+    return (type >= tkChar && type <= tkVoid) || type == tkConst || type == tkVolatile || type == tkSigned ||
+           type == tkUnsigned || type == tkStruct || type == tkUnion || type == tkEnum;
+}
+
+/// More words than any type has: behind them no name is looked for.
+constexpr int kMaxTypeWords = 8;
+
 bool endsDeclarator(int type) { return type == tkSemicolon || type == tkComma; }
 
 /// Tokens that can stand at the start of a value, but not of a member.
@@ -26,6 +35,11 @@ bool startsValue(int type) {
     default:
         return false;
     }
+}
+
+/// Tokens at the start of the width of a bit field.
+bool startsWidth(int type) {
+    return type == tkNumber || type == tkIdentifier || type == tkOpenParen || type == tkSizeof || type == tkCharLiteral;
 }
 
 bool isClassKey(int type) { return type == tkClass || type == tkStruct || type == tkUnion; }
@@ -83,12 +97,12 @@ bool TreeBuilder::endsScan(Index first, Index& j, HeadScan& met, DeclHead& head)
                                                            : DeclKind::BraceInit;
         return true;
     case tkOpenParen:
-        return endsAtParen(j, met, head);
+        return endsAtParen(first, j, met, head);
     case tkSemicolon: case tkCloseBrace: case tkNamespace: case tkUsing:
         ends = true;
         break;
     case tkTemplate:
-        ends = met.prev != kNone && !continuesName(met.prev);
+        ends = met.prev != kNone && prevType != tkExtern && !continuesName(met.prev);
         break;
     case tkAssign:
         ends = head.op == kNone || (prevType != tkOperator && nextType(j) != tkOpenParen);
@@ -216,7 +230,7 @@ bool TreeBuilder::endsInColons(Index i) const {
 }
 
 /// Decides on a "(". Returns true if that ends the scan, otherwise `j` may have moved behind a pair.
-bool TreeBuilder::endsAtParen(Index& j, const HeadScan& met, DeclHead& head) const {
+bool TreeBuilder::endsAtParen(Index first, Index& j, const HeadScan& met, DeclHead& head) const {
     const Index close = t_.mate(j);
     if (met.colon && (!met.classKey || close == kNone)) { // the width of a bit field
         head.kind = DeclKind::Data;
@@ -224,7 +238,8 @@ bool TreeBuilder::endsAtParen(Index& j, const HeadScan& met, DeclHead& head) con
     }
     const bool callOperator = head.op != kNone && met.prev == head.op && close != kNone && nextSig(j) == close;
     const bool macroInHead = met.classKey && met.names == 1 && head.op == kNone && isMacroInClassHead(met.prev, j);
-    if (met.colon || callOperator || macroInHead) { // behind a colon a macro among the base classes
+    const bool specifier = !met.classKey && head.op == kNone && isSpecifierMacro(first, j, met.prev);
+    if (met.colon || callOperator || macroInHead || specifier) { // behind a colon a macro among the base classes
         j = close;
         return false;
     }
@@ -245,6 +260,26 @@ bool TreeBuilder::isMacroInClassHead(Index prev, Index paren) const {
     case tkSemicolon: case tkLess: return behind != nextSig(t_.mate(paren));
     default: return false;
     }
+}
+
+/// A macro with an argument in the place of a specifier or a type, as in "static API(int) f() {": behind
+/// it the name, the parameters and the body of a function follow. Without a specifier in front of it a
+/// keyword must show that the argument is a type, since macros that need no ";" look the same.
+bool TreeBuilder::isSpecifierMacro(Index first, Index paren, Index prev) const {
+    const Index close = t_.mate(paren);
+    if (prev == kNone || close == kNone || type(prev) != tkIdentifier || !looksLikeMacro(t_.text(prev))) return false;
+    if (prev == sig(first) && !isTypeWord(nextType(paren))) return false;
+    int count = 0;
+    Index name = close;
+    for (Index j = nextSig(close); isTypeWord(type(j)) || type(j) == tkIdentifier || type(j) == tkAsterisk; j = nextSig(j)) {
+        const bool ofTail = isTailWord(t_.text(j)) || isWord(j, "requires") || isAsm(j) || takesPair(j);
+        if (ofTail || ++count > kMaxTypeWords) return false;
+        name = j;
+    }
+    const Index params = nextSig(name);
+    if (type(name) != tkIdentifier || type(params) != tkOpenParen || t_.mate(params) == kNone) return false;
+    // A macro with an argument list behind the parameters belongs to the tail.
+    return !looksLikeMacro(t_.text(name)) && nextType(t_.mate(params)) == tkOpenBrace;
 }
 
 /// Whether the pair at `paren` holds a declarator and not parameters: it opens with a pointer, no name
@@ -371,7 +406,7 @@ Index TreeBuilder::findHeadEnd(Index first, Index last, bool allowBitfield) cons
             break;
         case tkColon: {
             const int next = nextType(j);
-            if (allowBitfield && (next == tkNumber || next == tkIdentifier)) return j;
+            if (allowBitfield && startsWidth(next)) return j;
             break;
         }
         case tkOpenBracket: case tkLess:
@@ -405,7 +440,7 @@ void TreeBuilder::splitDeclarator(Index first, Index last, DataDeclNode& node) c
     const Index comma = firstComma(first, last);
     const Index end = comma == kNone ? last : comma;
     Index name = findName(first, end);
-    if (name == kNone) name = first;
+    name = name == kNone ? first : nameStart(first, name);
     // "struct A;" declares no name: the whole of it is a type.
     const Index second = nextSig(first);
     const bool onlyKeyAndName = (isClassKey(type(first)) || type(first) == tkEnum) && name == second && nextSig(name) >= end;

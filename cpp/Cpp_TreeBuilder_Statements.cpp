@@ -14,6 +14,11 @@ bool startsData(int type) {
     return type == tkConst || type == tkVolatile || type == tkAuto || (type >= tkChar && type <= tkVoid);
 }
 
+/// What behind a name shows that the name is that of a type.
+bool startsDataBehindName(int type) {
+    return type == tkAsterisk || type == tkAmpersand || type == tkLess || type == tkIdentifier;
+}
+
 /// What can stand behind the comma of a declaration at the start of the next declarator.
 bool startsDeclarator(int type) {
     return type == tkIdentifier || type == tkAsterisk || type == tkAmpersand || type == tkLogicalAnd || type == tkOpenParen;
@@ -73,9 +78,10 @@ TreeBuilder::Ptr<BlockNode> TreeBuilder::parseBlock() {
 /// The one statement that a control statement has without braces. What only a compound statement can
 /// hold, such as a label, is an expression here: its siblings would stand outside of the block.
 void TreeBuilder::parseSingleStatement(BlockNode& block) {
-    const int kind = type(at_);
-    const int next = nextType(at_);
-    const bool wordIsData = next == tkAsterisk || next == tkAmpersand || next == tkLess || next == tkIdentifier;
+    const Index word = skipAttributes(at_);
+    const int kind = type(word);
+    const int next = nextType(word);
+    const bool wordIsData = startsDataBehindName(next);
     if (startsDeclaration(kind)) {
         parseDeclarationStatement(block);
     } else if (isControl(kind)) {
@@ -111,12 +117,16 @@ void TreeBuilder::parseCompound(BlockNode& block) {
     unterminatedFrom_ = outerUnterminated;
 }
 
-/// One statement of a compound one.
+/// One statement of a compound one. An attribute in front of it is a part of it.
 void TreeBuilder::parseStatement(BlockNode& block) {
-    const int kind = type(at_);
+    const Index word = skipAttributes(at_);
+    const int kind = type(word);
+    const bool attributed = word != at_;
     if (startsDeclaration(kind)) parseDeclarationStatement(block);
-    else if (startsData(kind)) parseDataStatement(block, Declarators::Apart);
+    else if (startsData(kind) || (attributed && kind == tkIdentifier && startsDataBehindName(nextType(word))))
+        parseDataStatement(block, Declarators::Apart);
     else if (isControl(kind)) addUnlessNull(block, parseCtrlStmt());
+    else if (kind == tkCase || kind == tkDefault) addUnlessNull(block, parseCase());
     else parseStatementWord(block);
 }
 
@@ -164,9 +174,6 @@ void TreeBuilder::parseStatementWord(BlockNode& block) {
         addNotes(block);
         if (type(at_) == tkStringLiteral) ++at_;
         return;
-    case tkCase: case tkDefault:
-        addUnlessNull(block, parseCase());
-        return;
     case tkAsm:
         addUnlessNull(block, parseAsm());
         return;
@@ -179,8 +186,7 @@ void TreeBuilder::parseStatementWord(BlockNode& block) {
     const int next = nextType(at_);
     if (isAsm(at_)) addUnlessNull(block, parseAsm());
     else if (next == tkColon) addUnlessNull(block, parseLabel());
-    else if (next == tkSemicolon || next == tkAsterisk || next == tkAmpersand || next == tkLess || next == tkIdentifier)
-        parseDataStatement(block, Declarators::Apart);
+    else if (next == tkSemicolon || startsDataBehindName(next)) parseDataStatement(block, Declarators::Apart);
     else addUnlessNull(block, parseExpressionStatement());
 }
 
@@ -224,13 +230,13 @@ bool TreeBuilder::continues(int keyword, bool directiveBetween, Index next) cons
 
 TreeBuilder::NodePtr TreeBuilder::parseCtrlStmt() {
     at_ = sig(at_);
-    if (!isControl(type(at_))) {
+    if (!isControl(type(skipAttributes(at_)))) {
         report(11, at_++);
         return nullptr;
     }
     auto statement = std::make_unique<CtrlStmtNode>();
     for (int before = tkEnd;;) {
-        const int keyword = type(at_);
+        const int keyword = type(skipAttributes(sig(at_)));
         Ptr<CtrlSubStmtNode> part = parseCtrlSub(before);
         if (!part) return nullptr;
         statement->append(std::move(part));
@@ -245,7 +251,7 @@ TreeBuilder::NodePtr TreeBuilder::parseCtrlStmt() {
 
 /// One part of a control statement, the one in front of which began with the keyword `before`.
 TreeBuilder::Ptr<CtrlSubStmtNode> TreeBuilder::parseCtrlSub(int before) {
-    const int keyword = type(sig(at_));
+    const int keyword = type(skipAttributes(sig(at_)));
     Ptr<CtrlSubStmtHeadNode> head = parseCtrlSubHead();
     if (!head) return nullptr;
     Ptr<BlockNode> block;
@@ -254,6 +260,8 @@ TreeBuilder::Ptr<CtrlSubStmtNode> TreeBuilder::parseCtrlSub(int before) {
         head->setEnd(t_.end(next));
         at_ = next + 1;
     } else if (keyword != tkWhile || before != tkDo) { // a macro may end in "while (0)" and leave the ";" out
+        const Index body = skipAttributes(next); // "[[likely]] {": as a statement it would be the whole body
+        if (type(body) == tkOpenBrace) at_ = body;
         block = parseBlock();
         if (block->start().isNone()) block.reset();
     }
@@ -261,13 +269,13 @@ TreeBuilder::Ptr<CtrlSubStmtNode> TreeBuilder::parseCtrlSub(int before) {
 }
 
 TreeBuilder::Ptr<CtrlSubStmtHeadNode> TreeBuilder::parseCtrlSubHead() {
-    at_ = sig(at_);
-    const Index keyword = at_;
+    const Index first = sig(at_);
+    const Index keyword = skipAttributes(first);
     const int kind = type(keyword);
     const bool bare = kind == tkElse || kind == tkDo || kind == tkTry;
     const Index last = bare ? keyword : lastOfKeyword(keyword);
     at_ = last + 1;
-    auto head = std::make_unique<CtrlSubStmtHeadNode>(new KeywordNode(kind, t_.start(keyword), t_.end(last)), nullptr);
+    auto head = std::make_unique<CtrlSubStmtHeadNode>(new KeywordNode(kind, t_.start(first), t_.end(last)), nullptr);
     if (kind == tkTry) takeTryInits(*head);
     if (bare) return head;
     const Index open = sig(at_);
@@ -327,8 +335,8 @@ TreeBuilder::Ptr<ExprNode> TreeBuilder::parseCondition() {
 }
 
 TreeBuilder::NodePtr TreeBuilder::parseCase() {
-    const Index keyword = at_;
-    auto word = std::make_unique<KeywordNode>(type(keyword), t_.start(keyword), t_.end(keyword));
+    const Index keyword = skipAttributes(at_);
+    auto word = std::make_unique<KeywordNode>(type(keyword), t_.start(at_), t_.end(keyword));
     const Index first = nextSig(keyword);
     if (type(keyword) == tkDefault) {
         at_ = keyword + 1;

@@ -36,6 +36,13 @@ const ParseCase kData[] = {
     {"EmptyStructBraceInit", "struct stat st{};", "Root{DataDecl{Type'struct stat' Id'st' Expr'{ }'}}"},
     {"BasesWithoutBody", "class X : public Y;", "Root{DataDecl{Type'class X : public' Id'Y'}}"},
     {"TypeAttribute", "alignas(16) int x;", "Root{DataDecl{Type'alignas ( 16 ) int' Id'x'}}"},
+    {"TypeWithArgument", "_Atomic(int) a; unsigned _BitInt(3) b; typeof_unqual(c) d;",
+     "Root{DataDecl{Type'_Atomic ( int )' Id'a'} DataDecl{Type'unsigned _BitInt ( 3 )' Id'b'} "
+     "DataDecl{Type'typeof_unqual ( c )' Id'd'}}"},
+    // A blank between the template and its member would be no error, but no name either.
+    {"MemberOfTemplate", "int A<T>::x = 3; B<U>::C<V>::y; std::map<int, int>::iterator z;",
+     "Root{DataDecl{Type'int' Id'A < T > ::x' Expr'= 3'} DataDecl{Id'B < U > ::C < V > ::y'} "
+     "DataDecl{Type'std::map < int , int > ::iterator' Id'z'}}"},
     {"TypedefOfKeyword", "typedef int bool;", "Root{DataDecl{Type'typedef int' Id'bool'}}"},
 };
 INSTANTIATE_TEST_SUITE_P(Data, Declarations, testing::ValuesIn(kData), [](const auto& row) { return row.param.name; });
@@ -93,6 +100,7 @@ const MessageCase kMessages[] = {
     {"MacroAtClassEnd", "struct S { int a; PADDING };", ""},
     {"OpenParen", "int f(int a;", "1:12 Unexpected EOF found.; 1:1 The statement cannot be parsed."},
     {"MixedBitfields", "struct S { int a : 3, b, : 4, *c, d[2]; int : 0; };", ""},
+    {"WidthOfAnyKind", "struct S { int a : (8); int b : 'c'; };", ""},
     {"ExpressionAsWidth", "struct S { int a : (8 - 3); int b : sizeof(x) * 8; int NAME(c) : 1; };", ""},
 };
 INSTANTIATE_TEST_SUITE_P(Rows, DeclarationMessages, testing::ValuesIn(kMessages), [](const auto& row) { return row.param.name; });

@@ -109,6 +109,16 @@ const ParseCase kTails[] = {
     {"GnuAttributes", "extern int g(int) __THROW __attribute__ ((x)) __nonnull ((1));\nint a;",
      "Root{FunctionDecl{FunctionHead{Return'extern int' Id'g' ParameterList{Parameter'int'}}} DataDecl{Type'int' Id'a'}}"},
     {"AsmLabel", "int f(void) __asm__(\"g\");", "Root{FunctionDecl{FunctionHead{Return'int' Id'f' ParameterList{Parameter'void'}}}}"},
+    // A macro with an argument in the place of a specifier or a type is no function of its own.
+    {"SpecifierMacro", "static API(x) int f(int a) { }",
+     "Root{FunctionDecl{FunctionHead{Return'static API ( x ) int' Id'f' ParameterList{Parameter'int a'}} Block}}"},
+    {"TypeMacro", "PUBLIC(const char *) f(int a) { } STDMETHODIMP_(ULONG) A::f() { }",
+     "Root{FunctionDecl{FunctionHead{Return'PUBLIC ( const char * )' Id'f' ParameterList{Parameter'int a'}} Block} "
+     "FunctionDecl{FunctionHead{Return'STDMETHODIMP_ ( ULONG )' Id'A::f' ParameterList} Block}}"},
+    {"MacroNameWithTail", "int __f(A a) noexcept(B(a)) { } int __g(void) __must_hold(x) { } int F(a) int a; { }",
+     "Root{FunctionDecl{FunctionHead{Return'int' Id'__f' ParameterList{Parameter'A a'}} Block} "
+     "FunctionDecl{FunctionHead{Return'int' Id'__g' ParameterList{Parameter'void'}} Block} "
+     "FunctionDecl{FunctionHead{Return'int' Id'F' ParameterList{Parameter'a'}}} DataDecl{Type'int' Id'a'} Block}"},
     {"FunctionTry", "int f() try { return 0; } catch (...) { }",
      "Root{FunctionDecl{FunctionHead{Return'int' Id'f' ParameterList}} CtrlStmt{CtrlSubStmt{Head{Keyword'try'} "
      "Block{Expr'return 0;'}} CtrlSubStmt{Head{Keyword'catch' Expr} Block}}}"},

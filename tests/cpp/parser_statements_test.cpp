@@ -45,6 +45,17 @@ const ParseCase kControl[] = {
     // A label of a single statement stays with it: as a sibling it would end the "if".
     {"LabelAsBody", "if (x) again: a(); else b();",
      "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{Expr'again : a;'}} CtrlSubStmt{Head{Keyword'else'} Block{Expr'b;'}}}}"},
+    // As a statement of its own an attribute would be the whole body.
+    {"AttributeBeforeBody", "if (a) [[likely]] { b(); } else [[unlikely]] { c(); } do [[likely]] { } while (d);",
+     "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{Expr'b;'}} CtrlSubStmt{Head{Keyword'else'} Block{Expr'c;'}}} "
+     "CtrlStmt{CtrlSubStmt{Head{Keyword'do'} Block} CtrlSubStmt{Head{Keyword'while' Expr}}}}"},
+    {"AttributeBeforeElseIf", "if (a) b(); else [[unlikely]] if (c) d(); else e();",
+     "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{Expr'b;'}} CtrlSubStmt{Head{Keyword'else'} "
+     "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{Expr'd;'}} CtrlSubStmt{Head{Keyword'else'} Block{Expr'e;'}}}}}}}"},
+    {"AttributeAsStatement", "[[fallthrough]]; [[x]] a(); [[x]] int b = 1; [[x]] A c; [[x]] struct D { } e;",
+     "Block{Expr'[ [ fallthrough ] ];' Expr'[ [ x ] ] a;' DataDecl{Type'[ [ x ] ] int' Id'b' Expr'= 1'} "
+     "DataDecl{Type'[ [ x ] ] A' Id'c'} ClassDecl{ClassHead{ClassName'struct|[ [ x ] ] D'} ClassBody} DataDecl{Id'e'}}"},
+    {"NestedMessageIsNoAttribute", "[[a b] c];", "Block{Expr'[ [ a b ] c ];'}"},
     {"DeclaratorsAsBody", "if (x) a * b, c; else d;",
      "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{DataDecl{Type'a *' Id'b'}}} "
      "CtrlSubStmt{Head{Keyword'else'} Block{Expr'd;'}}}}"},
@@ -57,6 +68,8 @@ const ParseCase kLabels[] = {
      "Case{Keyword'default'}}}}}"},
     {"FirstColonEndsCase", "switch (x) { case A ? B : C: a(); }",
      "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'switch' Expr} Block{Case{Keyword'case' Expr'A ? B'} Label{Id'C'} Expr'a;'}}}}"},
+    {"AttributeBeforeCase", "switch (x) { [[likely]] case 1: a(); }",
+     "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'switch' Expr} Block{Case{Keyword'case' Expr'1'} Expr'a;'}}}}"},
     {"ColonInParens", "switch (x) { case (a ? b : c): d(); }",
      "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'switch' Expr} Block{Case{Keyword'case' Expr'( a ? b : c )'} Expr'd;'}}}}"},
     {"Range", "switch (x) { case 1 ... 5: d(); }",

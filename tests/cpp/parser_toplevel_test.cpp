@@ -109,6 +109,15 @@ const Row kRows[] = {
     {"LinkageBlockWithDirectives", "extern \"C\" {\n#ifdef X\n int f();\n#endif\n}",
      "Root{LinkageBlock{Expr'extern \"C\"' LinkageBlockBody{Directive'#ifdef X\n' "
      "FunctionDecl{FunctionHead{Return'int' Id'f' ParameterList}} Directive'#endif\n'}}}"},
+    {"ExportedBlock", "export { template <class T> void f(); namespace A { } }",
+     "Root{LinkageBlock{Expr'export' LinkageBlockBody{Template{Keyword'template' ParameterList{Parameter'class T'}} "
+     "FunctionDecl{FunctionHead{Return'void' Id'f' ParameterList}} NamespaceDecl{NamespaceHead'A' NamespaceBody}}}}"},
+    {"ExportedDeclarations", "export template <class T> class A { }; export int f(); export import a;",
+     "Root{Template{Keyword'template' ParameterList{Parameter'class T'}} ClassDecl{ClassHead{ClassName'class|A'} ClassBody} "
+     "FunctionDecl{FunctionHead{Return'export int' Id'f' ParameterList}} DataDecl{Type'export import' Id'a'}}"},
+    {"ExternTemplate", "extern template class A<int>; extern template void f<int>(int);",
+     "Root{DataDecl{Type'extern template class' Id'A < int >'} "
+     "FunctionDecl{FunctionHead{Return'extern template void' Id'f < int >' ParameterList{Parameter'int'}}}}"},
     {"ExternData", "extern int a;",
      "Root{DataDecl{Type'extern int' Id'a'}}"},
 };
@@ -125,5 +134,16 @@ TEST_P(ParserTopLevel, BuildsTree) {
 
 INSTANTIATE_TEST_SUITE_P(Parser, ParserTopLevel, testing::ValuesIn(kRows),
                          [](const auto& row) { return std::string(row.param.name); });
+
+// What stands in front of the keyword belongs to the construct, so that its content is laid out from there.
+TEST(SpecifiedConstructs, StartAtTheirSpecifier) {
+    for (const char* source : {"export namespace A { }", "inline namespace A { }", "export inline namespace A { }",
+                               "export template <class T>", "export extern \"C\" { }"}) {
+        SCOPED_TRACE(source);
+        Parsed parsed(source);
+        ASSERT_EQ(parsed.root.size(), 1u);
+        EXPECT_EQ(coveredText(parsed, *parsed.root.child(0)), source);
+    }
+}
 
 } // namespace
