@@ -124,7 +124,7 @@ std::string manualPage(const Document& document, const ManualHeader& header) {
     for (const Block& block : document.blocks) std::visit(body, block);
     const std::string name(header.name);
     std::string page = ".TH " + asArgument(upper(roffText(name))) + ' ' + std::to_string(header.section) + " \"\" " +
-        asArgument(roffText(header.product)) + " \"Kerfline\"\n.nh\n.ad l\n";
+        asArgument(roffText(header.product)) + " \"Kerfline\"\n.nr HY 0\n.ad l\n";
     page += ".SH NAME\n" + roffText(name) + " \\- " + inlineRoff(document.title) + '\n';
     return page + body.take();
 }
