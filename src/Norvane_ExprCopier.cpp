@@ -88,10 +88,7 @@ void ExprCopier::indentLine(std::size_t lineBegin) {
 bool ExprCopier::isReplaceable(std::size_t index) const {
     if (index > 0 && tokens_.endsLine(index - 1)) return false;
     if (index < tokens_.size() && tokens_.kind(index) == Cpp::tkDirective) return false;
-    // "<=>" is one operator, though it comes as two tokens.
-    const bool inOperator = index > 0 && index < tokens_.size() && tokens_.kind(index - 1) == Cpp::tkLessEqual &&
-                            tokens_.kind(index) == Cpp::tkGreater && tokens_.gap(index).empty();
-    if (inOperator) return false;
+    if (index < tokens_.size() && tokens_.endsSpaceship(index)) return false;
     return isBlank(tokens_.gap(index));
 }
 

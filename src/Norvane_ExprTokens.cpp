@@ -135,11 +135,18 @@ void ExprTokens::classify() {
         if (kinds_[i] == Cpp::tkIdentifier) trimName(tokens_[i]);
         if (kinds_[i] == Cpp::tkOperator) nameOperator(i);
         if (kinds_[i] == Cpp::tkLess) hasAngles_ = true;
+        if (endsSpaceship(i)) kinds_[i] = Cpp::tkLessEqual;
         const bool spans = kinds_[i] == Cpp::tkStringLiteral || kinds_[i] == Cpp::tkBlockComment;
         if (spans && token(i).find('\n') != std::string_view::npos) {
             multiLineTokens_.push_back(i);
         }
     }
+}
+
+/// "<=>" is one operator, though it comes as two tokens.
+bool ExprTokens::endsSpaceship(std::size_t index) const {
+    return index > 0 && tokens_[index].type == Cpp::tkGreater && tokens_[index - 1].type == Cpp::tkLessEqual &&
+           gap(index).empty();
 }
 
 /// A name that ends in "::" has the white space behind it in its range; here that is a gap.

@@ -48,7 +48,8 @@ public:
     std::string_view text() const { return text_; }
     std::size_t size() const { return tokens_.size(); }
     /// What a token stands for: its type, but tkIdentifier for each part of an operator's name
-    /// ("operator", "<"), and tkGreater for a ">>" that closes template arguments.
+    /// ("operator", "<"), tkGreater for a ">>" that closes template arguments, and tkLessEqual for both
+    /// tokens of a "<=>".
     int kind(std::size_t index) const { return kinds_[index]; }
     std::size_t begin(std::size_t index) const { return tokens_[index].begin; }
     std::size_t end(std::size_t index) const { return tokens_[index].end; }
@@ -69,6 +70,8 @@ public:
     bool endsLine(std::size_t index) const;
     /// The token spans lines.
     bool spansLines(std::size_t index) const { return token(index).find('\n') + 1 < token(index).size(); }
+    /// The token is the ">" of a "<=>".
+    bool endsSpaceship(std::size_t index) const;
     /// String literals and block comments that hold a line feed, in order.
     const std::vector<std::size_t>& multiLineTokens() const { return multiLineTokens_; }
 

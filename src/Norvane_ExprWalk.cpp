@@ -12,7 +12,7 @@ using Base = CppExprFormatterBase;
 bool isOperandKeyword(int kind) {
     switch (kind) {
     case Cpp::tkThrow: case Cpp::tkReturn: case Cpp::tkCase: case Cpp::tkElse: case Cpp::tkDo:
-    case Cpp::tkDelete: case Cpp::tkSizeof:
+    case Cpp::tkDelete: case Cpp::tkSizeof: case Cpp::tkGoto:
         return true;
     default:
         return false;
