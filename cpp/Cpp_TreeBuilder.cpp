@@ -10,14 +10,15 @@ namespace Cpp {
 
 using Index = TreeBuilder::Index;
 
-void TreeBuilder::report(std::int32_t code, Index at) {
-    if (refused_) return;
-    messages_.push_back({Trn::kSeverityError, t_.start(at), code, Parser::messageText(code)});
-}
+void TreeBuilder::report(std::int32_t code, Index at) { addMessage(code, Parser::messageText(code), at); }
 
-void TreeBuilder::report(std::string text, Index at) {
+void TreeBuilder::report(std::string text, Index at) { addMessage(0, std::move(text), at); }
+
+/// What is missing at the end of the text is missing behind its last token: an editor can go there.
+void TreeBuilder::addMessage(std::int32_t code, std::string text, Index at) {
     if (refused_) return;
-    messages_.push_back({Trn::kSeverityError, t_.start(at), 0, std::move(text)});
+    const Trn::Position place = t_.start(type(at) == tkEnd ? lastTaken(at) : at);
+    messages_.push_back({Trn::kSeverityError, place, code, std::move(text)});
 }
 
 /// The last token in front of `before`; the end itself in a text without tokens.

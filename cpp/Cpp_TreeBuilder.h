@@ -78,6 +78,7 @@ private:
     // Reporting.
     void report(std::int32_t code, Index at);
     void report(std::string text, Index at);
+    void addMessage(std::int32_t code, std::string text, Index at);
     void reportEnd(Index before) { report(1, lastTaken(before)); }
     Index lastTaken(Index before) const;
     bool tooDeep(Index at);
