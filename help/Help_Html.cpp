@@ -1,6 +1,7 @@
 #include "help/Help_Html.h"
 
 #include "help/Help_Difference.h"
+#include "help/Help_Topic.h"
 
 namespace Help {
 
@@ -25,12 +26,20 @@ std::string element(std::string_view name, std::string_view content) {
     return std::string("<").append(name).append(">").append(content).append("</").append(name).append(">");
 }
 
+/// The name of an option leads to where it is explained.
+std::string codeHtml(std::string_view code) {
+    const std::string html = element("code", escaped(code));
+    const Topic* topic = topicOf(code);
+    if (!topic) return html;
+    return std::string("<a href=\"").append(topic->file).append("#").append(code).append("\">") + html + "</a>";
+}
+
 std::string inlineHtml(std::string_view text) {
     std::string html;
     for (const Piece& piece : inlinePieces(text)) {
         switch (piece.kind) {
         case Piece::Kind::text: html += escaped(piece.text); break;
-        case Piece::Kind::code: html += element("code", escaped(piece.text)); break;
+        case Piece::Kind::code: html += codeHtml(piece.text); break;
         case Piece::Kind::link:
             html += "<a href=\"" + escaped(piece.target) + "\">" + inlineHtml(piece.text) + "</a>";
             break;
