@@ -65,7 +65,8 @@ void ExprWalk::run(const OptionalString* separator) {
     frames_.clear();
     ExprFrame text;
     text.end = tokens_.size();
-    text.declaration = separator != nullptr;
+    // What an explicit instantiation names is declared like any other function or class.
+    text.declaration = separator != nullptr || (text.end > 0 && tokens_.kind(0) == Cpp::tkTemplate);
     text.separator = separator && separator->set ? separator : nullptr;
     frames_.push_back(text);
     while (at_ < frame().end || frames_.size() > 1) {

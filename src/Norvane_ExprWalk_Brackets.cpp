@@ -38,6 +38,12 @@ bool startsLambda(const ExprTokens& tokens, std::size_t open) {
     }
 }
 
+/// The parameters of a "requires" expression, whose braces follow.
+bool holdsRequirementParams(const ExprTokens& tokens, std::size_t open, std::size_t close) {
+    return open > 0 && close + 1 < tokens.size() && tokens.token(open - 1) == "requires" &&
+           tokens.kind(close + 1) == Cpp::tkOpenBrace;
+}
+
 /// The head of a statement, behind which another statement starts.
 bool isCondition(const ExprTokens& tokens, std::size_t open) {
     if (open == 0) return false;
@@ -100,6 +106,7 @@ bool ExprWalk::declaresInGroup(ExprGroup group, std::size_t open, std::size_t cl
     default: break;
     }
     if (group == ExprGroup::kParens && open == lambdaParams_) return true;
+    if (group == ExprGroup::kCall && holdsRequirementParams(tokens_, open, close)) return true;
     if (!frame().declaration) return false;
     return (group == ExprGroup::kParens && !frame().assigned) || holdsTypeKeyword(tokens_, open, close);
 }

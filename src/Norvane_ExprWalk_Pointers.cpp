@@ -60,7 +60,8 @@ void ExprWalk::anchorPointer(const PointerStyle& style, std::size_t first, std::
     const int column = output_.column();
     const OptionalString* const separator = frame().separator;
     // A line that breaks behind the type breaks behind its marks.
-    const bool atType = style.anchor == PointerAnchor::kAtType || (separator && separator->breaksLine());
+    const bool breaksBehind = separator ? separator->breaksLine() : hasLineFeed(after);
+    const bool atType = style.anchor == PointerAnchor::kAtType || breaksBehind;
     std::string_view narrow = atType ? before : after;
     std::string_view wide = atType ? after : before;
     if (isWider(narrow, wide, column, output_.tabSize())) std::swap(narrow, wide);

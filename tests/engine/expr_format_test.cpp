@@ -368,7 +368,11 @@ TEST(Pointers, StandInFrontOfALineThatTheTypeEnds) {
 TEST(Pointers, OfADeclarationInsideAnExpressionAreMarks) {
     const TextCase cases[] = {{"[](const T* x) { char const* y=x; }", "[](const T *x) { char const *y = x; }"},
                               {"f(a, [&](T& x) { return *x; })", "f(a, [&](T &x) { return *x; })"},
-                              {"sizeof(char*)", "sizeof(char *)"}};
+                              {"sizeof(char*)", "sizeof(char *)"},
+                              {"template A & operator<<(A & a, int);", "template A &operator<<(A &a, int);"},
+                              {"template A *\nf(B *);", "template A*\nf(B *);"},
+                              {"requires(T & t) { t & u; }", "requires(T &t) { t & u; }"},
+                              {"requires (t & u)", "requires (t & u)"}};
     expectLaidOut(anchored("1"), cases);
 }
 
