@@ -102,7 +102,7 @@ private:
         while (end < pattern_.size() && pattern_[end] == '*') ++end;
         const bool startsName = p_ == 0 || pattern_[p_ - 1] == '/';
         const bool endsName = end == pattern_.size() || pattern_[end] == '/';
-        if (end - p_ == 2 && startsName && endsName) {
+        if (end - p_ >= 2 && startsName && endsName) {
             takeFolders(end);
         } else {
             p_ = end;
@@ -132,7 +132,9 @@ private:
             if (!bracket.read(static_cast<unsigned char>(c)) || c == '/' || !bracket.fits()) return false;
             next = bracket.end();
         } else {
-            const bool isEscaped = pattern_[p_] == '\\' && next < pattern_.size();
+            const bool isEscaped = pattern_[p_] == '\\';
+            // A backslash that guards nothing stands for nothing.
+            if (isEscaped && next == pattern_.size()) return false;
             if (pattern_[isEscaped ? next++ : p_] != c) return false;
         }
         p_ = next;
@@ -206,11 +208,19 @@ void IgnoreFile::add(std::string_view line, std::size_t number) {
     patterns_.push_back(std::move(pattern));
 }
 
+/// Git compares what stands in front of the first special character by itself, so that a "**" behind
+/// it counts as one behind a slash.
+bool IgnoreFile::fits(const Pattern& pattern, std::string_view path) {
+    if (!pattern.isAnchored) return matchesPath(pattern.text, nameOf(path));
+    const std::size_t plain = std::min(pattern.text.find_first_of("*?[\\"), pattern.text.size());
+    if (path.substr(0, plain) != std::string_view(pattern.text).substr(0, plain)) return false;
+    return matchesPath(std::string_view(pattern.text).substr(plain), path.substr(plain));
+}
+
 IgnoreFile::Match IgnoreFile::match(std::string_view path, bool isFolder) const {
-    const std::string_view name = nameOf(path);
     for (auto pattern = patterns_.rbegin(); pattern != patterns_.rend(); ++pattern) {
         if (pattern->foldersOnly && !isFolder) continue;
-        if (!matchesPath(pattern->text, pattern->isAnchored ? path : name)) continue;
+        if (!fits(*pattern, path)) continue;
         return {pattern->isNegated ? Verdict::kept : Verdict::ignored, pattern->line};
     }
     return {};

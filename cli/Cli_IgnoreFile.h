@@ -41,6 +41,7 @@ private:
         bool isAnchored = false;
     };
 
+    static bool fits(const Pattern& pattern, std::string_view path);
     void add(std::string_view line, std::size_t number);
 
     std::vector<Pattern> patterns_;

@@ -18,7 +18,7 @@ struct StatusCase {
 
 const StatusCase kStatuses[] = {
     {"Done", {}, "int a;\n", 0},
-    {"WouldChange", {"--check", "-"}, "int  a;\nint b=  1;\n", 1},
+    {"WouldChange", {"--check", "-"}, kUntidy, 1},
     {"WouldPatch", {"--diff", "-"}, kUntidy, 1},
     {"WrongUse", {"--chekc"}, "", 2},
     {"WrongScheme", {"--scheme", "knrr"}, "", 2},
