@@ -1,0 +1,83 @@
+#include "ui/qt/NorvaneQt_SchemesView.h"
+
+#include "ui/qt/NorvaneQt_PageList.h"
+#include "ui/qt/NorvaneQt_PageView.h"
+#include "ui/qt/NorvaneQt_PreviewPane.h"
+#include "ui/qt/NorvaneQt_SchemeBar.h"
+
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace NorvaneQt {
+
+SchemesView::SchemesView(NorvaneUI::StylesDlg& dialog, QWidget* parent)
+    : QWidget(parent), dialog_(dialog), bar_(new SchemeBar(dialog, this)), list_(new PageList(this)),
+      stack_(new QStackedWidget), preview_(new PreviewPane(dialog.sheet(), this)),
+      runner_(dialog.sheet().preview().newest(), [this](const NorvaneUI::PreviewResult& result) {
+          if (dialog_.sheet().finishPreview(result)) preview_->refresh();
+      }) {
+    auto* splitter = new QSplitter;
+    splitter->addWidget(list_);
+    splitter->addWidget(stack_);
+    splitter->addWidget(preview_);
+    splitter->setStretchFactor(2, 1);
+    splitter->setChildrenCollapsible(false);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(bar_);
+    column->addWidget(splitter, 1);
+    list_->setPageAction([this](NorvaneUI::PageId id) { selectPage(id); });
+    list_->setOptionAction([this](const std::string& option) { goTo(option); });
+    dialog.setListAction([this] { refresh(); });
+    dialog.sheet().setPreviewAction([this](NorvaneUI::PreviewJob job) { runner_.start(std::move(job)); });
+    refresh();
+}
+
+SchemesView::~SchemesView() {
+    dialog_.setListAction({});
+    dialog_.sheet().setPreviewAction({});
+}
+
+PageView& SchemesView::pageView(NorvaneUI::PageId id) {
+    PageView*& view = views_[static_cast<std::size_t>(id)];
+    if (view == nullptr) {
+        view = new PageView(dialog_.sheet().page(id), stack_);
+        stack_->addWidget(view);
+    }
+    return *view;
+}
+
+void SchemesView::refresh() {
+    bar_->refresh();
+    const NorvaneUI::PageId id = dialog_.sheet().currentPageId();
+    list_->showPage(id);
+    PageView& view = pageView(id);
+    view.refresh();
+    stack_->setCurrentWidget(&view);
+    preview_->setVisible(dialog_.sheet().isPreviewShown());
+    preview_->refresh();
+    if (refreshAction_) refreshAction_();
+}
+
+void SchemesView::selectPage(NorvaneUI::PageId id) {
+    dialog_.sheet().selectPage(id);
+    refresh();
+}
+
+void SchemesView::goTo(const std::string& option) {
+    dialog_.sheet().selectOption(option);
+    refresh();
+}
+
+void SchemesView::focusOption(std::string_view option) {
+    refresh();
+    pageView(dialog_.sheet().currentPageId()).focusOption(option);
+}
+
+void SchemesView::focusSearch() { list_->focusSearch(); }
+
+void SchemesView::save() { bar_->save(); }
+
+} // namespace NorvaneQt
