@@ -103,11 +103,7 @@ void CppFormatter::writeDataType(std::string_view text, const DataLine& line) {
     }
     const GapEnd end = splitGapEnd(text, option.value);
     exprFormatter_.formatDeclarationTo(end.kept, output_, option);
-    if (!options_.alignDdInitializers || !hasLineFeed(end.value)) return writeAtBase(end.value, line.column);
-    // Two lines could not be lined up.
-    std::string value(end.value);
-    std::replace(value.begin(), value.end(), '\n', ' ');
-    writeAtBase(value, line.column);
+    writeAtBase(end.value, line.column);
 }
 
 void CppFormatter::writeAlignedName(const Cpp::DataDeclNode& node, DataLine& line) {

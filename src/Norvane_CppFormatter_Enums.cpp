@@ -30,13 +30,19 @@ void CppFormatter::visit(Cpp::EnumBodyNode& node) {
     writeCloseBrace(node, style);
 }
 
+// A value between the elements that breaks no line joins those that no line comment and no directive
+// keeps apart.
 bool CppFormatter::onSeparateLines(const Cpp::EnumBodyNode& node) const {
     if (options_.wsBeforeEnumComma.breaksLine() || options_.wsBetweenEnumElements.breaksLine()) return true;
     std::uint32_t last = 0;
+    bool endsLine = true;
     for (auto it = node.childBegin(); it != node.childEnd(); ++it) {
         const std::uint32_t line = (*it)->start().line;
-        if (line == last) return false;
+        const bool isLineNote = isLineComment(**it) || isDirective(**it);
+        const bool joined = options_.wsBetweenEnumElements.set && !endsLine && !isLineNote;
+        if (line == last || joined) return false;
         last = line;
+        endsLine = isLineNote;
     }
     return true;
 }

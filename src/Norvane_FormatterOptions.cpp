@@ -124,12 +124,15 @@ void FormatterOptions::readStrings(const PropertySet& scheme) {
     }
 }
 
-// An alignment of parameters stands for a line of its own for each of them.
+// An alignment of parameters stands for a line of its own for each of them, and where initializers are
+// lined up the type and the name before them share a line.
 void FormatterOptions::readSwitches(const PropertySet& scheme) {
     for (const auto& row : kSwitches) this->*row.member = isTrue(scheme, row.name);
     const OptionalString lineFeedWs{true, "\n"};
     if (isTrue(scheme, "ALIGN_FN_PARAMS_LEFT")) wsBetweenFnParams = lineFeedWs;
     if (isTrue(scheme, "ALIGN_TP_PARAMS_LEFT")) wsBetweenTpParams = lineFeedWs;
+    std::string& afterType = wsAfterDdTypeId.value;
+    if (alignDdInitializers) std::replace(afterType.begin(), afterType.end(), '\n', ' ');
 }
 
 void FormatterOptions::readNumbers(const PropertySet& scheme) {
