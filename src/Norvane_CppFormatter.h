@@ -149,6 +149,7 @@ private:
     std::string_view sourceText() const { return source_.text(); }
     std::size_t offsetIn(std::string_view piece) const;
     char sourceChar(const Position& position) const;
+    std::string_view sourceFrom(const Position& position) const;
     bool isDirective(const Cpp::SyntaxNode& node) const;
     bool isNote(const Cpp::SyntaxNode& node) const;
     bool isLineComment(const Cpp::SyntaxNode& node) const;
@@ -180,7 +181,7 @@ private:
     bool ownsGap(const Cpp::SyntaxNode& child) const;
     Position lineOrStart(const Cpp::SyntaxNode& child) const;
     void padColumns(int count);
-    void padToColumn(int target, int indentWidth, bool hanging, char next);
+    void padToColumn(int target, int indentWidth, bool hanging, std::string_view next);
 
     // Where constructs begin.
     Base baseHere();

@@ -113,7 +113,9 @@ void CppFormatter::visit(Cpp::BaseClauseNode& node) {
     exprFormatter_.formatDeclarationTo(readThrough(node.end()), output_, options_.wsAfterParamTypeId);
 }
 
+// A comment in front of the brace belongs to the head, and stays at its indentation.
 void CppFormatter::visit(Cpp::ClassBodyNode& node) {
+    beginDeclaration(node);
     const bool outer = std::exchange(inClassBody_, true);
     writeBody(node, {options_.indentClassContent, options_.wsAfterClassOpenBrace, options_.wsBeforeClassCloseBrace});
     inClassBody_ = outer;

@@ -141,7 +141,7 @@ void CppFormatter::padName(const Cpp::DataDeclNode& node, DataLine& line, std::s
     const auto column = nameColumns_.find(&node);
     padToColumn(column == nameColumns_.end() ? 1 : column->second,
                 line.column.ofSource ? line.column.column : output_.indentWidth(), hanging,
-                tail.empty() ? sourceChar(next->start()) : tail.front());
+                tail.empty() ? sourceFrom(next->start()) : tail);
     line.nameColumn = output_.column();
     output_.write(tail);
 }

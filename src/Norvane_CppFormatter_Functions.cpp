@@ -92,7 +92,7 @@ void CppFormatter::writeNameWithoutType(FnHead& fn) {
     if (!fn.isDefinition && alignsFnNames() && !holdsComment(gap) && !sourceOwnsEdge()) {
         const auto column = fnNameColumns_.find(&fn.node);
         padToColumn(column == fnNameColumns_.end() ? 1 : column->second, output_.indentWidth(), false,
-                    sourceChar(fn.name.start()));
+                    sourceFrom(fn.name.start()));
     }
     if (!fn.hadTemplate) fn.column = baseHere();
 }
@@ -142,7 +142,7 @@ void CppFormatter::writeAlignedReturn(FnHead& fn, std::string_view text) {
     const auto column = fnNameColumns_.find(&fn.node);
     padToColumn(column == fnNameColumns_.end() ? 1 : column->second,
                 fn.column.ofSource ? fn.column.column : output_.indentWidth(), hanging,
-                tail.empty() ? sourceChar(fn.name.start()) : tail.front());
+                tail.empty() ? sourceFrom(fn.name.start()) : tail);
     output_.write(tail);
 }
 

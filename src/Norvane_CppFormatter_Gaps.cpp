@@ -17,6 +17,9 @@ constexpr std::size_t kNone = std::string_view::npos;
 // make the search for its start quadratic.
 constexpr int kLongestIndentedLine = 512;
 
+// Functions that follow each other on a line would each be indented further than the one in front.
+constexpr int kWidestBase = 4096;
+
 /// What is left of a value where the token in front has brought the first line feed along.
 std::string_view behindLineEnd(std::string_view value) {
     const std::size_t feed = value.find('\n');
@@ -48,6 +51,11 @@ std::size_t CppFormatter::offsetIn(std::string_view piece) const {
 char CppFormatter::sourceChar(const Position& position) const {
     const std::size_t offset = source_.offsetOf(position);
     return offset < source_.size() ? sourceText()[offset] : '\0';
+}
+
+std::string_view CppFormatter::sourceFrom(const Position& position) const {
+    const std::size_t offset = source_.offsetOf(position);
+    return offset < source_.size() ? sourceText().substr(offset) : std::string_view();
 }
 
 // Nothing but a directive can start with "#", and nothing but a comment with "/" and one of "/*".
@@ -156,9 +164,8 @@ CppFormatter::GapEnd CppFormatter::splitGapEnd(std::string_view gap, std::string
         end.value = behindLineEnd(value);
         return end;
     }
-    const char before = sourceText()[right - gone - 1];
-    const char behind = sourceText()[right];
-    if (gone > 0 && value.empty() && Cpp::needsBlank(before, behind)) end.value = " ";
+    const bool closes = gone > 0 && value.empty();
+    if (closes && Cpp::needsBlank(sourceText().substr(0, right - gone), sourceText().substr(right))) end.value = " ";
     if (splitsWord(gap)) end.value = {};
     return end;
 }
@@ -186,11 +193,10 @@ void CppFormatter::writeInPlace(std::string_view value) {
     output_.writeExact(value);
 }
 
-// A tab that is one column wide in the scheme is so nowhere else: blanks stand in for it.
 void CppFormatter::padColumns(int count) {
     const int tab = output_.tabSize();
     std::string ws;
-    if (output_.wsMode() != Zelmar::kWsTabsToSpaces && tab > 1) {
+    if (output_.wsMode() != Zelmar::kWsTabsToSpaces) {
         int column = output_.column() == 0 ? output_.indentWidth() : output_.column();
         for (int step = tab - column % tab; step <= count; step = tab) {
             ws.push_back('\t');
@@ -202,11 +208,10 @@ void CppFormatter::padColumns(int count) {
     output_.writeExact(ws);
 }
 
-void CppFormatter::padToColumn(int target, int indentWidth, bool hanging, char next) {
+void CppFormatter::padToColumn(int target, int indentWidth, bool hanging, std::string_view next) {
     int count = spacesToColumn(target, output_.column(), indentWidth, output_.tabSize());
     if (hanging) count = std::max(count - 1, 0);
-    const std::string& text = output_.text();
-    if (count == 0 && !text.empty() && Cpp::needsBlank(text.back(), next)) count = 1;
+    if (count == 0 && Cpp::needsBlank(output_.text(), next)) count = 1;
     padColumns(count);
 }
 
@@ -214,7 +219,7 @@ void CppFormatter::padToColumn(int target, int indentWidth, bool hanging, char n
 CppFormatter::Base CppFormatter::baseHere() {
     output_.sync();
     Base base;
-    base.column = output_.column() == 0 ? output_.indentWidth() : output_.column();
+    base.column = std::min(output_.column() == 0 ? output_.indentWidth() : output_.column(), kWidestBase);
     base.ofSource = sourceOwnsEdge();
     if (!base.ofSource || output_.column() > kLongestIndentedLine) return base;
     const std::string_view text = output_.text();

@@ -38,6 +38,7 @@ void CppFormatter::visit(Cpp::LinkageBlockNode& node) {
 }
 
 void CppFormatter::visit(Cpp::LinkageBlockBodyNode& node) {
+    beginDeclaration(node);
     writeBody(node, {options_.globalIndentContent, options_.globalWsAfterOpenBrace, options_.globalWsBeforeCloseBrace});
 }
 
