@@ -7,6 +7,7 @@ namespace Help {
 namespace {
 
 constexpr std::string_view kBodyIndent = "  ";
+constexpr std::string_view kSettingIndent = "    ";
 constexpr std::string_view kCodeIndent = "      ";
 constexpr std::string_view kShownTab = "--->";
 
@@ -108,16 +109,19 @@ public:
 
     void operator()(const Comparison& comparison) {
         startBlock();
-        text_.append(kBodyIndent).append("  ").append(comparison.setting);
-        if (!comparison.with.empty()) text_ += "   (with " + joinedLines(comparison.with) + ')';
-        text_ += "\n\n";
+        text_.append(kSettingIndent).append(comparison.setting).append("\n");
+        if (!comparison.with.empty()) {
+            text_.append(kSettingIndent).append("(with ").append(joinedLines(comparison.with)).append(")\n");
+        }
+        text_ += '\n';
         const Lines before = shownCode(comparison.before);
         const Lines after = shownCode(comparison.after);
         constexpr std::size_t kDividerWidth = 5;
         if (kCodeIndent.size() + widthOf(before) + kDividerWidth + widthOf(after) <= kTextWidth) {
             text_ += sideBySide(before, after);
         } else {
-            text_ += "    without:\n" + indented(before, kCodeIndent) + "    with:\n" + indented(after, kCodeIndent);
+            text_.append(kSettingIndent).append("without:\n").append(indented(before, kCodeIndent));
+            text_.append(kSettingIndent).append("with:\n").append(indented(after, kCodeIndent));
         }
         const bool hasTab = (comparison.before + comparison.after).find('\t') != std::string::npos;
         if (hasTab) text_.append("\n").append(kCodeIndent).append("(").append(kShownTab).append(" is a tab)\n");

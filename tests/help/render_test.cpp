@@ -76,7 +76,7 @@ TEST(PlainText, PutsSidesThatFitBesideOneAnother) {
 TEST(PlainText, PutsWideSidesBelowOneAnother) {
     const std::string wide(50, 'x');
     EXPECT_EQ(Help::plainText({"", {Help::Comparison{"1 B 1\n", "1 A 1", wide + " a\n", wide + "\na\n"}}}),
-              "    1 A 1   (with 1 B 1)\n\n    without:\n      " + wide + " a\n    with:\n      " + wide + "\n      a\n");
+              "    1 A 1\n    (with 1 B 1)\n\n    without:\n      " + wide + " a\n    with:\n      " + wide + "\n      a\n");
 }
 
 TEST(PlainText, ShowsTabs) {

@@ -1,0 +1,88 @@
+#include "cli/Cli_Commands.h"
+#include "cli/Cli_HelpCommand.h"
+#include "cli/Cli_Options.h"
+#include "help/Help_Topic.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+using Cli::ExitStatus;
+
+struct Ran {
+    ExitStatus status = ExitStatus::done;
+    std::string out;
+    std::string err;
+};
+
+Ran run(const std::vector<std::string>& arguments) {
+    std::istringstream in;
+    std::ostringstream out;
+    std::ostringstream err;
+    const ExitStatus status = Cli::runHelpCommand(arguments, {in, out, err});
+    return {status, out.str(), err.str()};
+}
+
+TEST(HelpCommand, StartsWithTheSwitchesAndListsTheTopics) {
+    const Ran result = run({});
+    EXPECT_EQ(result.status, ExitStatus::done);
+    EXPECT_EQ(result.out.find(Cli::commandLineHelp()), 0U);
+    for (const std::string_view name : Help::topicNames()) {
+        EXPECT_NE(result.out.find("\n  " + std::string(name) + ' '), std::string::npos) << name;
+    }
+}
+
+TEST(HelpCommand, TellsOfTopicsOptionsAndCommands) {
+    const struct {
+        std::vector<std::string> arguments;
+        const char* start;
+    } rows[] = {
+        {{"Classes"}, "Classes\n=======\n"},
+        {{"Classes.htm"}, "Classes\n=======\n"},
+        {{"control", "statements"}, "Control Statements\n==================\n"},
+        {{"TAB_SIZE"}, "Tab size\n\n  Columns from one tab stop to the next.\n"},
+        {{"completion"}, "kerfline completion bash|zsh|fish\n"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.start);
+        const Ran result = run(row.arguments);
+        EXPECT_EQ(result.status, ExitStatus::done);
+        EXPECT_EQ(result.out.find(row.start), 0U) << result.out.substr(0, 100);
+        EXPECT_EQ(result.err, "");
+    }
+}
+
+TEST(HelpCommand, KeepsTextWithinATerminal) {
+    // Code is not broken; what surrounds it is.
+    constexpr std::size_t widest = 84;
+    for (const std::string_view name : Help::topicNames()) {
+        std::istringstream text(run({std::string(name)}).out);
+        for (std::string line; std::getline(text, line);) {
+            EXPECT_LE(line.size(), widest) << line;
+            EXPECT_FALSE(line.ends_with(' ')) << line;
+        }
+    }
+}
+
+TEST(HelpCommand, NamesTheNearestTopic) {
+    const struct {
+        std::vector<std::string> arguments;
+        const char* message;
+    } rows[] = {
+        {{"Clases"}, "kerfline: error: there is no help on \"Clases\"; did you mean \"kerfline help Classes\"?\n"},
+        {{"--html", "Enum"}, "kerfline: error: there is no help on \"Enum\"; did you mean \"kerfline help Enums\"?\n"},
+        {{"xylophone-quartet"},
+         "kerfline: error: there is no help on \"xylophone-quartet\"; kerfline help lists the topics\n"},
+        {{"--pdf"}, "kerfline: error: \"kerfline help\" knows \"--html\", and no \"--pdf\"\n"},
+    };
+    for (const auto& row : rows) {
+        const Ran result = run(row.arguments);
+        EXPECT_EQ(result.status, ExitStatus::badUsageOrScheme);
+        EXPECT_EQ(result.out, "");
+        EXPECT_EQ(result.err, row.message);
+    }
+}
+
+} // namespace

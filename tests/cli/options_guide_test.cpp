@@ -1,0 +1,77 @@
+#include "cli/Cli_OptionGuide.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+using Cli::ExitStatus;
+
+struct Ran {
+    ExitStatus status = ExitStatus::done;
+    std::string out;
+    std::string err;
+};
+
+Ran run(const std::vector<std::string>& arguments) {
+    std::istringstream in;
+    std::ostringstream out;
+    std::ostringstream err;
+    const ExitStatus status = Cli::runOptionsCommand(arguments, {in, out, err});
+    return {status, out.str(), err.str()};
+}
+
+TEST(OptionsCommand, ListsAllByFamily) {
+    const Ran result = run({});
+    EXPECT_EQ(result.status, ExitStatus::done);
+    const std::size_t family = result.out.find("\nEnums\n");
+    ASSERT_NE(family, std::string::npos);
+    EXPECT_LT(family, result.out.find("  INDENT_ENUM_CONTENT  (indent, default: not set)\n"));
+    EXPECT_NE(result.out.find("kerfline options NAME"), std::string::npos);
+}
+
+TEST(OptionsCommand, ExplainsOneWithAnExampleMadeNow) {
+    EXPECT_EQ(run({"WS_AFTER_CS_KEY"}).out,
+              "After the keyword\n\n"
+              "  White space between \"if\", \"for\", \"while\", \"switch\" or \"catch\" and the \"(\".\n\n"
+              "  Option   WS_AFTER_CS_KEY\n"
+              "  Kind     white space\n"
+              "  Values   the exact white space for the place: \" \" is one blank, \"\\n\" a new\n"
+              "           line, \"\\t\" a tab, \"\" nothing\n"
+              "  Not set  the place keeps the white space of the source\n\n"
+              "    3 WS_AFTER_CS_KEY \" \"\n\n"
+              "      void check()               |  void check()\n"
+              "      {                          |  {\n"
+              "          if(ready){ start(); }  |      if (ready){ start(); }\n"
+              "      }                          |  }\n\n"
+              "\"kerfline help ControlStatements\" tells of all options like it.\n");
+}
+
+TEST(OptionsCommand, ExplainsSeveralInTheOrderInWhichTheyAreNamed) {
+    const Ran result = run({"TAB_SIZE", "CLASS_DO_NOT_FORMAT"});
+    const std::size_t second = result.out.find("Option  CLASS_DO_NOT_FORMAT");
+    ASSERT_NE(second, std::string::npos) << result.out;
+    EXPECT_LT(result.out.find("TAB_SIZE"), second);
+}
+
+TEST(OptionsCommand, NamesTheNearestOfAMisspeltOne) {
+    const struct {
+        std::vector<std::string> arguments;
+        const char* message;
+    } rows[] = {
+        {{"WS_AFTER_CS_KEYS"},
+         "kerfline: error: unknown option \"WS_AFTER_CS_KEYS\"; did you mean \"WS_AFTER_CS_KEY\"?\n"},
+        {{"tab_size"}, "kerfline: error: unknown option \"tab_size\"; did you mean \"TAB_SIZE\"?\n"},
+        {{"TAB_SIZE", "zzzzzzzz"}, "kerfline: error: unknown option \"zzzzzzzz\"; kerfline options lists all\n"},
+        {{"--all"}, "kerfline: error: \"kerfline options\" takes names of options, and no \"--all\"\n"},
+    };
+    for (const auto& row : rows) {
+        const Ran result = run(row.arguments);
+        EXPECT_EQ(result.status, ExitStatus::badUsageOrScheme);
+        EXPECT_EQ(result.out, "");
+        EXPECT_EQ(result.err, row.message);
+    }
+}
+
+} // namespace
