@@ -16,14 +16,14 @@ void SchemeEdit::change(Norvane::PropertySet scheme, std::string_view option, bo
     constexpr std::size_t mostSteps = 500;
     const bool goesOn = typing && typing_ && !undo_.empty() && undo_.back().option == option;
     if (!goesOn) undo_.push_back({std::move(scheme_), std::string(option)});
-    if (undo_.size() > mostSteps) undo_.erase(undo_.begin());
+    if (undo_.size() > mostSteps) undo_.pop_front();
     redo_.clear();
     scheme_ = std::move(scheme);
     typing_ = typing;
 }
 
 /// Swaps the present scheme against the last one of `from`.
-std::string SchemeEdit::take(std::vector<Step>& from, std::vector<Step>& to) {
+std::string SchemeEdit::take(Steps& from, Steps& to) {
     typing_ = false;
     if (from.empty()) return {};
     Step step = std::move(from.back());
@@ -42,7 +42,7 @@ void SchemeEdit::revert() { restart(original_); }
 void SchemeEdit::restart(Norvane::PropertySet scheme) { *this = SchemeEdit(std::move(scheme)); }
 
 void SchemeEdit::rename(const std::string& name) {
-    for (std::vector<Step>* steps : {&undo_, &redo_}) {
+    for (Steps* steps : {&undo_, &redo_}) {
         for (Step& step : *steps) step.scheme = renamedScheme(step.scheme, name);
     }
     scheme_ = renamedScheme(scheme_, name);

@@ -4,10 +4,10 @@
 #include "src/Norvane_PropertySet.h"
 #include "ui/NorvaneUI_OptionValue.h"
 
+#include <deque>
 #include <map>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace NorvaneUI {
 
@@ -54,12 +54,14 @@ private:
         std::string option;
     };
 
-    std::string take(std::vector<Step>& from, std::vector<Step>& to);
+    using Steps = std::deque<Step>;
+
+    std::string take(Steps& from, Steps& to);
 
     Norvane::PropertySet original_;
     Norvane::PropertySet scheme_;
-    std::vector<Step> undo_;
-    std::vector<Step> redo_;
+    Steps undo_;
+    Steps redo_;
     bool typing_ = false;
     std::map<std::string, Shelf> shelves_;
 };

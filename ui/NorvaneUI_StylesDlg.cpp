@@ -55,7 +55,8 @@ void StylesDlg::selectInitial() {
 }
 
 void StylesDlg::takeFromFolder(Entry& entry, const SchemeEntry& found) {
-    if (!isSameScheme(entry.edit.scheme(), found.scheme)) entry.edit.restart(found.scheme);
+    if (isSameScheme(entry.edit.scheme(), found.scheme)) entry.edit.markSaved();
+    else entry.edit.restart(found.scheme);
     entry.origin = Origin::folder;
     entry.base = found.scheme;
     entry.builtIn = found.readOnly;
@@ -95,6 +96,16 @@ std::vector<StylesDlg::Item> StylesDlg::items() const {
 std::string StylesDlg::currentShown() const {
     const auto entry = entries_.find(current_);
     return entry == entries_.end() ? std::string() : shownName(current_, entry->second.isUnsaved());
+}
+
+std::vector<std::string> StylesDlg::warnings() const {
+    std::vector<std::string> result;
+    std::map<std::string, std::string> used;
+    for (const auto& [file, scheme] : store_.files()) {
+        const auto [first, added] = used.try_emplace(scheme, file);
+        if (!added) result.push_back(filled(Texts::kSameName, {first->second, file, scheme, first->second}));
+    }
+    return result;
 }
 
 StylesDlg::Entry* StylesDlg::currentEntry() {

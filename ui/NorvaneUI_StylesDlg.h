@@ -51,6 +51,9 @@ public:
     const std::string& current() const { return current_; }
     /// As the list shows it.
     std::string currentShown() const;
+    /// What is odd about the folder, in words for the user: files with schemes of the same name, of
+    /// which only one can be in use.
+    std::vector<std::string> warnings() const;
     /// Called when the list has changed.
     void setListAction(std::function<void()> action);
 
@@ -135,6 +138,7 @@ private:
     // Saving.
     std::vector<SchemeChange> changes() const;
     void takeSaved(const std::vector<SchemeChange>& changes, const std::set<std::string>& dropped);
+    void rememberRename(const std::string& before, const std::string& after);
     void dropEdits(const std::string& name);
 
     // The folder.

@@ -160,7 +160,7 @@ void StylesDlg::takeSaved(const std::vector<SchemeChange>& changes, const std::s
     }
     erased_.clear();
     for (const auto& [before, after] : renaming_) {
-        if (dropped.count(after) == 0) renamed_[before] = after;
+        if (dropped.count(after) == 0) rememberRename(before, after);
     }
     renaming_.clear();
     try {
@@ -170,6 +170,13 @@ void StylesDlg::takeSaved(const std::vector<SchemeChange>& changes, const std::s
         folder_.tellUnreadable(error.path());
     }
     showCurrent();
+}
+
+void StylesDlg::rememberRename(const std::string& before, const std::string& after) {
+    for (auto& renamed : renamed_) {
+        if (renamed.second == before) renamed.second = after;
+    }
+    renamed_[before] = after;
 }
 
 /// The user has given them up. What the folder holds comes in with the next look at it.
@@ -204,9 +211,10 @@ void StylesDlg::reconcile(const PropertySetStore& fresh) {
 void StylesDlg::reconcile(const std::string& name, Entry& entry, const SchemeEntry& found) {
     if (entry.origin == Origin::added) return;
     const bool changed = !entry.base || !isSameScheme(*entry.base, found.scheme);
+    const bool sameEdit = isSameScheme(withVersion(entry.edit.scheme()), found.scheme);
     if (!changed) {
         entry.builtIn = found.readOnly;
-    } else if (entry.isUnsaved()) {
+    } else if (entry.isUnsaved() && !sameEdit) {
         tellOnce(entry, Texts::kChangedMeanwhile, name);
     } else {
         takeFromFolder(entry, found);

@@ -41,6 +41,9 @@ inline constexpr std::string_view kModifiedOwn =
     "You have modified schemes. Choose Yes to save the changes, No to discard the changes and Cancel to "
     "return to the Manage Schemes dialog.";
 
+inline constexpr std::string_view kSameName =
+    "The files \"%s\" and \"%s\" both hold a scheme \"%s\". The one in \"%s\" is in use.";
+
 // Another program at work in the scheme folder.
 inline constexpr std::string_view kChangedMeanwhile =
     "Another program has changed the scheme \"%s\". Your changes are kept, and you will be asked which of "

@@ -249,8 +249,11 @@ TEST_F(StylesDialog, DoesNotAskIfBothDidTheSame) {
     dialog->select("Other");
     dialog->deleteScheme();
     disk.vanish("/s/Other.kls");
+    dialog->rereadFolder();
+    EXPECT_EQ(shown(), "Locked [built-in], Mine");
     EXPECT_TRUE(dialog->save());
     EXPECT_TRUE(face.questions.empty());
+    EXPECT_TRUE(face.notices.empty());
 }
 
 // The other program's scheme took the file name, so ours would go to one that is not found again.

@@ -52,6 +52,15 @@ TEST_F(StylesDialog, StaysAtASchemeWithAnEntryThatIsNoValue) {
     EXPECT_TRUE(disk.changes.empty());
 }
 
+// A copy of a file keeps the name of the scheme in it, and the user wonders why edits have no effect.
+TEST_F(StylesDialog, WarnsOfTwoFilesWithTheSameScheme) {
+    EXPECT_TRUE(dialog->warnings().empty());
+    disk.put("/s/Copy of Mine.kls", disk.text("/s/Mine.kls"));
+    open();
+    EXPECT_EQ(dialog->warnings(), FakeFace::Lines{"The files \"Copy of Mine.kls\" and \"Mine.kls\" both hold a "
+                                                  "scheme \"Mine\". The one in \"Copy of Mine.kls\" is in use."});
+}
+
 TEST_F(StylesDialog, MakesANewSchemeThatChangesNothing) {
     face.names = {"New Scheme"};
     EXPECT_TRUE(dialog->newScheme());
@@ -135,6 +144,16 @@ TEST_F(StylesDialog, RenamesAnEditedSchemeBackAndForth) {
     EXPECT_TRUE(face.questions.empty());
     EXPECT_EQ(valueOnDisk("Mine"), "\"\t\"");
     EXPECT_FALSE(disk.has("/s/Yours.kls"));
+}
+
+TEST_F(StylesDialog, FollowsASchemeThatIsRenamedTwice) {
+    dialog->select("Mine");
+    face.names = {"Second", "Third"};
+    EXPECT_TRUE(dialog->renameScheme());
+    EXPECT_TRUE(dialog->save());
+    EXPECT_TRUE(dialog->renameScheme());
+    EXPECT_TRUE(dialog->save());
+    EXPECT_EQ(dialog->renamedSchemes().at("Mine"), "Third");
 }
 
 TEST_F(StylesDialog, DeletesASchemeWithTheNextSave) {
