@@ -16,12 +16,19 @@ void skipSpace(std::string_view text, std::size_t& at) {
     while (at < text.size() && Cpp::isSpace(text[at])) ++at;
 }
 
-/// Offset behind the double quote that closes the one at `at`, or the end of the text.
-std::size_t endOfLiteral(std::string_view text, std::size_t at) {
-    for (++at; at < text.size() && text[at] != '"'; ++at) {
-        if (text[at] == '\\') ++at;
-    }
-    return std::min(at + 1, text.size());
+/// True if the quote at `at` is the character of a literal, as in '"' and '\"'.
+bool isQuotedCharacter(std::string_view text, std::size_t at) {
+    const std::string_view before = text.substr(0, at);
+    return before.ends_with('\'') || before.ends_with("'\\");
+}
+
+/// Length of the string that the double quote at `at` opens, or 1 if it opens none since nothing
+/// closes it.
+std::size_t literalLength(std::string_view text, std::size_t at) {
+    if (isQuotedCharacter(text, at)) return 1;
+    std::size_t end = at + 1;
+    while (end < text.size() && text[end] != '"' && text[end] != '\n') end += text[end] == '\\' ? 2 : 1;
+    return end < text.size() && text[end] == '"' ? end + 1 - at : 1;
 }
 
 /// With `guardsLiterals`, white space between double quotes counts.
@@ -36,8 +43,7 @@ bool equalButForSpace(std::string_view a, std::string_view b, bool guardsLiteral
         // White space at the end is the line end that the last line of a file may lack.
         if (i == a.size() || j == b.size()) return i == a.size() && j == b.size();
         if ((i == beforeA) != (j == beforeB)) return false;
-        const bool opensLiteral = guardsLiterals && a[i] == '"' && (i == 0 || a[i - 1] != '\'');
-        const std::size_t length = opensLiteral ? endOfLiteral(a, i) - i : 1;
+        const std::size_t length = guardsLiterals && a[i] == '"' ? literalLength(a, i) : 1;
         if (a.substr(i, length) != b.substr(j, length)) return false;
         i += length;
         j += length;

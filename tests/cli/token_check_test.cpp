@@ -30,6 +30,8 @@ const CheckCase kCases[] = {
     {"DirectiveBehindStringMoved", "#define A \"b\" \\\n\tc\n", "#define A \"b\" \\\n    c\n", {0, 0}},
     {"DirectiveStringEndsInBackslash", "#define A \"\\\\\" \\\n\tc\n", "#define A \"\\\\\" \\\n    c\n", {0, 0}},
     {"DirectiveQuoteCharacter", "#define A '\"' \\\n\tc\n", "#define A '\"' \\\n    c\n", {0, 0}},
+    {"DirectiveEscapedQuoteCharacter", "#define A '\\\"' \\\n\tc\n", "#define A '\\\"' \\\n    c\n", {0, 0}},
+    {"DirectiveQuoteThatNothingCloses", "#error 5\" \\ \n\tc\n", "#error 5\" \\ \n    c\n", {0, 0}},
     {"LastLineEndIsNoToken", "#endif\n", "#endif", {0, 0}},
     {"StrayCharacterLost", "a; @\nb;", "a;\nb;", {1, 3}},
     {"StrayCharacterMoved", "a @ b;", "a\n@ b;", {0, 0}},
