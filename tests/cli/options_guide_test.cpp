@@ -1,7 +1,10 @@
 #include "cli/Cli_OptionGuide.h"
 
+#include "cli/Cli_OtherProgram.h"
+
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <sstream>
 
 namespace {
@@ -64,7 +67,7 @@ TEST(OptionsCommand, NamesTheNearestOfAMisspeltOne) {
          "kerfline: error: unknown option \"WS_AFTER_CS_KEYS\"; did you mean \"WS_AFTER_CS_KEY\"?\n"},
         {{"tab_size"}, "kerfline: error: unknown option \"tab_size\"; did you mean \"TAB_SIZE\"?\n"},
         {{"TAB_SIZE", "zzzzzzzz"}, "kerfline: error: unknown option \"zzzzzzzz\"; kerfline options lists all\n"},
-        {{"--all"}, "kerfline: error: \"kerfline options\" takes names of options, and no \"--all\"\n"},
+        {{"--all"}, "kerfline: error: \"kerfline options\" takes names of options or \"--edit\", and no \"--all\"\n"},
     };
     for (const auto& row : rows) {
         const Ran result = run(row.arguments);
@@ -72,6 +75,21 @@ TEST(OptionsCommand, NamesTheNearestOfAMisspeltOne) {
         EXPECT_EQ(result.out, "");
         EXPECT_EQ(result.err, row.message);
     }
+}
+
+TEST(OptionsCommand, SaysWhenThereIsNoWindow) {
+    const std::string path = std::getenv("PATH");
+    ::setenv("PATH", "/nonexistent", 1);
+    const Ran result = run({"--edit"});
+    ::setenv("PATH", path.c_str(), 1);
+    EXPECT_EQ(result.status, ExitStatus::fileFailed);
+    EXPECT_EQ(result.err, "kerfline: error: the window for options, kerfline-options, is not installed\n");
+}
+
+TEST(OtherPrograms, TellTheirStatus) {
+    EXPECT_EQ(Cli::runOtherProgram({"sh", "-c", "exit 7"}), std::optional<int>(7));
+    EXPECT_EQ(Cli::runOtherProgram({"sh", "-c", "kill -9 $$"}), std::nullopt);
+    EXPECT_EQ(Cli::runOtherProgram({"/nonexistent/program"}), std::nullopt);
 }
 
 } // namespace

@@ -76,6 +76,14 @@ const WrongUsage kWrong[] = {
     {"DumpInPlace", {"-i", "--dump=tree", "a.c"}, "--dump"},
     {"UnknownDump", {"--dump=trees"}, "trees"},
     {"MissingValue", {"--set"}, "--set"},
+    {"MisspeltSwitch", {"--in-plac=1"}, "\"--in-place\""},
+    {"InPlaceAndDiff", {"-i", "--diff", "a.c"}, "exclude each other"},
+    {"QuietAndVerbose", {"-q", "-v"}, "exclude each other"},
+    {"BackupWithoutInPlace", {"--backup", "a.c"}, "--backup goes with -i"},
+    {"NameOfNoInput", {"--stdin-filename", "a.c", "b.c"}, "--stdin-filename"},
+    {"JobsNoNumber", {"-j", "two"}, "\"two\""},
+    {"UnknownColor", {"--color=red"}, "red"},
+    {"UnknownMessageFormat", {"--message-format=xml"}, "xml"},
 };
 
 class Usage : public testing::TestWithParam<WrongUsage> {};
@@ -91,6 +99,25 @@ TEST_P(Usage, IsRefusedInOneLine) {
 
 INSTANTIATE_TEST_SUITE_P(CommandLine, Usage, testing::ValuesIn(kWrong),
                          [](const auto& row) { return std::string(row.param.name); });
+
+TEST(CommandLine, BackupDoesNotSwallowTheFile) {
+    const Parsed plain = parse({"-i", "--backup", "a.c"});
+    ASSERT_TRUE(plain.options);
+    EXPECT_TRUE(plain.options->backup.wanted);
+    EXPECT_EQ(plain.options->backup.extension, "");
+    EXPECT_EQ(plain.options->files, std::vector<std::string>{"a.c"});
+    EXPECT_EQ(parse({"-i", "--backup=orig", "a.c"}).options->backup.extension, "orig");
+}
+
+TEST(CommandLine, TakesOneJobForEachProcessorAtNought) {
+    EXPECT_GE(parse({"-j", "0"}).options->jobs, 1u);
+    EXPECT_EQ(parse({"-j3"}).options->jobs, 3u);
+    EXPECT_EQ(parse({}).options->jobs, 1u);
+}
+
+TEST(CommandLine, ReadsNoInputBesideAProject) {
+    EXPECT_TRUE(parse({"--project", "x.json"}).options->files.empty());
+}
 
 TEST(CommandLine, ShowsVersionAndHelp) {
     const Parsed version = parse({"--version"});

@@ -130,6 +130,42 @@ TEST(Program, RefusesWideText) {
     EXPECT_EQ(result.out, wide);
 }
 
+TEST(Program, RefusesTextThatHoldsNul) {
+    const std::string text("int a;\nint \0b;\n", 15);
+    const Ran result = run({"-"}, {}, text);
+    EXPECT_EQ(result.status, ExitStatus::refused);
+    EXPECT_EQ(result.out, text);
+    EXPECT_EQ(result.err, "<stdin>:2:5: error: The text is no source: it holds a NUL character.\n");
+}
+
+TEST(Program, WritesNothingIfOneOfTheSchemesIsWrong) {
+    const TempFolder folder;
+    std::filesystem::create_directories(folder / "x");
+    folder.write("x/.kerfline.kls", "Norvane::PropertySet\n1\n\"x\"\n2 TAB_SIZ 3\n");
+    Cli::Options options = to(Cli::Destination::sameFile);
+    options.files = {folder.write("a.c", kUntidy), folder.write("x/b.c", kUntidy)};
+    std::istringstream in;
+    std::ostringstream out;
+    std::ostringstream err;
+    EXPECT_EQ(Cli::runProgram(options, {in, out, err}), ExitStatus::badUsageOrScheme);
+    EXPECT_EQ(err.str().rfind(folder / "x/.kerfline.kls" + ":4:3: error: unknown option \"TAB_SIZ\"", 0), 0u) << err.str();
+    EXPECT_EQ(folder.read("a.c"), kUntidy);
+}
+
+TEST(Program, EachFileHasTheSchemeOfItsProject) {
+    const TempFolder folder;
+    std::filesystem::create_directories(folder / "x");
+    folder.write(".kerfline.kls", "Norvane::PropertySet\n1\n\"a\"\n3 WS_AFTER_CS_KEY \" \"\n");
+    folder.write("x/.kerfline.kls", "Norvane::PropertySet\n1\n\"x\"\n");
+    Cli::Options options;
+    options.files = {folder.write("a.c", kUntidy), folder.write("x/b.c", kUntidy)};
+    std::istringstream in;
+    std::ostringstream out;
+    std::ostringstream err;
+    EXPECT_EQ(Cli::runProgram(options, {in, out, err}), ExitStatus::done);
+    EXPECT_EQ(out.str(), std::string(kTidy) + kUntidy);
+}
+
 TEST(Program, StopsAtAWrongScheme) {
     Cli::Options options;
     options.edits = {{Cli::SchemeEdit::Kind::set, "NONSENSE=1"}};
