@@ -152,6 +152,7 @@ void CppExprLineWrapper::wrapRange(WrapLayout& layout, const WrapRange& range) c
     wrapExpression(layout, body, layout.state().indent);
     wrapBraces(layout, body);
     wrapNested(layout, body);
+    wrapTails(layout, body);
     breakStrings(layout, body);
 }
 
@@ -180,28 +181,25 @@ void CppExprLineWrapper::wrapCasts(WrapLayout& layout, const WrapRange& range,
 }
 
 // Arguments go under the name of their function, before the expression around it is touched.
-void CppExprLineWrapper::wrapCall(WrapLayout& layout, const GroupFinder& group) const {
-    if (!layout.isOver(group.inner())) return;
-    const int nameColumn = layout.column(group.preceding());
-    wrapExpression(layout, group.inner(), indentTo(layout, layout.state().indent, nameColumn));
+std::string CppExprLineWrapper::groupIndent(const WrapLayout& layout, const GroupFinder& group) const {
+    if (!group.precedingIsName()) return layout.state().indent;
+    return indentTo(layout, layout.state().indent, layout.column(group.preceding()));
+}
+
+void CppExprLineWrapper::wrapGroup(WrapLayout& layout, const GroupFinder& group) const {
+    if (layout.isOver(group.inner())) wrapExpression(layout, group.inner(), groupIndent(layout, group));
 }
 
 void CppExprLineWrapper::wrapCalls(WrapLayout& layout, const WrapRange& range, std::size_t depth) const {
     GroupFinder groups(layout.text(), GroupFinder::Brackets::kParens, range, depth);
     while (groups.findNext()) {
-        if (groups.precedingIsName()) wrapCall(layout, groups);
+        if (groups.precedingIsName()) wrapGroup(layout, groups);
     }
 }
 
 void CppExprLineWrapper::wrapGroups(WrapLayout& layout, const WrapRange& range, std::size_t depth) const {
     GroupFinder groups(layout.text(), GroupFinder::Brackets::kParens, range, depth);
-    while (groups.findNext()) {
-        if (groups.precedingIsName()) {
-            wrapCall(layout, groups);
-        } else {
-            wrapExpression(layout, groups.inner(), layout.state().indent);
-        }
-    }
+    while (groups.findNext()) wrapGroup(layout, groups);
 }
 
 void CppExprLineWrapper::wrapBraces(WrapLayout& layout, const WrapRange& range) const {
@@ -217,6 +215,31 @@ void CppExprLineWrapper::wrapNested(WrapLayout& layout, const WrapRange& range) 
         wrapCalls(layout, range, depth + 1);
         if (layout.isOver(range)) wrapGroups(layout, range, depth);
     }
+}
+
+// What is in parentheses may fit and yet be the only thing on its line that can be broken:
+//
+//     total = compute(first, second).scaled() * factor;
+void CppExprLineWrapper::wrapTails(WrapLayout& layout, const WrapRange& range) const {
+    layout.setTail(WrapLayout::Tail::kLine);
+    const std::size_t deepest = layout.text().parenDepth();
+    for (std::size_t depth = 1; depth <= deepest && layout.isOver(range); ++depth) {
+        GroupFinder groups(layout.text(), GroupFinder::Brackets::kParens, range, depth);
+        while (groups.findNext()) {
+            if (mayGain(layout, groups)) wrapGroup(layout, groups);
+        }
+    }
+    layout.setTail(WrapLayout::Tail::kStuck);
+}
+
+// A break is worth while if what follows the parentheses would fit on a new line. An operator that ends
+// the line alone is not worth it.
+bool CppExprLineWrapper::mayGain(const WrapLayout& layout, const GroupFinder& group) const {
+    if (group.inner().empty() || layout.countLooseBehind(group.close()) < 2) return false;
+    const int column = layout.column(group.inner().begin);
+    const std::string newLine = newLineAt(layout, groupIndent(layout, group), column);
+    const int behind = layout.lineEndColumn(group.close()) - layout.column(group.inner().end - 1);
+    return Zelmar::textColumn(newLine, 0, std::max(layout.state().tabSize, 1)) + behind <= rightMargin_;
 }
 
 std::string CppExprLineWrapper::indentTo(const WrapLayout& layout, const std::string& indent,

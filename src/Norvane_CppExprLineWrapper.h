@@ -70,7 +70,9 @@ private:
     void wrapGroups(WrapLayout& layout, const WrapRange& range, std::size_t depth) const;
     void wrapBraces(WrapLayout& layout, const WrapRange& range) const;
     void wrapNested(WrapLayout& layout, const WrapRange& range) const;
-    void wrapCall(WrapLayout& layout, const GroupFinder& group) const;
+    void wrapGroup(WrapLayout& layout, const GroupFinder& group) const;
+    void wrapTails(WrapLayout& layout, const WrapRange& range) const;
+    bool mayGain(const WrapLayout& layout, const GroupFinder& group) const;
 
     // Breaks at all places that a finder knows.
     void wrapAt(WrapLayout& layout, const WrapRange& range, FirstWrapToken& finder, bool afterOperator,
@@ -88,6 +90,7 @@ private:
                     const std::string& newLine) const;
     void breakStrings(WrapLayout& layout, const WrapRange& range) const;
 
+    std::string groupIndent(const WrapLayout& layout, const GroupFinder& group) const;
     std::string newLineAt(const WrapLayout& layout, const std::string& indent, int column) const;
     std::string indentTo(const WrapLayout& layout, const std::string& indent, int column) const;
     static std::string converted(const WrapLayout& layout, const std::string& indent);

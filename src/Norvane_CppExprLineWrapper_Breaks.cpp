@@ -3,6 +3,7 @@
 #include "cpp/Cpp_Tokens.h"
 #include "src/Norvane_WrapFinders.h"
 #include "src/Norvane_WrapLayout.h"
+#include "streams/Zelmar_Columns.h"
 
 #include <algorithm>
 
@@ -21,6 +22,12 @@ std::size_t headOf(const WrapText& text, const WrapRange& piece) {
 // What follows the last piece can't leave it; any other piece is followed by a place to break.
 bool isPieceOver(const WrapLayout& layout, const WrapRange& piece, const WrapRange& range) {
     return piece.end < range.end ? layout.isOverAlone(piece) : layout.isOver(piece);
+}
+
+// A piece with a line of its own gains nothing by a new one that starts no further to the left.
+bool standsWell(const WrapLayout& layout, std::size_t head, const std::string& newLine) {
+    const int tab = std::max(layout.state().tabSize, 1);
+    return layout.startsLine(head) && layout.column(head) <= Zelmar::textColumn(newLine, 0, tab);
 }
 
 WrapRange pieceThrough(const WrapText& text, const WrapRange& rest, FirstWrapToken& finder) {
@@ -132,7 +139,7 @@ void CppExprLineWrapper::fillBehind(WrapLayout& layout, const WrapRange& range, 
         piece = pieceThrough(text, {piece.end, range.end}, finder);
         const bool over = isPieceOver(layout, piece, range);
         const std::size_t head = headOf(text, piece);
-        if (over && head < piece.end) layout.breakBefore(head, newLine);
+        if (over && head < piece.end && !standsWell(layout, head, newLine)) layout.breakBefore(head, newLine);
     }
 }
 

@@ -107,13 +107,23 @@ std::string_view CppLineWrapper::follower() const {
 }
 
 // For a list in a head nothing behind the list can go to another line, up to the end of the head.
-std::string_view CppLineWrapper::followerThrough(const Trn::Position& end) const {
+std::string_view CppLineWrapper::followerThrough(std::size_t headEnd) const {
     const std::string_view rest = source_.text().substr(reader_.offset());
-    const std::size_t endOffset = source_.offsetOf(end);
-    if (endOffset == Zelmar::SourceText::npos || endOffset < reader_.offset()) return stuckPart(rest);
-    const std::size_t length = std::min(endOffset + 1 - reader_.offset(), rest.size());
+    if (headEnd == Zelmar::SourceText::npos || headEnd < reader_.offset()) return stuckPart(rest);
+    const std::size_t length = std::min(headEnd + 1 - reader_.offset(), rest.size());
     if (rest.substr(0, length).find('\n') != std::string_view::npos) return firstLine(rest);
     return rest.substr(0, length + stuckPart(rest.substr(length)).size());
+}
+
+// The last character of a head with what belongs to it though the tree doesn't know it: "noexcept",
+// attributes, macros. A list of its own or a comment on the same line isn't part of it.
+std::size_t CppLineWrapper::endOfHead(const Trn::Position& headEnd) const {
+    const std::size_t end = source_.offsetOf(headEnd);
+    if (end == Zelmar::SourceText::npos) return end;
+    const std::string_view behind = firstLine(source_.text().substr(end + 1));
+    const std::size_t words = std::min(behind.find_first_of("{;:/"), behind.size());
+    const bool isHead = words == behind.size() || behind[words] == '{' || behind[words] == ';';
+    return isHead ? end + words : end;
 }
 
 std::string CppLineWrapper::indentFor(int column) const {

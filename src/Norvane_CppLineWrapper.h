@@ -110,7 +110,8 @@ private:
     int copyUpToStart(const Cpp::SyntaxNode& node);
     static std::string_view stuckPart(std::string_view text);
     std::string_view follower() const;
-    std::string_view followerThrough(const Trn::Position& end) const;
+    std::string_view followerThrough(std::size_t headEnd) const;
+    std::size_t endOfHead(const Trn::Position& headEnd) const;
 
     int baseColumn() const { return indentColumns_.empty() ? 0 : indentColumns_.back(); }
     std::string indentFor(int column) const;
@@ -126,7 +127,7 @@ private:
     void wrapParameters(Cpp::ParameterListNode& params, const Trn::Position& headEnd);
     void writeFunctionBody(Cpp::BlockNode* block);
     void wrapCommaList(Cpp::InteriorNode& list, const CommaSpacing& spacing, const std::string& indent,
-                       const Trn::Position& headEnd);
+                       std::size_t headEnd);
     void wrapEnumerators(Cpp::EnumBodyNode& node);
     void wrapElements(const Cpp::InteriorNode& list, const CommaSpacing& spacing, const std::string& indent,
                       const Rewrite& wrap, const Rewrite& layOut);

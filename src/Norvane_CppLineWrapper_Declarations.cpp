@@ -85,7 +85,7 @@ void CppLineWrapper::visit(Cpp::TemplateNode& node) {
     templateDepth_ = indentColumns_.size();
     if (overMargin(node) && node.params() != nullptr) {
         copyThrough(node.params()->start());
-        wrapCommaList(*node.params(), templateSpacing_, continuationIndent(), node.end());
+        wrapCommaList(*node.params(), templateSpacing_, continuationIndent(), source_.offsetOf(node.end()));
     }
     copyNode(node);
 }
@@ -106,7 +106,7 @@ void CppLineWrapper::visit(Cpp::ClassHeadNode& node) {
 void CppLineWrapper::visit(Cpp::ClassBodyNode& node) { writeBody(node, classIndent_); }
 
 void CppLineWrapper::visit(Cpp::BaseClauseListNode& node) {
-    wrapCommaList(node, baseSpacing_, continuationIndent(), node.end());
+    wrapCommaList(node, baseSpacing_, continuationIndent(), endOfHead(node.end()));
 }
 
 void CppLineWrapper::visit(Cpp::FunctionDeclNode& node) {
@@ -140,7 +140,7 @@ void CppLineWrapper::wrapHead(Cpp::FunctionHeadNode& head) {
 void CppLineWrapper::wrapParameters(Cpp::ParameterListNode& params, const Trn::Position& headEnd) {
     if (!overMargin(params)) return;
     copyThrough(params.start());
-    wrapCommaList(params, parameterSpacing_, continuationIndent(), headEnd);
+    wrapCommaList(params, parameterSpacing_, continuationIndent(), endOfHead(headEnd));
 }
 
 void CppLineWrapper::visit(Cpp::FunctionPtrDeclNode& node) {
@@ -151,7 +151,7 @@ void CppLineWrapper::visit(Cpp::FunctionPtrDeclNode& node) {
 }
 
 void CppLineWrapper::visit(Cpp::InitializerListNode& node) {
-    wrapCommaList(node, initSpacing_, continuationIndent(), node.end());
+    wrapCommaList(node, initSpacing_, continuationIndent(), endOfHead(node.end()));
 }
 
 void CppLineWrapper::visit(Cpp::EnumDeclNode& node) {
@@ -168,8 +168,8 @@ void CppLineWrapper::visit(Cpp::EnumBodyNode& node) {
 }
 
 void CppLineWrapper::wrapCommaList(Cpp::InteriorNode& list, const CommaSpacing& spacing,
-                                   const std::string& indent, const Trn::Position& headEnd) {
-    const auto wrap = [this, &indent, &headEnd](const std::string& text) {
+                                   const std::string& indent, std::size_t headEnd) {
+    const auto wrap = [this, &indent, headEnd](const std::string& text) {
         return exprWrapper_.wrapList(text, stateWith(indent), false, followerThrough(headEnd));
     };
     // With no value for them the gaps stay as they are, and so do the columns that are chosen here.
@@ -182,7 +182,7 @@ void CppLineWrapper::wrapCommaList(Cpp::InteriorNode& list, const CommaSpacing& 
 // Enumerators stand at the indent of the content, to which WRAP_INDENT adds nothing.
 void CppLineWrapper::wrapEnumerators(Cpp::EnumBodyNode& node) {
     const auto wrap = [this, &node](const std::string& text) {
-        return exprWrapper_.wrapList(text, state(), true, followerThrough(node.end()));
+        return exprWrapper_.wrapList(text, state(), true, followerThrough(source_.offsetOf(node.end())));
     };
     const auto layOut = [this](const std::string& text) { return layOutList(text, enumSpacing_); };
     wrapElements(node, enumSpacing_, output_.indent(), wrap, layOut);

@@ -81,7 +81,7 @@ std::string_view WrapLayout::lineOf(std::size_t index) const {
 
 void WrapLayout::startLines() {
     for (std::size_t i = 0; i < places_.size(); ++i) {
-        if (startsLine(i)) lineStarts_.insert(i);
+        if (startsLineInText(i)) lineStarts_.insert(i);
     }
     for (std::size_t i = lineStarts_.next(0); i != WrapIndexSet::npos; i = lineStarts_.next(i + 1)) {
         places_[i].startColumn = sourceColumn(i);
@@ -89,7 +89,7 @@ void WrapLayout::startLines() {
     }
 }
 
-bool WrapLayout::startsLine(std::size_t index) const {
+bool WrapLayout::startsLineInText(std::size_t index) const {
     return index == 0 || spansLines(text_.token(index - 1)) || spansLines(text_.gap(index));
 }
 
@@ -150,6 +150,11 @@ int WrapLayout::trailingBlanks(std::size_t nextStart) const {
     return spansLines(gap) ? static_cast<int>(gap.find('\n')) : 0;
 }
 
+std::size_t WrapLayout::countLooseBehind(std::size_t index) const {
+    const std::size_t end = std::min(lineEnd(lineStart(index)), text_.size());
+    return end - std::min(tailOf(index + 1), end);
+}
+
 void WrapLayout::measureLine(std::size_t start) {
     const std::size_t end = lineEnd(start);
     const bool over = endColumn(end - 1) + trailingBlanks(end) > rightMargin_ || places_[end - 1].innerOver;
@@ -181,6 +186,7 @@ std::size_t WrapLayout::tailOf(std::size_t end) const {
 
 std::size_t WrapLayout::tailBehind(std::size_t end) const {
     if (end >= text_.size()) return places_.size();
+    if (tail_ == Tail::kLine) return lineEnd(lineStart(end));
     return tailOf(text_.closes(end) ? end + 1 : end);
 }
 

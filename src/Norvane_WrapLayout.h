@@ -34,12 +34,22 @@ public:
     int column(std::size_t index) const;
     /// The column behind a token, or behind its first line if it has several.
     int endColumn(std::size_t index) const;
+    /// The column at which the line of a token ends.
+    int lineEndColumn(std::size_t index) const { return endColumn(lineEnd(lineStart(index)) - 1); }
+    /// The number of tokens on the line of a token, behind it and what is stuck to it.
+    std::size_t countLooseBehind(std::size_t index) const;
     /// The white space of a token's width up to the next one, if they share a line; the token's own
     /// width otherwise. What hangs in front of a column when `index` starts the line.
     int leadWidth(std::size_t index) const;
 
-    /// True if some line on which tokens of the range stand is beyond the margin. The last line
-    /// counts up to and with the close bracket behind the range and what is stuck to that.
+    /// How far the last line of a range counts when it is measured.
+    enum class Tail {
+        kStuck, // up to and with the close bracket behind the range and what is stuck to that
+        kLine   // all of it: what follows is known to have no place to break any more
+    };
+    void setTail(Tail tail) { tail_ = tail; }
+
+    /// True if some line on which tokens of the range stand is beyond the margin.
     bool isOver(const WrapRange& range) const { return isOver(range, tailBehind(range.end)); }
     /// The same with the last line counted up to the token `tail`, exclusive.
     bool isOver(const WrapRange& range, std::size_t tail) const;
@@ -49,6 +59,9 @@ public:
     /// Starts a new line with `indent` in front of a token. Does nothing where no line may end: in
     /// front of the first token, of a directive and of what shares the line of a directive.
     void breakBefore(std::size_t index, std::string_view indent);
+
+    /// True if nothing but white space stands in front of a token on its line.
+    bool startsLine(std::size_t index) const { return index > 0 && lineStarts_.contains(index); }
 
     /// The text with its breaks.
     std::string result() const;
@@ -66,7 +79,7 @@ private:
 
     void placeTokens();
     void startLines();
-    bool startsLine(std::size_t index) const;
+    bool startsLineInText(std::size_t index) const;
     int sourceColumn(std::size_t index) const;
     void measureLine(std::size_t start);
     std::size_t lineStart(std::size_t index) const { return lineStarts_.previous(index); }
@@ -85,6 +98,7 @@ private:
     WrapText text_;
     Zelmar::IndentStreamState state_;
     int rightMargin_;
+    Tail tail_ = Tail::kStuck;
     std::string_view follower_;
     std::vector<Place> places_; // one for the end of the text, too
     WrapIndexSet elastic_;      // tokens with a tab in them or in the gap in front

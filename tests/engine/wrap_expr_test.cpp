@@ -74,6 +74,8 @@ const ExprCase kExpressions[] = {
     {"ArgumentsBeforeAnythingAround", {}, "return ffff(aaa, bbb) && g(c);",
      "return ffff(aaa,\n                bbb) &&\n           g(c);"},
     {"ArgumentsThatFitStay", {}, "return f(a, b) && g(c);", "return f(a, b) &&\n           g(c);"},
+    {"ArgumentsThatFitBreakForWhatCantBreak", {}, "xx = ff(aaa, b).cc;", "xx = ff(aaa,\n            b).cc;"},
+    {"ButNotIfThatIsTooLongAnyway", {}, "x = f(a, b).ccccccc;", "x = f(a, b).ccccccc;"},
     {"CommasBeforeLogicals", {}, "ff(a && b, cc && dd)", "ff(a && b,\n       cc && dd)"},
     {"CommaFirst", {.comma = 1}, "fff(aaaaaa, bbbbb, cccc);", "fff(aaaaaa\n      , bbbbb\n      , cccc);"},
     {"CommaFirstByStyle0", {.comma = 0}, "fff(aaaaaa, bbbbb, cccc);",
