@@ -4,16 +4,13 @@
 #include "cli/Cli_NearestName.h"
 #include "cli/Cli_OptionGuide.h"
 #include "cli/Cli_Options.h"
+#include "cli/Cli_OtherProgram.h"
 #include "help/Help_PageFolder.h"
 #include "help/Help_PlainText.h"
 #include "help/Help_Topic.h"
 
 #include <algorithm>
 #include <cstdlib>
-
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace Cli {
 
@@ -63,14 +60,6 @@ ExitStatus writeTopic(const std::string& name, const Streams& streams) {
 
 bool hasScreen() { return std::getenv("DISPLAY") != nullptr || std::getenv("WAYLAND_DISPLAY") != nullptr; }
 
-void openOnScreen(std::string path) {
-    std::string opener = "xdg-open";
-    char* const words[] = {opener.data(), path.data(), nullptr};
-    pid_t child = 0;
-    // Nothing is lost if there is no opener: the path is written anyway.
-    if (::posix_spawnp(&child, opener.c_str(), nullptr, nullptr, words, environ) == 0) ::waitpid(child, nullptr, 0);
-}
-
 ExitStatus openPage(const std::string& name, const Streams& streams) {
     const Help::Topic* topic = Help::findTopic(name.empty() ? Help::kOverviewFile : name);
     if (!topic) topic = Help::topicOf(name);
@@ -82,7 +71,8 @@ ExitStatus openPage(const std::string& name, const Streams& streams) {
         return ExitStatus::fileFailed;
     }
     streams.out << *page << '\n' << std::flush;
-    if (hasScreen()) openOnScreen(*page);
+    // Nothing is lost if there is no opener: the path has been written.
+    if (hasScreen()) runOtherProgram({"xdg-open", *page});
     return ExitStatus::done;
 }
 

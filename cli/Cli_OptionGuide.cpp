@@ -3,6 +3,7 @@
 #include "cli/Cli_Commands.h"
 #include "cli/Cli_NearestName.h"
 #include "cli/Cli_OptionList.h"
+#include "cli/Cli_OtherProgram.h"
 #include "help/Help_OptionEntry.h"
 #include "help/Help_PlainText.h"
 #include "help/Help_Topic.h"
@@ -20,6 +21,14 @@ ExitStatus failUnknownOption(const std::string& name, const Streams& streams) {
     return failUsage("unknown option \"" + name + '"' + (hint.empty() ? "; kerfline options lists all" : hint), streams);
 }
 
+ExitStatus openWindow(const Streams& streams) {
+    constexpr int kCannotRun = 127;
+    const auto status = runOtherProgram({besideThisProgram("kerfline-options")});
+    if (status && *status != kCannotRun) return *status == 0 ? ExitStatus::done : ExitStatus::fileFailed;
+    streams.err << "kerfline: error: the window for options, kerfline-options, is not installed\n";
+    return ExitStatus::fileFailed;
+}
+
 } // namespace
 
 std::string optionGuide(const Norvane::PropertyInfo& option) {
@@ -34,10 +43,11 @@ std::string optionGuide(const Norvane::PropertyInfo& option) {
 }
 
 ExitStatus runOptionsCommand(const std::vector<std::string>& arguments, const Streams& streams) {
+    if (arguments == std::vector<std::string>{"--edit"}) return openWindow(streams);
     std::vector<const Norvane::PropertyInfo*> options;
     for (const std::string& name : arguments) {
         if (name.starts_with('-')) {
-            return failUsage("\"kerfline options\" takes names of options, and no \"" + name + "\"", streams);
+            return failUsage("\"kerfline options\" takes names of options or \"--edit\", and no \"" + name + "\"", streams);
         }
         options.push_back(Norvane::findProperty(name));
         if (!options.back()) return failUnknownOption(name, streams);

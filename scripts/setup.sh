@@ -2,7 +2,7 @@
 # Installs what is missing to build Kerfline on Debian. docs/dependencies.md has the reason for each.
 set -euo pipefail
 
-packages=(g++ cmake ninja-build libcli11-dev libgtest-dev)
+packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libgtest-dev)
 
 missing=()
 for package in "${packages[@]}"; do

@@ -14,7 +14,8 @@ function(run expected)
     set(output "${output}" PARENT_SCOPE)
 endfunction()
 
-run(0 ${CMAKE_COMMAND} --install "${BUILD}" --prefix "${prefix}")
+# Without the windows, which not every build has.
+run(0 ${CMAKE_COMMAND} --install "${BUILD}" --prefix "${prefix}" --component Unspecified)
 foreach(pattern
         ${bin}/kerfline ${doc}/html/Classes.htm ${doc}/html/FormattingAddIn.htm ${doc}/html/kerfline.css
         ${man}/man1/kerfline.1* ${man}/man5/kerfline-scheme.5* ${data}/kerfline/default.kls

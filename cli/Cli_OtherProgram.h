@@ -1,0 +1,19 @@
+#ifndef KERFLINE_CLI_OTHERPROGRAM_H
+#define KERFLINE_CLI_OTHERPROGRAM_H
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Cli {
+
+/// Runs another program and waits for its end. `words` are its name or path and its arguments.
+/// Returns its exit status, or nothing if it could not be started or did not end by itself.
+std::optional<int> runOtherProgram(std::vector<std::string> words);
+
+/// The path of a program in the folder of this one, or its bare name if there is none.
+std::string besideThisProgram(const std::string& name);
+
+} // namespace Cli
+
+#endif
