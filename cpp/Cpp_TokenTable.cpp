@@ -212,7 +212,8 @@ bool startsDeclaration(int type, int next) {
 } // namespace
 
 /// Finds the partners of all brackets on one stack. A "<" waits on it until a ">" on the same level
-/// closes it; a bracket that closes around it, a ";" and a brace drop it. A closing bracket looks for
+/// closes it; a bracket that closes around it and a ";" drop it, while braces may hold a value or the
+/// body of a closure among the arguments. A closing bracket looks for
 /// its partner on the stack, so that one bracket too many or too few does not shift all the others: a
 /// brace closes over parentheses that are open, nothing closes over a brace.
 class TokenTable::BracketMatcher {
@@ -228,6 +229,8 @@ public:
     }
 
 private:
+    static constexpr std::size_t kMaxOpenAngles = 16;
+
     struct Open {
         Index at = 0;
         bool ofTemplate = false;   // the "<" behind "template"
@@ -242,7 +245,7 @@ private:
         } else if (type == tkShiftRight) {
             if (before != tkOperator) closeAngle(i), closeAngle(i);
         } else if (isOpenBracket(type)) {
-            if (type == tkOpenBrace) dropAngles();
+            if (type == tkOpenBrace && isBody()) dropAngles();
             open_.push_back({i, false, kNone});
         } else if (type == tkSemicolon) {
             dropAngles();
@@ -266,6 +269,17 @@ private:
         const Index next = table_.significant(i + 1);
         const Index second = next < table_.size() ? table_.significant(next + 1) : next;
         if (startsDeclaration(table_.type(next), table_.type(second))) open_.back().laterClose = i;
+    }
+
+    // Whether a list of template parameters in front of a "{" is known to be closed. Its own "<" stands
+    // behind few others.
+    bool isBody() const {
+        std::size_t left = kMaxOpenAngles;
+        for (auto open = open_.rbegin(); open != open_.rend() && left > 0; ++open, --left) {
+            if (table_.type(open->at) != tkLess) return false;
+            if (open->laterClose != kNone) return true;
+        }
+        return false;
     }
 
     // "template <int N, bool = N < 4> class A {": the "<" of the comparison has taken the ">" that

@@ -58,6 +58,15 @@ bool TreeBuilder::looksLikeMacro(std::string_view name) {
     return std::none_of(name.begin(), name.end(), [](char c) { return c >= 'a' && c <= 'z'; });
 }
 
+/// Whether `word` is one of the words that underscores part in `name`.
+bool TreeBuilder::hasWord(std::string_view name, std::string_view word) {
+    for (std::size_t at = name.find(word); at != std::string_view::npos; at = name.find(word, at + 1)) {
+        const std::size_t end = at + word.size();
+        if ((at == 0 || name[at - 1] == '_') && (end == name.size() || name[end] == '_')) return true;
+    }
+    return false;
+}
+
 /// "[[...]]".
 bool TreeBuilder::isAttribute(Index i) const {
     if (type(i) != tkOpenBracket || type(i + 1) != tkOpenBracket || t_.mate(i) == kNone) return false;
@@ -259,7 +268,10 @@ void TreeBuilder::parseWord(InteriorNode& body, Body kind) {
         return;
     }
     const int next = nextType(at_);
-    if (kind == Body::Class && next == tkColon && !isBitfieldWidth(nextSig(nextSig(at_)))) {
+    if (isLoneMacro(at_)) {
+        body.append(std::make_unique<ExprNode>(t_.spelling(at_), t_.start(at_), t_.end(at_)));
+        ++at_;
+    } else if (kind == Body::Class && next == tkColon && !isBitfieldWidth(nextSig(nextSig(at_)))) {
         addUnlessNull(body, parseAccessLabel());
     } else if (next == tkOpenBrace && !isBehindComma(at_)) {
         body.append(std::make_unique<ExprNode>(t_.spelling(at_), t_.start(at_), t_.end(at_)));
@@ -269,6 +281,31 @@ void TreeBuilder::parseWord(InteriorNode& body, Body kind) {
     } else {
         parseMember(body, kind);
     }
+}
+
+/// Whether the name at `i` is a macro that stands for itself on a line of its own: one that opens or closes
+/// something, or one in front of a macro with arguments. As the return type of what follows, that would be
+/// drawn up to its line.
+bool TreeBuilder::isLoneMacro(Index i) const {
+    static constexpr std::array<std::string_view, 5> parts = {"BEGIN", "END", "OBJECT", "GADGET", "NAMESPACE"};
+    const std::string_view name = t_.text(i);
+    const Index next = nextSig(i);
+    const int kind = type(next);
+    if (!looksLikeMacro(name) || t_.token(next).line == t_.token(i).line) return false;
+    if (kind == tkIdentifier && isMacroCall(next)) return true;
+    const bool word = kind == tkIdentifier || (kind >= tkClass && kind <= tkExtern) || (kind >= tkChar && kind <= tkVoid);
+    return word && std::any_of(parts.begin(), parts.end(), [name](std::string_view part) { return hasWord(name, part); });
+}
+
+/// A macro with arguments and neither a body nor a tail, which may be a function: a type can stand alone on
+/// the line in front of that.
+bool TreeBuilder::isMacroCall(Index name) const {
+    const Index open = nextSig(name);
+    if (!looksLikeMacro(t_.text(name)) || type(open) != tkOpenParen || t_.mate(open) == kNone) return false;
+    const Index close = t_.mate(open);
+    const Index behind = nextSig(close);
+    if (type(behind) == tkOpenBrace || type(behind) == tkColon || type(behind) == tkConst) return false;
+    return type(behind) != tkIdentifier || t_.token(behind).line > t_.token(close).line;
 }
 
 /// Whether what starts at `i` is a further declarator of the declaration that the "," in front has cut.

@@ -100,6 +100,9 @@ private:
     bool endsInColons(Index i) const;
     bool continuesName(Index i) const;
     static bool looksLikeMacro(std::string_view name);
+    static bool hasWord(std::string_view name, std::string_view word);
+    bool isLoneMacro(Index i) const;
+    bool isMacroCall(Index name) const;
     void appendSpelling(std::string& text, Index i) const;
     std::string joined(Index first, Index last) const;
 

@@ -39,6 +39,13 @@ const ParseCase kData[] = {
     {"TypeWithArgument", "_Atomic(int) a; unsigned _BitInt(3) b; typeof_unqual(c) d;",
      "Root{DataDecl{Type'_Atomic ( int )' Id'a'} DataDecl{Type'unsigned _BitInt ( 3 )' Id'b'} "
      "DataDecl{Type'typeof_unqual ( c )' Id'd'}}"},
+    // Braces among the arguments of a template are a value or a closure, and end no list.
+    {"BracesInArguments", "A<B{1}> a; int b = c<d{e}>(f);",
+     "Root{DataDecl{Type'A < B { 1 } >' Id'a'} DataDecl{Type'int' Id'b' Expr'= c < d { e } > ( f )'}}"},
+    {"ClosureInParameters", "template <auto F = [] { return 1; }> struct S { }; template <A<3>{}> struct T;",
+     "Root{Template{Keyword'template' ParameterList{Parameter'auto F = [ ] { return 1 ; }'}} "
+     "ClassDecl{ClassHead{ClassName'struct|S'} ClassBody} Template{Keyword'template' ParameterList{Parameter'A < 3 > { }'}} "
+     "DataDecl{Type'struct T'}}"},
     // A blank between the template and its member would be no error, but no name either.
     {"MemberOfTemplate", "int A<T>::x = 3; B<U>::C<V>::y; std::map<int, int>::iterator z;",
      "Root{DataDecl{Type'int' Id'A < T > ::x' Expr'= 3'} DataDecl{Id'B < U > ::C < V > ::y'} "

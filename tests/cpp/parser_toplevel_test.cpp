@@ -24,6 +24,16 @@ const Row kRows[] = {
      "Root{Expr'FOO' Block{DataDecl{Type'int' Id'x'}}}"},
     {"MacroInFrontOfType", "FOO int x;",
      "Root{DataDecl{Type'FOO int' Id'x'}}"},
+    // On a line of its own a macro is no return type of what follows; on the same line it may be one.
+    {"LoneMacroOpens", "G_BEGIN_DECLS\nFoo::Foo();\nQT_END_NAMESPACE\nclass A;",
+     "Root{Expr'G_BEGIN_DECLS' FunctionDecl{FunctionHead{Id'Foo::Foo' ParameterList}} Expr'QT_END_NAMESPACE' "
+     "DataDecl{Type'class A'}}"},
+    {"LoneMacroBeforeMacro", "Q_X\nQ_Y(a)\nBOOL\nf(int a);\nBOOL F(int a);",
+     "Root{Expr'Q_X' FunctionDecl{FunctionHead{Id'Q_Y' ParameterList{Parameter'a'}}} "
+     "FunctionDecl{FunctionHead{Return'BOOL' Id'f' ParameterList{Parameter'int a'}}} "
+     "FunctionDecl{FunctionHead{Return'BOOL' Id'F' ParameterList{Parameter'int a'}}}}"},
+    {"LegendIsNoMacro", "LEGEND\nf(int a);",
+     "Root{FunctionDecl{FunctionHead{Return'LEGEND' Id'f' ParameterList{Parameter'int a'}}}}"},
     {"BlockAtTopLevel", "{ a(); }",
      "Root{Block{Expr'a;'}}"},
     {"DisabledRegionIsOneDirective", "#if 0\nint it's }\n#endif\nint b;",
