@@ -1,5 +1,6 @@
 #include "cli/Cli_OptionList.h"
 
+#include "help/Help_PlainText.h"
 #include "src/Norvane_PropertyCatalogue.h"
 
 namespace Cli {
@@ -14,7 +15,8 @@ void listSchemeOptions(std::ostream& out) {
             first = false;
         }
         out << "  " << info.name << "  (" << Norvane::propertyKindName(info.kind)
-            << ", default: " << info.defaultValue << ")\n      " << info.description << '\n';
+            << ", default: " << info.defaultValue << ")\n"
+            << Help::filledText(info.description, "      ", Help::kTextWidth);
     }
 }
 

@@ -235,7 +235,7 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
     flag("ALIGN_DD_NAMES_LEFT", Family::DataDeclarations,
          {"Line up names", "Puts the names of variables declared on consecutive lines in one column"}),
     indent("INDENT_DD_CONTENT", Family::DataDeclarations,
-           {"Indent of the initializer", "Indent of the lines of an initializer after its first one"}),
+           {"Indent of the initializer", "Indent of an initializer that starts a line, and once more of what stands in its braces"}),
     space("WS_AFTER_DD_NAME", Family::DataDeclarations,
           {"After the name",
            "White space between a declared name and the \"[\" or the initializer that follows"}),
@@ -361,9 +361,8 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
     number("TAB_SIZE", Family::Other, "1", {1, kNoMaximum},
            {"Tab size", "Columns from one tab stop to the next"}),
     space("WS_BETWEEN_CS", Family::Other,
-          {"Between the parts of a statement",
-           "White space between the \"}\" and the \"else\", \"while\" or \"catch\" that goes on with its "
-           "statement"}),
+          {"Before \"else\", \"while\" and \"catch\"",
+           "White space before the \"else\", \"while\" or \"catch\" that goes on with its statement"}),
 });
 
 constexpr Words kUsesGlobals = {"Use the global settings",
