@@ -3,7 +3,6 @@
 #include "cpp/Cpp_Tokens.h"
 #include "src/Norvane_WrapFinders.h"
 #include "src/Norvane_WrapLayout.h"
-#include "streams/Zelmar_Columns.h"
 
 #include <algorithm>
 
@@ -22,12 +21,6 @@ std::size_t headOf(const WrapText& text, const WrapRange& piece) {
 // What follows the last piece can't leave it; any other piece is followed by a place to break.
 bool isPieceOver(const WrapLayout& layout, const WrapRange& piece, const WrapRange& range) {
     return piece.end < range.end ? layout.isOverAlone(piece) : layout.isOver(piece);
-}
-
-// A piece with a line of its own gains nothing by a new one that starts no further to the left.
-bool standsWell(const WrapLayout& layout, std::size_t head, const std::string& newLine) {
-    const int tab = std::max(layout.state().tabSize, 1);
-    return layout.startsLine(head) && layout.column(head) <= Zelmar::textColumn(newLine, 0, tab);
 }
 
 WrapRange pieceThrough(const WrapText& text, const WrapRange& rest, FirstWrapToken& finder) {
@@ -139,7 +132,9 @@ void CppExprLineWrapper::fillBehind(WrapLayout& layout, const WrapRange& range, 
         piece = pieceThrough(text, {piece.end, range.end}, finder);
         const bool over = isPieceOver(layout, piece, range);
         const std::size_t head = headOf(text, piece);
-        if (over && head < piece.end && !standsWell(layout, head, newLine)) layout.breakBefore(head, newLine);
+        // A piece with a line of its own gains nothing by a new one, and would lose blank lines in front.
+        const bool gains = head < piece.end && !layout.startsLine(head);
+        if (over && gains) layout.breakBefore(head, newLine);
     }
 }
 
