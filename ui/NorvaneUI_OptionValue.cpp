@@ -8,10 +8,9 @@ namespace {
 
 enum class Kind { Bool, Int, String };
 
-/// Whether its box is checked is a bool on every page, though the catalogue has this one as an int.
 Kind kindOf(std::string_view option) {
     const Norvane::PropertyInfo* info = Norvane::findProperty(option);
-    if (info == nullptr || option == "LINE_WRAP_DO_NOT_FORMAT") return Kind::Bool;
+    if (info == nullptr) return Kind::String;
     switch (info->kind) {
     case Norvane::PropertyKind::Bool: return Kind::Bool;
     case Norvane::PropertyKind::Int: return Kind::Int;

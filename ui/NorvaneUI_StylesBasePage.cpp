@@ -83,7 +83,6 @@ void StylesBasePage::exchangeValues(Exchange direction, Norvane::PropertySet& sc
         return;
     }
     if (boxTouched_) storeBox(scheme);
-    if (doNotFormat_) return;
     if (globalsTouched_) scheme.setBool(useGlobalSettingsKey(), useGlobalSettings_);
     if (globalsTouched_ && useGlobalSettings_) copyFurtherGlobals(scheme, info_);
     for (const auto& [option, value] : pending_) storeOption(scheme, option, value);

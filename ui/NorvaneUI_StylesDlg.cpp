@@ -128,12 +128,15 @@ std::string StylesDlg::proposedName(const std::set<std::string>& alsoTaken) cons
     return name;
 }
 
-/// Judged against the folder as the next save will leave it.
-std::string StylesDlg::nameFault(const std::string& name, const std::set<std::string>& alsoTaken) const {
+/// Judged against the folder as the next save will leave it; `leaving` has its file until then.
+std::string StylesDlg::nameFault(const std::string& name, const std::set<std::string>& alsoTaken,
+                                 const std::string& leaving) const {
     PropertySetStore later(store_);
     for (const auto& erased : erased_) later.erase(erased.first);
+    if (!leaving.empty()) later.erase(leaving);
     for (const auto& [known, entry] : entries_) {
-        if (later.count(known) == 0) later.insert(entry.edit.scheme());
+        const bool leaves = !leaving.empty() && known == leaving;
+        if (!leaves && later.count(known) == 0) later.insert(entry.edit.scheme());
     }
     for (const std::string& taken : alsoTaken) later.insert(Norvane::PropertySet(taken));
     return schemeNameFault(later, name);
@@ -182,7 +185,7 @@ bool StylesDlg::renameScheme() {
     }
     const std::string before = current_;
     SchemeSaveAsDlg dialog(face_, [&](const std::string& name) {
-        return name == before ? std::string() : nameFault(name, {});
+        return name == before ? std::string() : nameFault(name, {}, before);
     });
     const std::optional<std::string> after = dialog.run(before);
     if (!after || *after == before) return false;

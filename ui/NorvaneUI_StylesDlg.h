@@ -124,7 +124,8 @@ private:
     void addEntry(const std::string& name, const Norvane::PropertySet& content);
     bool addAsked(const Norvane::PropertySet& content);
     std::optional<std::string> askName(const std::set<std::string>& alsoTaken = {});
-    std::string nameFault(const std::string& name, const std::set<std::string>& alsoTaken) const;
+    std::string nameFault(const std::string& name, const std::set<std::string>& alsoTaken,
+                          const std::string& leaving = {}) const;
     std::string proposedName(const std::set<std::string>& alsoTaken) const;
 
     // Ways out.

@@ -324,6 +324,14 @@ TEST(Box, TakesOutWhatActsOnTheConstructAndNothingElse) {
     }
 }
 
+TEST(Box, OfFunctionsLeavesCalls) {
+    Shown<FunctionsPage> shown(schemeOf("Mine", {{"WS_AFTER_FN_NAME", " "}, {"WS_AFTER_FN_CALL_NAME", " "}}));
+    shown.page.setDoNotFormat(true);
+    EXPECT_EQ(shown.option("WS_AFTER_FN_NAME"), "not set");
+    EXPECT_EQ(shown.option("WS_AFTER_FN_CALL_NAME"), "\" \"");
+    EXPECT_EQ(shown.option("FN_DO_NOT_FORMAT"), "true");
+}
+
 TEST(Box, OfLineWrappingIsABoolBesideAnIntOfOldSchemes) {
     Norvane::PropertySet scheme("Mine");
     scheme.setInt("LINE_WRAP_DO_NOT_FORMAT", 0);
@@ -436,6 +444,19 @@ TEST(GlobalSettings, ThatChangedWhileThePageWasLeftAloneAreTakenWhenItNoLongerIs
     enums.reload();
     enums.setDoNotFormat(false);
     EXPECT_EQ(optionText(edit.scheme(), "INDENT_ENUM_CONTENT"), "\"\t\"");
+}
+
+TEST(GlobalSettings, ThatAreBroughtBackReachThePagesThatUseThem) {
+    SchemeEdit edit(withGlobals());
+    EnumsPage enums;
+    GlobalsPage globals;
+    globals.show(&edit);
+    globals.setDoNotFormat(true);
+    enums.show(&edit);
+    enums.setUseGlobalSettings(true);
+    EXPECT_EQ(optionText(edit.scheme(), "INDENT_ENUM_CONTENT"), "\"\"");
+    globals.setDoNotFormat(false);
+    EXPECT_EQ(optionText(edit.scheme(), "INDENT_ENUM_CONTENT"), "\"  \"");
 }
 
 TEST(GlobalSettings, OfTheMarginsDoNotCopyAnything) {

@@ -128,6 +128,13 @@ TEST_F(StylesDialog, TakesOverWhatOtherProgramsDid) {
     EXPECT_TRUE(face.questions.empty());
 }
 
+TEST_F(StylesDialog, DoesNotBringADeletedSchemeBack) {
+    dialog->select("Mine");
+    dialog->deleteScheme();
+    dialog->rereadFolder();
+    EXPECT_EQ(shown(), "Locked [built-in], Other");
+}
+
 TEST_F(StylesDialog, ShowsAnotherSchemeIfTheOneShownIsRemoved) {
     dialog->select("Mine");
     disk.vanish("/s/Mine.kls");
@@ -237,6 +244,9 @@ TEST_F(StylesDialog, AsksBeforeANewSchemeReplacesOneThatCameMeanwhile) {
     face.names = {"Same"};
     dialog->newScheme();
     put("Same", "\n");
+    dialog->rereadFolder();
+    EXPECT_EQ(dialog->currentShown(), "Same (Modified)");
+    EXPECT_TRUE(face.notices.empty());
     face.answers = {Answer::no};
     EXPECT_TRUE(dialog->save());
     EXPECT_EQ(face.questions.size(), 1u);

@@ -134,6 +134,18 @@ TEST_F(StylesDialog, RenamesASchemeWithItsFile) {
     EXPECT_EQ(shown(), "Locked [built-in], Other, Yours");
 }
 
+// Were the new scheme first, it would go to a file that is not found again.
+TEST_F(StylesDialog, RenamesASchemeWhoseFileKeepsItsName) {
+    face.names = {"a/b", "a_b"};
+    dialog->newScheme();
+    EXPECT_TRUE(dialog->save());
+    EXPECT_TRUE(dialog->renameScheme());
+    EXPECT_TRUE(dialog->save());
+    EXPECT_TRUE(face.notices.empty());
+    EXPECT_EQ(shown(), "Locked [built-in], Mine, Other, a_b");
+    EXPECT_EQ(disk.paths(), FakeFace::Lines({"/s/Locked.kls", "/s/Mine.kls", "/s/Other.kls", "/s/a_b.kls"}));
+}
+
 TEST_F(StylesDialog, RenamesAnEditedSchemeBackAndForth) {
     edit("Mine", "\\t");
     face.names = {"Yours", "Mine", "Mine"};
@@ -203,6 +215,15 @@ TEST_F(StylesDialog, WritesOnlyWhatWasEdited) {
     EXPECT_EQ(valueOnDisk("Mine"), "\"\t\"");
     EXPECT_EQ(optionText(store->find("Mine")->second.scheme, "WS_AFTER_CS_KEY"), "\"\t\"");
     EXPECT_TRUE(face.questions.empty());
+}
+
+TEST_F(StylesDialog, SavesOwnEditsAndKeepsThoseOfABuiltInSchemeOpen) {
+    edit("Locked", "\\t");
+    edit("Mine", "\\t");
+    EXPECT_TRUE(dialog->save());
+    EXPECT_TRUE(face.notices.empty());
+    EXPECT_EQ(disk.changes, FakeFace::Lines{"replace /s/Mine.kls"});
+    EXPECT_EQ(shown(), "Locked (Modified) [built-in], Mine, Other");
 }
 
 TEST_F(StylesDialog, ClosesWithoutAQuestionIfNothingIsUnsaved) {
