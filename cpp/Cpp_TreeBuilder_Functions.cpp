@@ -225,15 +225,19 @@ TreeBuilder::Index TreeBuilder::findFunctionName(Index first, Index paren) const
     return kNone;
 }
 
-/// Where the name that ends in the token at `at` starts: over "A<T>" in front of a "::", over "~".
+/// Where the name that ends in the token at `at` starts: over "A<T>" in front of a "::", over "~", over the
+/// words that dots part in the name of a module.
 Index TreeBuilder::nameStart(Index first, Index at) const {
     Index start = at;
     for (;;) {
         const Index before = t_.significantBefore(start);
         if (before == kNone || before < first) return start;
         const std::string_view text = t_.text(start);
+        const Index dotted = type(before) == tkDot && before > first ? t_.significantBefore(before) : kNone;
         if (type(before) == tkTilde) {
             start = before;
+        } else if (dotted != kNone && dotted >= first && type(dotted) == tkIdentifier) {
+            start = dotted;
         } else if (text.substr(0, 2) == "::" || text.empty()) {
             if (type(before) == tkIdentifier && type(start) != tkIdentifier) {
                 start = before;

@@ -46,6 +46,8 @@ const ParseCase kData[] = {
      "Root{Template{Keyword'template' ParameterList{Parameter'auto F = [ ] { return 1 ; }'}} "
      "ClassDecl{ClassHead{ClassName'struct|S'} ClassBody} Template{Keyword'template' ParameterList{Parameter'A < 3 > { }'}} "
      "DataDecl{Type'struct T'}}"},
+    {"ModuleName", "export module a.b.c; import d.e;",
+     "Root{DataDecl{Type'export module' Id'a . b . c'} DataDecl{Type'import' Id'd . e'}}"},
     // A blank between the template and its member would be no error, but no name either.
     {"MemberOfTemplate", "int A<T>::x = 3; B<U>::C<V>::y; std::map<int, int>::iterator z;",
      "Root{DataDecl{Type'int' Id'A < T > ::x' Expr'= 3'} DataDecl{Id'B < U > ::C < V > ::y'} "
