@@ -37,8 +37,9 @@ TEST_F(OptionsDialog, ListsNoFormattingAndThenTheSchemes) {
 }
 
 TEST_F(OptionsDialog, ListsTheThresholds) {
-    EXPECT_EQ(OptionsDlg::thresholdItems(),
-              (FakeFace::Lines{"Never display", "Information or greater", "Warning or greater", "Error or greater"}));
+    const FakeFace::Lines items = {"Never display", "Information or greater", "Warning or greater",
+                                   "Error or greater"};
+    EXPECT_EQ(OptionsDlg::thresholdItems(), items);
 }
 
 TEST_F(OptionsDialog, ShowsAndReadsBackWhatTheCallerFillsIn) {
@@ -99,9 +100,8 @@ struct ExtensionCase {
     bool accepted;
 };
 const ExtensionCase kExtensions[] = {
-    {"", true},      {".cpp", true},  {"c, cpp;h", true},   {" ..h ", true},     {"a*b", true},    {"a\"b", true},
-    {"a/b", false},  {"c,a|b", false}, {"c;;h:", false},    {"a\\b", false},     {"<", false},     {"c >", false},
-    {"?", false},    {";", true},
+    {"", true},     {".cpp", true},   {"c, cpp;h", true}, {" ..h ", true}, {"a*b", true}, {"a\"b", true}, {";", true},
+    {"a/b", false}, {"c,a|b", false}, {"c;;h:", false},   {"a\\b", false}, {"<", false},  {"c >", false}, {"?", false},
 };
 
 TEST_F(OptionsDialog, ChecksTheExtensions) {
@@ -115,7 +115,8 @@ TEST_F(OptionsDialog, ChecksTheExtensions) {
             if (ofBackup) dialog.typeBackupExtension(row.typed);
             else dialog.typeFileExtensions(row.typed);
             EXPECT_EQ(dialog.accept(user), row.accepted);
-            EXPECT_EQ(ofBackup ? dialog.backupExtension : dialog.fileExtensions, row.accepted ? row.typed : "before");
+            const std::string& stored = ofBackup ? dialog.backupExtension : dialog.fileExtensions;
+            EXPECT_EQ(stored, row.accepted ? row.typed : "before");
             EXPECT_EQ(user.notices, row.accepted ? FakeFace::Lines{} : FakeFace::Lines{kMessage});
             EXPECT_EQ(user.focus, row.accepted ? "" : ofBackup ? "backupExtension" : "fileExtensions");
         }

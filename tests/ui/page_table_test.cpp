@@ -47,7 +47,8 @@ const PageRow kRows[] = {
 
 bool inCatalogue(std::string_view name) {
     const auto catalogue = Norvane::propertyCatalogue();
-    return std::any_of(catalogue.begin(), catalogue.end(), [&](const auto& info) { return info.name == name; });
+    return std::any_of(catalogue.begin(), catalogue.end(),
+                       [&](const auto& info) { return info.name == name; });
 }
 
 TEST(PageTable, HasEveryPageInOrder) {
