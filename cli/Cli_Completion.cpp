@@ -24,8 +24,8 @@ constexpr auto kShells = std::to_array<Shell>({
 ExitStatus failUnknownShell(const std::string& name, const Streams& streams) {
     std::vector<std::string_view> names;
     for (const Shell& shell : kShells) names.push_back(shell.name);
-    return failUsage("no completion for \"" + name + "\"; there are bash, zsh and fish" + nearestNameHint(name, names),
-                     streams);
+    const std::string hint = nearestNameHint(name, names);
+    return failUsage("no completion for \"" + name + "\"; there are bash, zsh and fish" + hint, streams);
 }
 
 } // namespace

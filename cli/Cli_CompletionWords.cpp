@@ -34,7 +34,8 @@ std::vector<OfferedWord> optionWords() {
 
 std::vector<OfferedWord> schemeWords() {
     std::vector<OfferedWord> words = {{"none", "Every text stays as it is"}};
-    for (const ShippedScheme& scheme : shippedSchemes()) words.emplace_back(scheme.name, "Comes with the program");
+    for (const ShippedScheme& scheme : shippedSchemes()) words.emplace_back(scheme.name, "Comes with the "
+                                                                                         "program");
     return words;
 }
 

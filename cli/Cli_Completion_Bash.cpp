@@ -42,7 +42,8 @@ std::string argumentCases() {
         if (!row.takesArgument()) continue;
         text += "        ";
         if (row.shortName != 0) text += std::string("-") + row.shortName + '|';
-        text += "--" + std::string(row.name) + ")\n            " + offerArgument(row) + "\n            return ;;\n";
+        text += "--" + std::string(row.name) + ")\n            " + offerArgument(row) + "\n            "
+                                                                                        "return ;;\n";
     }
     return text;
 }
@@ -110,7 +111,8 @@ std::string bashCompletion() {
     text += "\n_kerfline_names() {\n    " + offer(optionWords()) + "\n}\n";
     text += "\n_kerfline_values() {\n    case $1 in\n" + valueCases() + "    esac\n}\n";
     text += kSetFunction;
-    text += kMainHead + argumentCases() + "    esac\n    case ${COMP_WORDS[1]} in\n" + commandCases() + "    esac\n";
+    text += kMainHead + argumentCases() + "    esac\n";
+    text += "    case ${COMP_WORDS[1]} in\n" + commandCases() + "    esac\n";
     text += "    if [[ $cur == -* ]]; then\n        COMPREPLY=($(compgen -W " + singleQuoted(switchWords()) +
         " -- \"$cur\"))\n    elif [[ $COMP_CWORD == 1 ]]; then\n        " + offer(commandWords()) +
         "\n        COMPREPLY+=($(compgen -f -- \"$cur\"))\n        compopt -o filenames\n    fi\n}\n";

@@ -21,7 +21,9 @@ std::string quoted(std::string_view text) {
 std::string listing(const std::string& function, const std::vector<OfferedWord>& words,
                     const std::string& behind = {}) {
     std::string text = "\nfunction " + function + "\n    printf '%s\\t%s\\n'";
-    for (const auto& [word, meaning] : words) text += " \\\n        " + quoted(word + behind) + ' ' + quoted(meaning);
+    for (const auto& [word, meaning] : words) {
+        text += " \\\n        " + quoted(word + behind) + ' ' + quoted(meaning);
+    }
     return text + "\nend\n";
 }
 
@@ -56,7 +58,8 @@ std::string commandLines() {
         if (words.empty()) continue;
         const std::string name(command.name);
         text += listing("__kerfline_after_" + name, words);
-        text += "complete -c kerfline -f -n '__kerfline_does " + name + "' -a '(__kerfline_after_" + name + ")'\n";
+        text += "complete -c kerfline -f -n '__kerfline_does " + name + '\'';
+        text += " -a '(__kerfline_after_" + name + ")'\n";
     }
     return text;
 }

@@ -17,8 +17,8 @@ std::string escaped(std::string_view text, std::string_view special) {
 }
 
 /// A function that offers words with what they stand for.
-std::string describing(const std::string& function, const std::string& what, const std::vector<OfferedWord>& words,
-                       const std::string& tail = {}) {
+std::string describing(const std::string& function, const std::string& what,
+                       const std::vector<OfferedWord>& words, const std::string& tail = {}) {
     std::string text = '\n' + function + "() {\n    local -a words=(\n";
     for (const auto& [word, meaning] : words) {
         const std::string row = escaped(word, ":") + (meaning.empty() ? "" : ':' + meaning);

@@ -40,7 +40,8 @@ ExitStatus failUnknownTopic(const std::string& name, const Streams& streams) {
     for (const Command& command : commandTable()) names.push_back(command.name);
     for (const Norvane::PropertyInfo& option : Norvane::propertyCatalogue()) names.push_back(option.name);
     const std::string hint = nearestNameHint(name, names, "kerfline help ");
-    return failUsage("there is no help on \"" + name + '"' + (hint.empty() ? "; kerfline help lists the topics" : hint),
+    return failUsage("there is no help on \"" + name + '"' + (hint.empty() ? "; kerfline help lists the "
+                                                                             "topics" : hint),
                      streams);
 }
 
@@ -50,8 +51,8 @@ ExitStatus writeTopic(const std::string& name, const Streams& streams) {
     } else if (const Norvane::PropertyInfo* option = Norvane::findProperty(name)) {
         streams.out << optionGuide(*option);
     } else if (const Command* command = findCommand(name)) {
-        streams.out << "kerfline " << command->name << (command->arguments.empty() ? "" : " ") << command->arguments
-                    << "\n  " << command->text << ".\n";
+        streams.out << "kerfline " << command->name << (command->arguments.empty() ? "" : " ")
+                    << command->arguments << "\n  " << command->text << ".\n";
     } else {
         return failUnknownTopic(name, streams);
     }
@@ -66,8 +67,8 @@ ExitStatus openPage(const std::string& name, const Streams& streams) {
     if (!topic) return failUnknownTopic(name, streams);
     const auto page = Help::findPage(*topic);
     if (!page) {
-        streams.err << "kerfline: error: the pages of the help are not installed; \"kerfline help " << nameOf(*topic)
-                    << "\" shows this one as text\n";
+        streams.err << "kerfline: error: the pages of the help are not installed; \"kerfline help "
+                    << nameOf(*topic) << "\" shows this one as text\n";
         return ExitStatus::fileFailed;
     }
     streams.out << *page << '\n' << std::flush;

@@ -52,16 +52,16 @@ void appendSynopsis(Document& document) {
 void appendDescription(Document& document) {
     section(document, "Description");
     paragraph(document,
-              "Lays out C and C++ by a scheme, a set of options. It copies the source, and replaces white space only "
-              "at the places that the scheme speaks of. Comments, directives and disabled code always stay, and "
-              "nothing that is not white space is ever lost, added or moved.");
+              "Lays out C and C++ by a scheme, a set of options. It copies the source, and replaces white "
+              "space only at the places that the scheme speaks of. Comments, directives and disabled code "
+              "always stay, and nothing that is not white space is ever lost, added or moved.");
     paragraph(document,
-              "The result goes to standard output, unless a switch says otherwise. A folder stands for the sources in "
-              "it and below it, and @LIST for a file with a path a line. Nothing, or \"-\", is standard input. A file "
-              "with the name of a command is written ./NAME.");
+              "The result goes to standard output, unless a switch says otherwise. A folder stands for the "
+              "sources in it and below it, and @LIST for a file with a path a line. Nothing, or \"-\", is "
+              "standard input. A file with the name of a command is written ./NAME.");
     paragraph(document,
-              "Before anything is written, the tokens of source and result are compared. A file that does not parse, "
-              "or whose tokens would change, is left as it is.");
+              "Before anything is written, the tokens of source and result are compared. A file that does "
+              "not parse, or whose tokens would change, is left as it is.");
 }
 
 void appendSwitches(Document& document) {
@@ -101,10 +101,11 @@ void appendFiles(Document& document) {
     section(document, "Files");
     document.blocks.push_back(Help::Terms{{
         {"`.kerfline.kls`", "The scheme of a project: the one nearest above a source is used for it."},
-        {"`.kerflineignore`", "Files and folders of a project that are left alone, in the form of a .gitignore."},
+        {"`.kerflineignore`", "Files and folders of a project that are left alone, in the form of a "
+                              ".gitignore."},
         {"`~/.config/kerfline/schemes`", "Schemes of your own."},
-        {"`~/.config/kerfline/settings`", "Settings, such as the scheme to use where nothing names one. The folder is "
-                                          "below XDG_CONFIG_HOME, if that is set."},
+        {"`~/.config/kerfline/settings`", "Settings, such as the scheme to use where nothing names one. "
+                                          "The folder is below XDG_CONFIG_HOME, if that is set."},
     }});
 }
 

@@ -18,7 +18,8 @@ ExitStatus failUnknownOption(const std::string& name, const Streams& streams) {
         for (const Norvane::PropertyInfo& option : table) names.push_back(option.name);
     }
     const std::string hint = nearestNameHint(name, names);
-    return failUsage("unknown option \"" + name + '"' + (hint.empty() ? "; kerfline options lists all" : hint), streams);
+    const std::string rest = hint.empty() ? "; kerfline options lists all" : hint;
+    return failUsage("unknown option \"" + name + '"' + rest, streams);
 }
 
 ExitStatus openWindow(const Streams& streams) {
@@ -47,7 +48,8 @@ ExitStatus runOptionsCommand(const std::vector<std::string>& arguments, const St
     std::vector<const Norvane::PropertyInfo*> options;
     for (const std::string& name : arguments) {
         if (name.starts_with('-')) {
-            return failUsage("\"kerfline options\" takes names of options or \"--edit\", and no \"" + name + "\"", streams);
+            return failUsage("\"kerfline options\" takes names of options or \"--edit\", and no \"" + name + '"',
+                             streams);
         }
         options.push_back(Norvane::findProperty(name));
         if (!options.back()) return failUnknownOption(name, streams);

@@ -17,6 +17,8 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME kerfline)
 set(CPACK_PACKAGE_VENDOR Kerfline)
 set(CPACK_PACKAGE_CONTACT "Kerfline maintainers <maintainers@kerfline.invalid>")
+# It stands at the head of both packages.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "formatter for C and C++ that changes only what you told it to")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION devel)
@@ -25,12 +27,12 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # becomes a package of its own.
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_NAME kerfline)
-set(CPACK_COMPONENT_UNSPECIFIED_DESCRIPTION
-    "formatter for C and C++ that changes only what you told it to\n Kerfline copies C and C++ source and replaces white space only at the\n places that a scheme of options speaks of. Comments, directives and\n disabled code always survive. Several schemes, such as K&R, Allman\n and GNU, come with it.")
+set(CPACK_DEBIAN_UNSPECIFIED_DESCRIPTION
+    "Kerfline copies C and C++ source and replaces white space only at the\nplaces that a scheme of options speaks of. Comments, directives and\ndisabled code always survive. Several schemes, such as K&R, Allman\nand GNU, come with it.")
 set(CPACK_DEBIAN_WINDOW_PACKAGE_NAME kerfline-options)
 set(CPACK_DEBIAN_WINDOW_PACKAGE_DEPENDS "kerfline (= ${PROJECT_VERSION})")
-set(CPACK_COMPONENT_WINDOW_DESCRIPTION
-    "windows to edit the options and schemes of kerfline\n Every option with its explanation, and a preview that follows each change.")
+set(CPACK_DEBIAN_WINDOW_DESCRIPTION
+    "Windows to edit the options and schemes of kerfline: every option with its\nexplanation, and a preview that follows each change.")
 # The prefix of a package is not that of a program built by hand.
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 include(CPack)

@@ -125,7 +125,8 @@ std::string navigation(std::string_view file, const std::vector<PageLink>& pages
     std::string html = "<nav aria-label=\"Pages\">\n<ul>\n";
     for (const PageLink& page : pages) {
         const std::string current = page.file == file ? " aria-current=\"page\"" : "";
-        html += "<li><a href=\"" + escaped(page.file) + '"' + current + '>' + escaped(page.title) + "</a></li>\n";
+        html += "<li><a href=\"" + escaped(page.file) + '"' + current + '>';
+        html += escaped(page.title) + "</a></li>\n";
     }
     return html + "</ul>\n</nav>\n";
 }
@@ -141,8 +142,8 @@ std::string htmlPage(const Document& document, std::string_view file, const std:
     html += element("title", escaped(document.title) + " - Kerfline") + '\n';
     html += "<link rel=\"stylesheet\" href=\"" + std::string(kStylesheet) + "\">\n</head>\n<body>\n";
     html += navigation(file, pages);
-    html += "<main>\n" + element("h1", escaped(document.title)) + '\n' + body.take() + "</main>\n</body>\n</html>\n";
-    return html;
+    html += "<main>\n" + element("h1", escaped(document.title)) + '\n' + body.take();
+    return html + "</main>\n</body>\n</html>\n";
 }
 
 } // namespace Help

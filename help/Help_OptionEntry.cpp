@@ -67,9 +67,11 @@ std::string valueWords(const PropertyInfo& option) {
     case PropertyKind::Bool: return "`1` on; `0` off";
     case PropertyKind::Int: return numberWords(option);
     case PropertyKind::WhiteSpace:
-        return "the exact white space for the place: `\" \"` is one blank, `\"\\n\"` a new line, `\"\\t\"` a tab, "
+        return "the exact white space for the place: `\" \"` is one blank, `\"\\n\"` a new line, "
+               "`\"\\t\"` a tab, "
             "`\"\"` nothing";
-    case PropertyKind::Indent: return "blanks or tabs: `\"    \"` is four blanks, `\"\\t\"` a tab, `\"\"` none";
+    case PropertyKind::Indent:
+        return "blanks or tabs: `\"    \"` is four blanks, `\"\\t\"` a tab, `\"\"` none";
     case PropertyKind::Text: break;
     }
     return "any text";
@@ -85,7 +87,8 @@ std::string whenNotSet(const PropertyInfo& option) {
     case PropertyKind::WhiteSpace:
         if (option.defaultValue != "not set") return std::string(option.defaultValue);
         return "the place keeps the white space of the source";
-    case PropertyKind::Indent: return "lines keep the indentation of the source, moved along with what is around";
+    case PropertyKind::Indent:
+        return "lines keep the indentation of the source, moved along with what is around";
     case PropertyKind::Text: break;
     }
     return "nothing";

@@ -14,10 +14,12 @@ void paragraph(Document& document, std::string text) { document.blocks.push_back
 
 void appendPromise(Document& document) {
     paragraph(document,
-              "Kerfline lays out C and C++ by your rules, and by no others. It does not print a program anew: it "
-              "copies the source and replaces white space only at the places that a scheme speaks of.");
+              "Kerfline lays out C and C++ by your rules, and by no others. It does not print a program "
+              "anew: it copies the source and replaces white space only at the places that a scheme speaks "
+              "of.");
     document.blocks.push_back(Bullets{{
-        "An option that is not set leaves its place as you wrote it. A scheme without options changes nothing.",
+        "An option that is not set leaves its place as you wrote it. A scheme without options changes "
+        "nothing.",
         "Comments, directives and disabled code always stay. Nothing that is not white space is ever lost, "
         "added or moved.",
         "A text that has been laid out stays as it is when it is laid out again.",
@@ -51,29 +53,30 @@ void appendSchemes(Document& document) {
     heading(document, "Schemes", "schemes");
     paragraph(document,
               "A scheme is a set of options with a name. Several come with the program: `default`, `knr`, "
-              "`stroustrup`, `allman`, `gnu`, `whitesmiths` and `minimal`. The scheme `none` has no options, and "
-              "gives every text back as it is.");
+              "`stroustrup`, `allman`, `gnu`, `whitesmiths` and `minimal`. The scheme `none` has no "
+              "options, and gives every text back as it is.");
     paragraph(document,
-              "Which one is used? The one that `--scheme` names. Without it, the file `.kerfline.kls` in the folder "
-              "of the source or the nearest one above it; without that, the scheme of the setting `OnFormat`; "
-              "without that, `default`. A name is looked up among your own schemes first, in "
-              "`~/.config/kerfline/schemes`, and then among those that come with the program.");
+              "Which one is used? The one that `--scheme` names. Without it, the file `.kerfline.kls` in "
+              "the folder of the source or the nearest one above it; without that, the scheme of the "
+              "setting `OnFormat`; without that, `default`. A name is looked up among your own schemes "
+              "first, in `~/.config/kerfline/schemes`, and then among those that come with the program.");
     appendSchemeFiles(document);
     paragraph(document,
-              "A comment in a scheme file stays until the scheme is changed in the options window: what is written "
-              "then holds the options alone.");
+              "A comment in a scheme file stays until the scheme is changed in the options window: what is "
+              "written then holds the options alone.");
 }
 
 void appendSettings(Document& document) {
     heading(document, "Settings", "settings");
-    paragraph(document, "Kept in `~/.config/kerfline/settings`, under `[Options]`, as lines of `Name=value`:");
+    paragraph(document, "Kept in `~/.config/kerfline/settings`, under `[Options]`, as lines of "
+                        "`Name=value`:");
     document.blocks.push_back(Terms{{
         {"`OnFormat`", "The scheme of the format commands"},
         {"`OnOpen`", "The scheme to apply when a document opens; none leaves it alone"},
         {"`OnClose`", "The scheme to apply before a document closes; none leaves it alone"},
         {"`FileExtensions`", "What counts as C or C++: `c,cc,cpp,cxx,h,hh,hpp,hxx` unless set"},
-        {"`CreateBackups`", "Keep a copy of a file before it is written; unless set, on in editors and off on the "
-                            "command line"},
+        {"`CreateBackups`", "Keep a copy of a file before it is written; unless set, on in editors and off "
+                            "on the command line"},
         {"`BackupExtension`", "The extension of such a copy"},
         {"`PromptUnsaved`", "Ask before an unsaved document is formatted; on unless set"},
         {"`MessagesThreshold`", "The least message that is shown: `0` none, `1` information, `2` warnings, "
@@ -96,39 +99,41 @@ void appendPages(Document& document) {
 
 void appendSchemeFiles(Document& document) {
     paragraph(document,
-              "A scheme file ends in `.kls`. Its first three lines are fixed but for the name; each line behind them "
-              "sets one option: a digit for the kind, the name, and the value. `1` is a switch, `2` a number, `3` a "
-              "text. Blank lines and lines that start with `#` do not count.");
-    document.blocks.push_back(CodeBlock{"Norvane::PropertySet\n1\n\"my scheme\"\n\n# Braces of functions on lines of "
-                                        "their own\n3 WS_BEFORE_FN_OPEN_BRACE \"\\n\"\n2 RIGHT_MARGIN 100\n"
+              "A scheme file ends in `.kls`. Its first three lines are fixed but for the name; each line "
+              "behind them sets one option: a digit for the kind, the name, and the value. `1` is a "
+              "switch, `2` a number, `3` a text. Blank lines and lines that start with `#` do not count.");
+    document.blocks.push_back(CodeBlock{"Norvane::PropertySet\n1\n\"my scheme\"\n\n"
+                                        "# Braces of functions on lines of their own\n"
+                                        "3 WS_BEFORE_FN_OPEN_BRACE \"\\n\"\n2 RIGHT_MARGIN 100\n"
                                         "1 LINE_WRAP 1\n"});
 }
 
 void appendValues(Document& document) {
     heading(document, "Values", "values");
     document.blocks.push_back(Terms{{
-        {"white space", "The exact white space for a place, in quotes. `\" \"` is one blank, `\"\\n\"` a new line, "
-                        "`\"\\n\\n\"` a new line behind a blank one, `\"\\t\"` a tab. Where an indent is due, it "
-                        "follows a new line by itself"},
+        {"white space", "The exact white space for a place, in quotes. `\" \"` is one blank, `\"\\n\"` a "
+                        "new line, `\"\\n\\n\"` a new line behind a blank one, `\"\\t\"` a tab. Where an "
+                        "indent is due, it follows a new line by itself"},
         {"indent", "Blanks or tabs, in quotes, that are added to the indent for what stands in a construct"},
         {"bool", "`1` for on, `0` for off"},
         {"int", "A number; often one that stands for a choice"},
     }});
     paragraph(document,
-              "Not set and empty are two things: an option that is not in the scheme leaves its place alone, one that "
-              "is `\"\"` takes the white space away. Where that would glue two words together, one blank stays.");
+              "Not set and empty are two things: an option that is not in the scheme leaves its place "
+              "alone, one that is `\"\"` takes the white space away. Where that would glue two words "
+              "together, one blank stays.");
 }
 
 void appendMarkers(Document& document) {
     heading(document, "Leaving code alone", "leaving-alone");
     paragraph(document,
-              "What stands between two comments that say `KL-FORMAT-OFF` and `KL-FORMAT-ON`, and nothing else, is "
-              "copied as it is:");
+              "What stands between two comments that say `KL-FORMAT-OFF` and `KL-FORMAT-ON`, and nothing "
+              "else, is copied as it is:");
     document.blocks.push_back(CodeBlock{"// KL-FORMAT-OFF\nconst int identity[] = { 1, 0,\n"
                                         "                         0, 1 };\n// KL-FORMAT-ON\n"});
     paragraph(document,
-              "The comments `{{AFX_...` and `AFX_...}}`, which class wizards write around the code that they look "
-              "after, work the same way.");
+              "The comments `{{AFX_...` and `AFX_...}}`, which class wizards write around the code that "
+              "they look after, work the same way.");
 }
 
 Document overviewDocument() {

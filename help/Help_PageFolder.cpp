@@ -9,7 +9,8 @@ std::optional<std::string> findPage(const Topic& topic) {
     namespace fs = std::filesystem;
     std::error_code failure;
     const fs::path program = fs::read_symlink("/proc/self/exe", failure);
-    for (const fs::path& folder : {program.parent_path() / KERFLINE_HELP_BESIDE_PROGRAM, fs::path(KERFLINE_HELP_INSTALLED)}) {
+    const fs::path beside = program.parent_path() / KERFLINE_HELP_BESIDE_PROGRAM;
+    for (const fs::path& folder : {beside, fs::path(KERFLINE_HELP_INSTALLED)}) {
         const fs::path page = (folder / topic.file).lexically_normal();
         if (fs::is_regular_file(page, failure)) return page.string();
     }

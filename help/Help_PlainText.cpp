@@ -93,7 +93,9 @@ public:
 
     void operator()(const Bullets& bullets) {
         startBlock();
-        for (const std::string& item : bullets.items) text_ += filledText(withoutMarks(item), "  - ", kTextWidth);
+        for (const std::string& item : bullets.items) {
+            text_ += filledText(withoutMarks(item), "  - ", kTextWidth);
+        }
     }
 
     void operator()(const Terms& terms) {

@@ -123,9 +123,10 @@ std::string manualPage(const Document& document, const ManualHeader& header) {
     RoffWriter body;
     for (const Block& block : document.blocks) std::visit(body, block);
     const std::string name(header.name);
-    std::string page = ".TH " + asArgument(upper(roffText(name))) + ' ' + std::to_string(header.section) + " \"\" " +
-        asArgument(roffText(header.product)) + " \"Kerfline\"\n.nr HY 0\n.ad l\n";
-    page += ".SH NAME\n" + roffText(name) + " \\- " + inlineRoff(document.title) + '\n';
+    std::string page = ".TH " + asArgument(upper(roffText(name))) + ' ';
+    page += std::to_string(header.section) + " \"\" " + asArgument(roffText(header.product)) + " \"Kerfline\"\n";
+    // Names of options must not be broken.
+    page += ".nr HY 0\n.ad l\n.SH NAME\n" + roffText(name) + " \\- " + inlineRoff(document.title) + '\n';
     return page + body.take();
 }
 

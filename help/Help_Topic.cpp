@@ -46,9 +46,10 @@ std::string_view fileOf(const PropertyInfo& option) {
     for (const NorvaneUI::PageInfo& page : NorvaneUI::pageTable()) {
         if (page.useGlobalSettingsKey == option.name) return page.helpTopic;
     }
-    const auto row = std::find_if(kFamilyFiles.begin(), kFamilyFiles.end(),
-                                  [&](const FamilyFile& candidate) { return candidate.family == option.family; });
-    return row == kFamilyFiles.end() ? std::string_view() : row->file;
+    for (const FamilyFile& row : kFamilyFiles) {
+        if (row.family == option.family) return row.file;
+    }
+    return {};
 }
 
 /// The controls of the page come first, in its own order.
@@ -64,8 +65,8 @@ std::vector<const PropertyInfo*> optionsOfPage(std::string_view file) {
 }
 
 void appendOverviewLink(Document& document) {
-    document.blocks.push_back(Paragraph{"How schemes work, and what an option that is not set means, is told in "
-                                        "[Formatting with Kerfline](FormattingAddIn.htm)."});
+    document.blocks.push_back(Paragraph{"How schemes work, and what an option that is not set means, is "
+                                        "told in [Formatting with Kerfline](FormattingAddIn.htm)."});
 }
 
 void appendGroup(Document& document, const char* heading, const std::vector<const PropertyInfo*>& options) {
@@ -111,7 +112,9 @@ const Topic* topicOf(std::string_view option) {
 Document topicDocument(const Topic& topic) {
     if (topic.file == kOverviewFile) return overviewDocument();
     Document document{std::string(topic.title), {}};
-    for (const std::string_view text : topic.introduction) document.blocks.push_back(Paragraph{std::string(text)});
+    for (const std::string_view text : topic.introduction) {
+        document.blocks.push_back(Paragraph{std::string(text)});
+    }
     appendOverviewLink(document);
     std::vector<const PropertyInfo*> acting = optionsOf(topic);
     const auto idle = std::stable_partition(acting.begin(), acting.end(),

@@ -11,9 +11,10 @@ using Text = std::string_view;
 constexpr auto kGlobals = std::to_array<Text>({
     "The margin and the tabs of every line, and the blocks that have no options of their own: a block in "
     "braces that belongs to no statement, and an `extern \"C\"` block.",
-    "The other pages can be told to use the global settings. They then take over the braces, the indent, and "
-    "where they have them the parens and the comma, of this page. They hold a copy of their own: a scheme file "
-    "always says for each construct what holds there, and no construct falls back on a global value.",
+    "The other pages can be told to use the global settings. They then take over the braces, the indent, "
+    "and where they have them the parens and the comma, of this page. They hold a copy of their own: a "
+    "scheme file always says for each construct what holds there, and no construct falls back on a global "
+    "value.",
     "`CONVERT_WS` works on the finished text, with tab stops every `TAB_SIZE` columns. It needs the true tab "
     "size: a tab counts as one column as long as `TAB_SIZE` is not set.",
 });
@@ -35,8 +36,8 @@ constexpr auto kNamespaces = std::to_array<Text>({
 });
 
 constexpr auto kFunctions = std::to_array<Text>({
-    "Function declarations, function definitions and function calls. The body of a function follows the pages "
-    "of what stands in it.",
+    "Function declarations, function definitions and function calls. The body of a function follows the "
+    "pages of what stands in it.",
     "A list of parameters that runs over several lines keeps its breaks while `WS_BETWEEN_FN_PARAMS` is not "
     "set. With a value that has no line feed, the parameters come to stand on one line, and "
     "[line wrapping](LineWrapping.htm) breaks it where it is too long. The same holds for the arguments of a "
@@ -51,32 +52,35 @@ constexpr auto kControlStatements = std::to_array<Text>({
 });
 
 constexpr auto kVariables = std::to_array<Text>({
-    "Variables, constants and data members: the space between type, name and initializer, columns of names and "
-    "values, and lists in braces. Where the `*` and the `&` stand is said on the page "
-    "[Pointers and References](PointersRefs.htm).",
+    "Variables, constants and data members: the space between type, name and initializer, columns of names "
+    "and values, and lists in braces. Where the `*` and the `&` stand is said on the page [Pointers and "
+    "References](PointersRefs.htm).",
     "A table that was typed in rows keeps them while `WS_BETWEEN_DD_ELEMENTS` is not set.",
 });
 
 constexpr auto kExpressions = std::to_array<Text>({
     "What stands between the operands and operators of an expression, wherever there is one: in a condition, "
-    "as an argument, behind an `=`. An operator with one operand, such as the `-` in `-x`, always stays at it.",
+    "as an argument, behind an `=`. An operator with one operand, such as the `-` in `-x`, always stays at "
+    "it.",
     "Where taking white space away would glue two words or operators into another one, one blank stays.",
 });
 
 constexpr auto kLineWrapping = std::to_array<Text>({
-    "Breaks lines that run past the right margin, after everything else is laid out: at operators, at commas, "
-    "and at `<<` and `>>`. Nothing on this page acts while `LINE_WRAP` is off or `RIGHT_MARGIN` is 0.",
+    "Breaks lines that run past the right margin, after everything else is laid out: at operators, at "
+    "commas, and at `<<` and `>>`. Nothing on this page acts while `LINE_WRAP` is off or `RIGHT_MARGIN` is "
+    "0.",
     "A line breaks only where a break does no harm. Comments, literals and directives are never broken, so a "
     "line can stay longer than the margin.",
 });
 
 constexpr auto kMemberInits = std::to_array<Text>({
-    "The initializers between the head of a constructor and its body, as in `Point::Point(int a) : x(a), y(0)`.",
+    "The initializers between the head of a constructor and its body, as in `Point::Point(int a) : x(a), "
+    "y(0)`.",
 });
 
 constexpr auto kPointersRefs = std::to_array<Text>({
-    "Whether the `*` of a pointer and the `&` of a reference stand at the type, as in `char* name`, or at the "
-    "name, as in `char *name`.",
+    "Whether the `*` of a pointer and the `&` of a reference stand at the type, as in `char* name`, or at "
+    "the name, as in `char *name`.",
     "An anchor moves a mark that touches the type or the name. Set the white space between the mark and its "
     "anchor too, and every mark is moved, those with blanks on both sides or on none included.",
 });

@@ -125,16 +125,19 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
           {"Before the first initializer",
            "White space between the \":\" of a constructor and its first member initializer"}),
     space("WS_BEFORE_CLASS_INITS_COMMA", Family::Classes,
-          {"Before a comma between initializers", "White space before a comma between two member initializers"}),
+          {"Before a comma between initializers",
+           "White space before a comma between two member initializers"}),
     space("WS_BEFORE_CLASS_INIT_LIST", Family::Classes,
           {"Before the colon",
-           "White space between the \")\" of a constructor and the \":\" that starts its member initializers"}),
+           "White space between the \")\" of a constructor and the \":\" that starts its member "
+           "initializers"}),
     space("WS_BEFORE_CLASS_OPEN_BRACE", Family::Classes,
           {"Before the opening brace", "White space before the \"{\" of a class, struct or union"}),
     space("WS_BETWEEN_BASE_CLAUSES", Family::Classes,
           {"After a comma between base classes", "White space after a comma between two base classes"}),
     space("WS_BETWEEN_CLASS_INITS", Family::Classes,
-          {"After a comma between initializers", "White space after a comma between two member initializers"}),
+          {"After a comma between initializers",
+           "White space after a comma between two member initializers"}),
 
     flag("ALIGN_TP_PARAMS_LEFT", Family::TemplateParameters,
          {"One template parameter per line",
@@ -145,7 +148,8 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
     space("WS_AFTER_TP_OPEN_BRACKET", Family::TemplateParameters,
           {"After the opening bracket", "White space after the \"<\" of template parameters and arguments"}),
     space("WS_BEFORE_TP_CLOSE_BRACKET", Family::TemplateParameters,
-          {"Before the closing bracket", "White space before the \">\" of template parameters and arguments"}),
+          {"Before the closing bracket",
+           "White space before the \">\" of template parameters and arguments"}),
     space("WS_BEFORE_TP_COMMA", Family::TemplateParameters,
           {"Before a comma", "White space before a comma between template parameters or arguments"}),
     space("WS_BEFORE_TP_OPEN_BRACKET", Family::TemplateParameters,
@@ -205,8 +209,8 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
     withDefault("one blank",
                 space("WS_AFTER_PARAM_TYPE_ID", Family::Functions,
                       {"Beside the mark of a parameter",
-                       "White space between a \"*\" or \"&\" of a parameter and what is not its anchor; acts where "
-                       "WS_BETWEEN_ASTERISK_ANCHOR or WS_BETWEEN_AMPERSAND_ANCHOR is set"})),
+                       "White space between a \"*\" or \"&\" of a parameter and what is not its anchor; "
+                       "acts where WS_BETWEEN_ASTERISK_ANCHOR or WS_BETWEEN_AMPERSAND_ANCHOR is set"})),
     space("WS_BEFORE_FN_CLOSE_BRACE", Family::Functions,
           {"Before the closing brace", "White space before the \"}\" of a function body"}),
     space("WS_BEFORE_FN_CLOSE_PAREN", Family::Functions,
@@ -235,7 +239,8 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
     flag("ALIGN_DD_NAMES_LEFT", Family::DataDeclarations,
          {"Line up names", "Puts the names of variables declared on consecutive lines in one column"}),
     indent("INDENT_DD_CONTENT", Family::DataDeclarations,
-           {"Indent of the initializer", "Indent of an initializer that starts a line, and once more of what stands in its braces"}),
+           {"Indent of the initializer",
+            "Indent of an initializer that starts a line, and once more of what stands in its braces"}),
     space("WS_AFTER_DD_NAME", Family::DataDeclarations,
           {"After the name",
            "White space between a declared name and the \"[\" or the initializer that follows"}),
@@ -265,7 +270,8 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
     indent("INDENT_CS_CASE_LABELS", Family::ControlStatements,
            {"Indent of case labels", "Indent of \"case\" and \"default\", counted from the \"switch\""}),
     indent("INDENT_CS_CONTENT", Family::ControlStatements,
-           {"Indent of the body", "Indent of the body of \"if\", \"else\", \"for\", \"while\" and their like"}),
+           {"Indent of the body",
+            "Indent of the body of \"if\", \"else\", \"for\", \"while\" and their like"}),
     space("WS_AFTER_CS_CASE_LABELS", Family::ControlStatements,
           {"After case labels", "White space between a case label and the statement that follows it"}),
     space("WS_AFTER_CS_KEY", Family::ControlStatements,
@@ -303,12 +309,12 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
 
     number("AMPERSAND_ANCHOR", Family::PointersAndReferences, "-1", kAnchor,
            {"Where the \"&\" stands",
-            "Whether the \"&\" of a reference stands at the type or at the name; one that touches neither or both "
-            "moves only if WS_BETWEEN_AMPERSAND_ANCHOR is set"}),
+            "Whether the \"&\" of a reference stands at the type or at the name; one that touches neither "
+            "or both moves only if WS_BETWEEN_AMPERSAND_ANCHOR is set"}),
     number("ASTERISK_ANCHOR", Family::PointersAndReferences, "-1", kAnchor,
            {"Where the \"*\" stands",
-            "Whether the \"*\" of a pointer stands at the type or at the name; one that touches neither or both "
-            "moves only if WS_BETWEEN_ASTERISK_ANCHOR is set"}),
+            "Whether the \"*\" of a pointer stands at the type or at the name; one that touches neither or "
+            "both moves only if WS_BETWEEN_ASTERISK_ANCHOR is set"}),
     flag("HANGING_AMPERSAND", Family::PointersAndReferences,
          {"\"&\" hangs left of aligned names",
           "Where names are lined up, an \"&\" anchored at the name stands left of their column"}),
@@ -332,12 +338,14 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
     flag("LINE_WRAP", Family::WrappingAndMargins,
          {"Break long lines", "Breaks lines that run past RIGHT_MARGIN"}),
     idle(number("LINE_WRAP_DO_NOT_FORMAT", Family::WrappingAndMargins, "none", {0, 1},
-                {"Leave long lines alone", "No effect by itself: remembers a choice made in the options window"})),
+                {"Leave long lines alone",
+                 "No effect by itself: remembers a choice made in the options window"})),
     number("LIST_WRAP_STRATEGY", Family::WrappingAndMargins, "0", kStyle,
            {"Long lists",
             "How initializer lists and other comma lists that are too long are broken; acts with LINE_WRAP"}),
     number("RIGHT_MARGIN", Family::WrappingAndMargins, "none", {0, kNoMaximum},
-           {"Right margin", "The last column that a line may reach before LINE_WRAP breaks it; 0 breaks nothing"}),
+           {"Right margin",
+            "The last column that a line may reach before LINE_WRAP breaks it; 0 breaks nothing"}),
     number("SHIFT_WRAP_STYLE", Family::WrappingAndMargins, "1", kStyle,
            {"Breaks at << and >>", "Where a long chain of << or >> is broken; acts with LINE_WRAP"}),
     indent("WRAP_INDENT", Family::WrappingAndMargins,
@@ -349,7 +357,8 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
     flag("ALIGN_PPD_LEFT_MOST", Family::Other,
          {"Place of directives", "Where lines that start with \"#\" stand; not set, each keeps its column"}),
     number("CONVERT_WS", Family::Other, "0", kStyle,
-           {"Blanks and tabs", "Turns the tabs of the result into blanks, or its blanks into tabs, by TAB_SIZE"}),
+           {"Blanks and tabs",
+            "Turns the tabs of the result into blanks, or its blanks into tabs, by TAB_SIZE"}),
     flag("DATA_DO_NOT_FORMAT", Family::Other,
          {"Leave variables alone", "Leaves the space between the type and the name of a variable as it is"}),
     flag("FN_DO_NOT_FORMAT", Family::Other,
@@ -366,11 +375,11 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
 });
 
 constexpr Words kUsesGlobals = {"Use the global settings",
-                                "No effect by itself: remembers that the page in the options window copies from the "
-                                "global settings"};
+                                "No effect by itself: remembers that the page in the options window copies "
+                                "from the global settings"};
 constexpr Words kLeavesAlone = {"Do not format",
-                                "No effect by itself: remembers that the page in the options window keeps its options "
-                                "out of the scheme"};
+                                "No effect by itself: remembers that the page in the options window keeps "
+                                "its options out of the scheme"};
 
 constexpr PropertyInfo pageKey(std::string_view name, Words words) {
     return idle(flag(name, Family::PageKeys, words));

@@ -27,7 +27,9 @@ std::string outputOf(const std::string& command) {
     return text;
 }
 
-bool hasShell(const std::string& name) { return std::system(("command -v " + name + " > /dev/null").c_str()) == 0; }
+bool hasShell(const std::string& name) {
+    return std::system(("command -v " + name + " > /dev/null").c_str()) == 0;
+}
 
 std::set<std::string> wordsOf(const std::string& text) {
     std::istringstream in(text);
@@ -90,8 +92,10 @@ TEST(FishCompletion, OffersWhatTheTablesHold) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.line);
-        const std::string command = "source " + path + "; complete -C '" + row.line + "' | string split -f 1 \\t";
-        EXPECT_EQ(wordsOf(outputOf("HOME=/nonexistent fish -N -c " + Cli::singleQuoted(command) + " 2> /dev/null")), row.offered);
+        const std::string command = "source " + path + "; complete -C '" + row.line + "' | string split -f "
+                                                                                      "1 \\t";
+        const std::string fish = "HOME=/nonexistent fish -N -c " + Cli::singleQuoted(command) + " 2> /dev/null";
+        EXPECT_EQ(wordsOf(outputOf(fish)), row.offered);
     }
 }
 
@@ -100,8 +104,8 @@ TEST(Completion, KnowsEverySwitchAndOption) {
         SCOPED_TRACE(script.substr(0, 60));
         for (const Cli::Switch& row : Cli::switchTable()) {
             const std::string name(row.name);
-            const bool isThere = script.find("--" + name) != std::string::npos || script.find("-l " + name) != std::string::npos;
-            EXPECT_TRUE(isThere) << name;
+            const std::size_t usual = script.find("--" + name);
+            EXPECT_NE(usual == std::string::npos ? script.find("-l " + name) : usual, std::string::npos) << name;
         }
         for (const Norvane::PropertyInfo& option : Norvane::propertyCatalogue()) {
             if (!option.formats) continue;
@@ -124,7 +128,8 @@ TEST(CompletionCommand, NeedsAShellThatItKnows) {
         {{}, "kerfline: error: name one shell: kerfline completion bash, zsh or fish\n"},
         {{"bash", "zsh"}, "kerfline: error: name one shell: kerfline completion bash, zsh or fish\n"},
         {{"bsh"},
-         "kerfline: error: no completion for \"bsh\"; there are bash, zsh and fish; did you mean \"bash\"?\n"},
+         "kerfline: error: no completion for \"bsh\"; there are bash, zsh and fish; did you mean "
+         "\"bash\"?\n"},
     };
     for (const auto& row : rows) {
         std::istringstream in;

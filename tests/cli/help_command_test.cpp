@@ -71,8 +71,10 @@ TEST(HelpCommand, NamesTheNearestTopic) {
         std::vector<std::string> arguments;
         const char* message;
     } rows[] = {
-        {{"Clases"}, "kerfline: error: there is no help on \"Clases\"; did you mean \"kerfline help Classes\"?\n"},
-        {{"--html", "Enum"}, "kerfline: error: there is no help on \"Enum\"; did you mean \"kerfline help Enums\"?\n"},
+        {{"Clases"}, "kerfline: error: there is no help on \"Clases\"; did you mean \"kerfline help "
+                     "Classes\"?\n"},
+        {{"--html", "Enum"}, "kerfline: error: there is no help on \"Enum\"; did you mean \"kerfline help "
+                             "Enums\"?\n"},
         {{"xylophone-quartet"},
          "kerfline: error: there is no help on \"xylophone-quartet\"; kerfline help lists the topics\n"},
         {{"--pdf"}, "kerfline: error: \"kerfline help\" knows \"--html\", and no \"--pdf\"\n"},

@@ -66,8 +66,10 @@ TEST(OptionsCommand, NamesTheNearestOfAMisspeltOne) {
         {{"WS_AFTER_CS_KEYS"},
          "kerfline: error: unknown option \"WS_AFTER_CS_KEYS\"; did you mean \"WS_AFTER_CS_KEY\"?\n"},
         {{"tab_size"}, "kerfline: error: unknown option \"tab_size\"; did you mean \"TAB_SIZE\"?\n"},
-        {{"TAB_SIZE", "zzzzzzzz"}, "kerfline: error: unknown option \"zzzzzzzz\"; kerfline options lists all\n"},
-        {{"--all"}, "kerfline: error: \"kerfline options\" takes names of options or \"--edit\", and no \"--all\"\n"},
+        {{"TAB_SIZE", "zzzzzzzz"}, "kerfline: error: unknown option \"zzzzzzzz\"; kerfline options lists "
+                                   "all\n"},
+        {{"--all"}, "kerfline: error: \"kerfline options\" takes names of options or \"--edit\", and no "
+                    "\"--all\"\n"},
     };
     for (const auto& row : rows) {
         const Ran result = run(row.arguments);

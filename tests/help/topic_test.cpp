@@ -59,19 +59,24 @@ TEST(Topics, AreFoundByTheNamesThatPeopleGiveThem) {
         ASSERT_NE(findTopic(row.typed), nullptr);
         EXPECT_EQ(findTopic(row.typed)->file, row.file);
     }
-    for (const char* unknown : {"", ".htm", "Class", "Classes.html"}) EXPECT_EQ(findTopic(unknown), nullptr) << unknown;
+    for (const char* unknown : {"", ".htm", "Class", "Classes.html"}) {
+        EXPECT_EQ(findTopic(unknown), nullptr) << unknown;
+    }
     EXPECT_EQ(Help::topicOf("NO_SUCH_OPTION"), nullptr);
 }
 
 std::set<std::string> matches(const std::string& text, const char* pattern) {
     const std::regex expression(pattern);
     std::set<std::string> found;
-    for (std::sregex_iterator at(text.begin(), text.end(), expression), end; at != end; ++at) found.insert((*at)[1]);
+    for (std::sregex_iterator at(text.begin(), text.end(), expression), end; at != end; ++at) {
+        found.insert((*at)[1]);
+    }
     return found;
 }
 
 std::string pageOf(const Topic& topic) {
-    return Help::htmlPage(topicDocument(topic), topic.file, {{"Classes.htm", "Classes"}, {"Enums.htm", "Enums"}});
+    const std::vector<Help::PageLink> pages = {{"Classes.htm", "Classes"}, {"Enums.htm", "Enums"}};
+    return Help::htmlPage(topicDocument(topic), topic.file, pages);
 }
 
 TEST(Pages, LeadOnlyToPagesAndAnchorsThatThereAre) {
@@ -117,13 +122,16 @@ TEST(OptionEntries, SayWhatCanBeSetAndWhatHoldsOtherwise) {
         const char* values;
         const char* absent;
     } rows[] = {
-        {"ASTERISK_ANCHOR", "`-1` as in the source; `0` at the type; `1` at the name", "as `-1`: as in the source"},
+        {"ASTERISK_ANCHOR", "`-1` as in the source; `0` at the type; `1` at the name", "as `-1`: as in the "
+                                                                                       "source"},
         {"RIGHT_MARGIN", "a number from `0` on", "as `0`: nothing is broken"},
         {"TAB_SIZE", "a number from `1` on", "as `1`"},
         {"LINE_WRAP", "`1` on; `0` off", "off"},
-        {"ALIGN_PPD_LEFT_MOST", "`0` with the code's indent; `1` left-most", "each directive keeps its column"},
+        {"ALIGN_PPD_LEFT_MOST", "`0` with the code's indent; `1` left-most", "each directive keeps its "
+                                                                             "column"},
         {"WS_AFTER_PARAM_TYPE_ID",
-         "the exact white space for the place: `\" \"` is one blank, `\"\\n\"` a new line, `\"\\t\"` a tab, `\"\"` nothing",
+         "the exact white space for the place: `\" \"` is one blank, `\"\\n\"` a new line, `\"\\t\"` a tab, "
+         "`\"\"` nothing",
          "one blank"},
     };
     for (const auto& row : rows) {
