@@ -20,7 +20,8 @@ namespace {
 
 constexpr Command kCommands[] = {
     {"which", "[--scheme NAME] FILE...", "Tell which scheme a file is laid out by", runWhichCommand},
-    {"schemes", "[show NAME|copy NAME NEW|convert]", "List the schemes; show, copy or convert them", runSchemesCommand},
+    {"schemes", "[show NAME|copy NAME NEW|convert]", "List the schemes; show, copy or convert them",
+     runSchemesCommand},
     {"settings", "[get NAME|set NAME VALUE]", "Show or change your settings", runSettingsCommand},
     {"options", "[NAME]", "Tell of the options that a scheme can hold", runOptionsCommand},
     {"help", "[TOPIC]", "Show a page of the help", runHelpCommand},
@@ -65,7 +66,8 @@ ExitStatus runCommandLine(const std::vector<std::string>& arguments, const Strea
     try {
         const Command* command = arguments.empty() ? nullptr : findCommand(arguments.front());
         if (command != nullptr) return command->run({arguments.begin() + 1, arguments.end()}, streams);
-        const std::string_view meant = arguments.empty() ? std::string_view() : commandMeantBy(arguments.front());
+        const std::string_view meant =
+            arguments.empty() ? std::string_view() : commandMeantBy(arguments.front());
         if (!meant.empty()) {
             return failUsage("there is neither a file nor a command \"" + arguments.front() +
                                  "\"; did you mean \"kerfline " + std::string(meant) + "\"?",

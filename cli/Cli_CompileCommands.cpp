@@ -29,7 +29,9 @@ std::vector<std::string> filesOfCompileCommands(const std::string& path) {
     std::ifstream in = openFile(file);
     const ReadResult text = readSource(in);
     const nlohmann::json database = nlohmann::json::parse(text.bytes, nullptr, false);
-    if (!database.is_array()) throw CompileCommandsError("no list of compile commands: it should be a JSON array");
+    if (!database.is_array()) {
+        throw CompileCommandsError("no list of compile commands: it should be a JSON array");
+    }
     const std::filesystem::path base = folderOf(absolutePath(file));
     std::vector<std::string> files;
     std::set<std::string> seen;

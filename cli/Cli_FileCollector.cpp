@@ -24,7 +24,8 @@ struct Entry {
 /// Folders of version control, and hidden ones.
 bool isPassedOver(std::string_view folder) {
     constexpr std::string_view names[] = {"CVS", "RCS", "SCCS", "_darcs", "_FOSSIL_", "{arch}"};
-    return folder.starts_with('.') || std::find(std::begin(names), std::end(names), folder) != std::end(names);
+    return folder.starts_with('.') ||
+           std::find(std::begin(names), std::end(names), folder) != std::end(names);
 }
 
 /// The entries of a folder by name. A link to a folder is left out: it could lead round in circles.
@@ -63,7 +64,8 @@ bool isHeader(const std::string& path) {
 } // namespace
 
 FileCollector::FileCollector(const Options& options, const Addin::AddInOptions& settings,
-                             NorvaneUI::FileSystem& files, IgnoreRules& ignored, std::istream& in, Report& report)
+                             NorvaneUI::FileSystem& files, IgnoreRules& ignored, std::istream& in,
+                             Report& report)
     : options_(options), settings_(settings), files_(files), ignored_(ignored), in_(in), report_(report) {}
 
 std::vector<WorkItem> FileCollector::collect() {
@@ -109,9 +111,17 @@ void FileCollector::addList(const std::string& path) {
             std::ifstream file = openFile(path);
             list = readSource(file);
         }
-        for (const std::string& entry : pathsOf(list.bytes)) addNamed(entry);
+        for (const std::string& entry : pathsOf(list.bytes)) addListed(entry);
     } catch (const std::system_error& error) {
         report_.error({path}, error.code().message(), ExitStatus::fileFailed);
+    }
+}
+
+/// A list is made by a program more often than by hand, and holds whatever a change touched.
+void FileCollector::addListed(const std::string& path) {
+    std::error_code ignored;
+    if (fs::is_directory(path, ignored) || Addin::isListedExtension(path, settings_.fileExtensions)) {
+        addNamed(path);
     }
 }
 

@@ -39,6 +39,7 @@ private:
     void addNamed(const std::string& path);
     void addStandardInput();
     void addList(const std::string& path);
+    void addListed(const std::string& path);
     void addTree(const std::string& folder);
     void addProject(const std::string& path);
     void addHeadersIn(const std::string& folder);

@@ -65,7 +65,8 @@ FileOutcome FileWorker::process(const WorkItem& item) const noexcept {
         outcome.report.error({item.path}, "not enough memory for this file", ExitStatus::fileFailed);
     } catch (const std::exception&) {
         outcome.result = FormatResult::failed;
-        outcome.report.error({item.path}, "internal error: this file could not be laid out", ExitStatus::refused);
+        outcome.report.error({item.path}, "internal error: this file could not be laid out",
+                             ExitStatus::refused);
     }
     return outcome;
 }
@@ -96,7 +97,8 @@ bool FileWorker::prepare(const WorkItem& item, FileStage& stage, FileOutcome& ou
     return takeStream(in, item, stage, outcome);
 }
 
-bool FileWorker::takeStream(std::istream& in, const WorkItem& item, FileStage& stage, FileOutcome& outcome) const {
+bool FileWorker::takeStream(std::istream& in, const WorkItem& item, FileStage& stage,
+                            FileOutcome& outcome) const {
     ReadResult read = readSource(in);
     if (!read.complete) {
         if (item.isStandardInput && printsText()) outcome.output = std::move(read.bytes);
@@ -108,7 +110,8 @@ bool FileWorker::takeStream(std::istream& in, const WorkItem& item, FileStage& s
 
 bool FileWorker::refuseTooLarge(const WorkItem& item, FileOutcome& outcome) const {
     outcome.result = FormatResult::refused;
-    outcome.report.error({item.path}, "longer than 4 GB, which is more than can be laid out", ExitStatus::refused);
+    outcome.report.error({item.path}, "longer than 4 GB, which is more than can be laid out",
+                         ExitStatus::refused);
     outcome.isCutShort = printsText() && options_.dump == Dump::none;
     return false;
 }

@@ -78,7 +78,8 @@ void CommandLine::add(const Switch& row) {
         app_.add_flag(names + '{' + kNoArgument + '}');
     } else {
         CLI::Option* option = app_.add_option(names)->expected(1)->allow_extra_args(false);
-        option->multi_option_policy(row.repeats ? CLI::MultiOptionPolicy::TakeAll : CLI::MultiOptionPolicy::TakeLast);
+        option->multi_option_policy(row.repeats ? CLI::MultiOptionPolicy::TakeAll
+                                                : CLI::MultiOptionPolicy::TakeLast);
         if (row.kind == ArgumentKind::choice) option->check(CLI::IsMember(choicesOf(row)));
     }
 }
@@ -123,7 +124,8 @@ void CommandLine::refuseUnknown() const {
         std::vector<std::string_view> names;
         for (const Switch& row : switchTable()) names.push_back(row.name);
         const std::string typed = name.substr(std::min(name.find_first_not_of('-'), name.size()));
-        throw CLI::ValidationError("there is no switch \"" + name + '"' + nearestNameHint(typed, names, "--"));
+        throw CLI::ValidationError("there is no switch \"" + name + '"' +
+                                   nearestNameHint(typed, names, "--"));
     }
 }
 
@@ -143,7 +145,8 @@ unsigned CommandLine::jobs() const {
     unsigned count = 0;
     const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), count);
     if (error != std::errc() || rest != text.data() + text.size() || count > most) {
-        throw CLI::ValidationError("-j takes a number from 0 to " + std::to_string(most) + ", not \"" + text + '"');
+        throw CLI::ValidationError("-j takes a number from 0 to " + std::to_string(most) + ", not \"" + text +
+                                   '"');
     }
     return count != 0 ? count : std::max(1u, std::thread::hardware_concurrency());
 }
@@ -186,14 +189,16 @@ void CommandLine::refuseContradictions(const Options& options) const {
         throw CLI::ValidationError("--backup goes with -i: without it no file is written");
     }
     if (options.dump != Dump::none && options.destination != Destination::standardOutput) {
-        throw CLI::ValidationError("--dump writes to standard output: it goes with none of -i, --check and --diff");
+        throw CLI::ValidationError(
+            "--dump writes to standard output: it goes with none of -i, --check and --diff");
     }
     const bool readsInput = std::find(options.files.begin(), options.files.end(), "-") != options.files.end();
     if (has("in-place") && readsInput) {
         throw CLI::ValidationError("-i needs files to write back to; standard input is none");
     }
     if (has("stdin-filename") && !readsInput) {
-        throw CLI::ValidationError("--stdin-filename names standard input, which is not among the files; add \"-\"");
+        throw CLI::ValidationError(
+            "--stdin-filename names standard input, which is not among the files; add \"-\"");
     }
 }
 

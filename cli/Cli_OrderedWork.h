@@ -32,7 +32,9 @@ std::size_t doInOrder(std::size_t count, unsigned jobs, Work work, Take take, Is
     std::size_t taken = 0;
 
     const auto begun = [&] { return taken + waiting.size(); };
-    const auto mayBegin = [&] { return begun() == count || waiting.size() < aheadPerJob * jobs || isStopped(); };
+    const auto mayBegin = [&] {
+        return begun() == count || waiting.size() < aheadPerJob * jobs || isStopped();
+    };
     const auto serve = [&] {
         std::unique_lock lock(mutex);
         while (true) {

@@ -63,7 +63,9 @@ void Program::showScheme(SchemeShelf& shelf) {
     WorkItem item;
     item.path = options_.files.empty() ? std::string("-") : options_.files.front();
     item.isStandardInput = item.path == "-";
-    if (item.isStandardInput) item.path = options_.inputName.empty() ? std::string(kStandardInput) : options_.inputName;
+    if (item.isStandardInput) {
+        item.path = options_.inputName.empty() ? std::string(kStandardInput) : options_.inputName;
+    }
     const Norvane::PropertySet* scheme = shelf.schemeIn(folderForScheme(item));
     if (scheme != nullptr) scheme->write(streams_.out);
     finishOutput();
@@ -84,12 +86,14 @@ bool Program::mayWrite(const std::vector<std::string>& folders) {
     if (options_.destination != Destination::sameFile) return true;
     const bool isAsked = !folders.empty() || !options_.project.empty();
     if (isAsked && !options_.assumesYes && !streams_.terminals.in) {
-        report_.addGeneral("error", "without a terminal to ask on, writing to all files of a folder or project "
-                                    "needs -y");
+        report_.addGeneral("error",
+                           "without a terminal to ask on, writing to all files of a folder or project "
+                           "needs -y");
         report_.raise(ExitStatus::badUsageOrScheme);
         return false;
     }
-    const bool projectMay = options_.project.empty() || mayWriteTo(Addin::Texts::kAskProject, options_.project);
+    const bool projectMay =
+        options_.project.empty() || mayWriteTo(Addin::Texts::kAskProject, options_.project);
     return projectMay && std::all_of(folders.begin(), folders.end(), [&](const std::string& folder) {
                return mayWriteTo(Addin::Texts::kAskTree, folder);
            });
@@ -103,7 +107,8 @@ bool Program::mayWriteTo(std::string_view question, const std::string& name) {
 
 void Program::layOut(const std::vector<WorkItem>& items, bool isBatch) {
     const bool isAtTerminal = streams_.terminals.err && options_.verbosity != Verbosity::quiet;
-    const bool printsOnTerminal = options_.destination == Destination::standardOutput && streams_.terminals.out;
+    const bool printsOnTerminal =
+        options_.destination == Destination::standardOutput && streams_.terminals.out;
     const bool onlyInput = items.size() == 1 && items.front().isStandardInput;
     // Somebody who types the source is done with Control-C at once.
     std::optional<InterruptGuard> guard;
@@ -155,7 +160,8 @@ void Program::tellWhatIsLeft(const std::vector<WorkItem>& items, std::size_t don
     report_.addGeneral("warning", Addin::Texts::kCancelled);
     if (left.empty()) return;
     const bool isLong = options_.verbosity != Verbosity::verbose && left.size() > 3;
-    std::string text = std::to_string(left.size()) + " of " + std::to_string(items.size()) + " files not done: ";
+    std::string text =
+        std::to_string(left.size()) + " of " + std::to_string(items.size()) + " files not done: ";
     for (std::size_t i = 0; i < (isLong ? 3 : left.size()); ++i) text += (i == 0 ? "" : ", ") + left[i];
     report_.addGeneral("warning", text + (isLong ? ", ..." : ""));
 }

@@ -11,8 +11,9 @@ namespace {
 /// One column for each byte at most: what a terminal would take as a command is left out.
 std::string printable(const std::string& path) {
     std::string text = path;
-    std::replace_if(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; },
-                    '?');
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; },
+        '?');
     return text;
 }
 

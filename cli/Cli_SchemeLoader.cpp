@@ -83,7 +83,9 @@ private:
                                  (code == '3' ? recordValue(value) : std::string(value));
         // Under another kind, an older value would stay beside the new one.
         eraseAll(scheme_, name);
-        if (const auto problem = readRecord(line, scheme_)) reportProblem({"--set " + name}, *problem, report_);
+        if (const auto problem = readRecord(line, scheme_)) {
+            reportProblem({"--set " + name}, *problem, report_);
+        }
     }
 
     void unset(const std::string& name) {
@@ -111,7 +113,8 @@ std::string readSchemeFile(const std::string& path) {
     return Addin::SourceForm(read.bytes).textOf(read.bytes);
 }
 
-std::optional<Norvane::PropertySet> parseSchemeText(const std::string& path, std::string_view text, Report& report) {
+std::optional<Norvane::PropertySet> parseSchemeText(const std::string& path, std::string_view text,
+                                                    Report& report) {
     bool isGood = true;
     for (const SchemeProblem& problem : checkSchemeText(text)) {
         reportProblem({path, problem.line, problem.column}, problem, report);

@@ -28,7 +28,8 @@ using NorvaneUI::PropertySetStore;
 class SchemesCommand {
 public:
     explicit SchemesCommand(const Streams& streams)
-        : streams_(streams), userFolder_(Addin::userSchemeFolder()), finder_(disk_, userFolder_, {}, report_) {}
+        : streams_(streams), userFolder_(Addin::userSchemeFolder()),
+          finder_(disk_, userFolder_, {}, report_) {}
 
     ExitStatus run(const std::vector<std::string>& words) {
         dispatch(words);
@@ -82,17 +83,22 @@ void SchemesCommand::list() {
         if (status && !status->writable) streams_.out << ", read-only";
         Norvane::PropertySet scheme;
         const bool isRead = NorvaneUI::parseScheme(textOf({SchemeSource::Kind::user, name, path}), scheme);
-        if (isRead && scheme.strings().count(std::string(NorvaneUI::kVersionKey)) == 0) streams_.out << ", not converted";
+        if (isRead && scheme.strings().count(std::string(NorvaneUI::kVersionKey)) == 0) {
+            streams_.out << ", not converted";
+        }
         streams_.out << ")\n";
     }
     for (const ShippedScheme& scheme : shippedSchemes()) {
         const bool isHidden = finder_.userSchemes().count(std::string(scheme.name)) != 0;
-        streams_.out << scheme.name << "  (comes with the program" << (isHidden ? ", hidden by yours" : "") << ")\n";
+        streams_.out << scheme.name << "  (comes with the program" << (isHidden ? ", hidden by yours" : "")
+                     << ")\n";
     }
 }
 
 std::string SchemesCommand::textOf(const SchemeSource& source) const {
-    if (source.kind == SchemeSource::Kind::empty) return NorvaneUI::schemeText(Norvane::PropertySet(source.name));
+    if (source.kind == SchemeSource::Kind::empty) {
+        return NorvaneUI::schemeText(Norvane::PropertySet(source.name));
+    }
     if (source.kind == SchemeSource::Kind::shipped) return std::string(findShippedScheme(source.name)->text);
     return readSchemeFile(source.path);
 }
@@ -140,7 +146,8 @@ void SchemesCommand::store(PropertySetStore& schemes, const Norvane::PropertySet
     } catch (const PropertySetStore::ReadError& error) {
         fail(NorvaneUI::filled(Addin::Texts::kSchemeUnreadable, {error.path()}), ExitStatus::fileFailed);
     } catch (const PropertySetStore::WriteError& error) {
-        fail(NorvaneUI::filled(Addin::Texts::kSchemeUnwritable, {error.path(), userFolder_}), ExitStatus::fileFailed);
+        fail(NorvaneUI::filled(Addin::Texts::kSchemeUnwritable, {error.path(), userFolder_}),
+             ExitStatus::fileFailed);
     }
 }
 
@@ -164,7 +171,8 @@ void SchemesCommand::convert() {
     } catch (const PropertySetStore::ReadError& error) {
         fail(NorvaneUI::filled(Addin::Texts::kSchemeUnreadable, {error.path()}), ExitStatus::fileFailed);
     } catch (const PropertySetStore::WriteError& error) {
-        fail(NorvaneUI::filled(Addin::Texts::kSchemeUnwritable, {error.path(), userFolder_}), ExitStatus::fileFailed);
+        fail(NorvaneUI::filled(Addin::Texts::kSchemeUnwritable, {error.path(), userFolder_}),
+             ExitStatus::fileFailed);
     }
 }
 

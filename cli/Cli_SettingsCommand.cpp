@@ -31,11 +31,15 @@ constexpr Setting kSettings[] = {
     {"OnFormat", SettingKind::scheme, "", "the scheme where neither command line nor project names one"},
     {"OnOpen", SettingKind::scheme, "", "the scheme for documents that an editor opens"},
     {"OnClose", SettingKind::scheme, "", "the scheme for documents that an editor closes"},
-    {"FileExtensions", SettingKind::extensions, "c,cc,cpp,cxx,h,hh,hpp,hxx", "which files of a folder are sources"},
+    {"FileExtensions", SettingKind::extensions, "c,cc,cpp,cxx,h,hh,hpp,hxx",
+     "which files of a folder are sources"},
     {"BackupExtension", SettingKind::backupExtension, "", "stands behind the name of a backup; bak if empty"},
-    {"CreateBackups", SettingKind::yesOrNo, "0", "keep the old text of each file that is written back (1 or 0)"},
-    {"PromptUnsaved", SettingKind::yesOrNo, "1", "an editor asks before it formats an unsaved document (1 or 0)"},
-    {"MessagesThreshold", SettingKind::threshold, "1", "an editor shows no messages (0), or those from this severity (1 to 3)"},
+    {"CreateBackups", SettingKind::yesOrNo, "0",
+     "keep the old text of each file that is written back (1 or 0)"},
+    {"PromptUnsaved", SettingKind::yesOrNo, "1",
+     "an editor asks before it formats an unsaved document (1 or 0)"},
+    {"MessagesThreshold", SettingKind::threshold, "1",
+     "an editor shows no messages (0), or those from this severity (1 to 3)"},
 };
 
 const Setting* findSetting(std::string_view name) {
@@ -52,7 +56,8 @@ public:
 
     ExitStatus run(const std::vector<std::string>& words) {
         if (path_.empty()) {
-            fail("there is no folder for settings of yours: set HOME or XDG_CONFIG_HOME", ExitStatus::fileFailed);
+            fail("there is no folder for settings of yours: set HOME or XDG_CONFIG_HOME",
+                 ExitStatus::fileFailed);
         } else if (settings_.read() != Addin::Settings::Outcome::done) {
             fail(Addin::Texts::kSettingsNotOpened, ExitStatus::fileFailed);
         } else {
@@ -69,7 +74,9 @@ private:
         const bool gets = words.size() == 2 && words[0] == "get";
         const bool sets = words.size() == 3 && words[0] == "set";
         if (getsAll) return list();
-        if (!gets && !sets) return fail("the forms are: settings, settings get NAME, settings set NAME VALUE");
+        if (!gets && !sets) {
+            return fail("the forms are: settings, settings get NAME, settings set NAME VALUE");
+        }
         const Setting* setting = findSetting(words[1]);
         if (setting == nullptr) return failUnknown(words[1]);
         if (gets) {
@@ -105,9 +112,11 @@ private:
     std::string faultOf(const Setting& setting, const std::string& value) {
         switch (setting.kind) {
         case SettingKind::scheme: return value.empty() ? std::string() : faultOfScheme(value);
-        case SettingKind::yesOrNo: return value == "0" || value == "1" ? "" : "takes 0 or 1, not \"" + value + '"';
+        case SettingKind::yesOrNo:
+            return value == "0" || value == "1" ? "" : "takes 0 or 1, not \"" + value + '"';
         case SettingKind::threshold:
-            return value.size() == 1 && value >= "0" && value <= "3" ? "" : "takes 0 to 3, not \"" + value + '"';
+            return value.size() == 1 && value >= "0" && value <= "3" ? ""
+                                                                     : "takes 0 to 3, not \"" + value + '"';
         case SettingKind::extensions:
         case SettingKind::backupExtension: break;
         }
@@ -124,7 +133,8 @@ private:
         std::vector<std::string_view> names;
         for (const Setting& setting : kSettings) names.push_back(setting.name);
         const std::string hint = nearestNameHint(name, names);
-        fail("there is no setting \"" + name + '"' + (hint.empty() ? "; \"kerfline settings\" lists them" : hint));
+        fail("there is no setting \"" + name + '"' +
+             (hint.empty() ? "; \"kerfline settings\" lists them" : hint));
     }
     void fail(std::string_view text, ExitStatus status = ExitStatus::badUsageOrScheme) {
         report_.addGeneral("error", text);

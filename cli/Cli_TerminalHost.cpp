@@ -118,7 +118,9 @@ void TerminalHost::addWithoutPlace(std::uint32_t severity, const std::string& te
     if (!isRepetition || verbosity_ == Verbosity::verbose) report_.add({file_}, severityWord(severity), text);
 }
 
-std::unique_ptr<Addin::FileProgressDlg> TerminalHost::openProgress(int) { return std::make_unique<CancelWatch>(); }
+std::unique_ptr<Addin::FileProgressDlg> TerminalHost::openProgress(int) {
+    return std::make_unique<CancelWatch>();
+}
 
 Addin::Result<bool> TerminalHost::showOptions(Addin::AddInOptions&, NorvaneUI::PropertySetStore&) {
     return Failure{FailureKind::unsupported, "The options window is another program"};

@@ -37,7 +37,9 @@ public:
     Addin::Result<Addin::DocumentInfo> document(Addin::Document) override { return noDocuments(); }
     Addin::Status save(Addin::Document) override { return noDocuments(); }
     Addin::Result<Addin::DocumentText> text(Addin::Document) override { return noDocuments(); }
-    Addin::Status replaceText(Addin::Document, const std::string&, std::uint64_t) override { return noDocuments(); }
+    Addin::Status replaceText(Addin::Document, const std::string&, std::uint64_t) override {
+        return noDocuments();
+    }
     Addin::Result<Addin::Cursor> cursor(Addin::Document) override { return noDocuments(); }
     void setCursor(Addin::Document, const Addin::Cursor&) override {}
     std::vector<std::string> changedDocuments() override { return {}; }
@@ -54,7 +56,8 @@ public:
                     const std::optional<Addin::Place>& place) override;
     std::unique_ptr<Addin::FileProgressDlg> openProgress(int total) override;
     void pump() override {}
-    Addin::Result<bool> showOptions(Addin::AddInOptions& options, NorvaneUI::PropertySetStore& schemes) override;
+    Addin::Result<bool> showOptions(Addin::AddInOptions& options,
+                                    NorvaneUI::PropertySetStore& schemes) override;
     Addin::Status showHelp(const std::string& topic) override;
 
 private:

@@ -48,7 +48,8 @@ struct Change {
 /// Walks over both texts at once; the one with less ink in front goes first.
 class Comparison {
 public:
-    Comparison(const std::vector<Line>& before, const std::vector<Line>& after) : before_(before), after_(after) {}
+    Comparison(const std::vector<Line>& before, const std::vector<Line>& after)
+        : before_(before), after_(after) {}
 
     std::vector<Change> changes() {
         while (i_ < before_.size() || j_ < after_.size()) {
@@ -103,7 +104,8 @@ std::string shownPath(std::string_view prefix, std::string_view name) {
             path += c;
         } else if (byte < 0x20 || byte == 0x7f) {
             const char digits[] = {'\\', static_cast<char>('0' + (byte >> 6)),
-                                   static_cast<char>('0' + ((byte >> 3) & 7)), static_cast<char>('0' + (byte & 7))};
+                                   static_cast<char>('0' + ((byte >> 3) & 7)),
+                                   static_cast<char>('0' + (byte & 7))};
             path.append(digits, sizeof digits);
         } else {
             path += c;
@@ -140,7 +142,8 @@ private:
         const std::size_t lead = std::min(kContext, first->before);
         const std::size_t end = std::min((last - 1)->beforeEnd + kContext, before_.size());
         const std::size_t afterEnd = (last - 1)->afterEnd + (end - (last - 1)->beforeEnd);
-        colored("\x1b[36m", "@@ -" + span(first->before - lead, end) + " +" + span(first->after - lead, afterEnd) + " @@");
+        colored("\x1b[36m", "@@ -" + span(first->before - lead, end) + " +" +
+                                span(first->after - lead, afterEnd) + " @@");
         std::size_t at = first->before - lead;
         for (auto change = first; change != last; ++change) {
             lines(' ', "", before_, at, change->before);
@@ -153,9 +156,11 @@ private:
     /// First line and count; an empty span is named by the line in front of it.
     static std::string span(std::size_t begin, std::size_t end) {
         const std::size_t count = end - begin;
-        return std::to_string(count == 0 ? begin : begin + 1) + (count == 1 ? "" : ',' + std::to_string(count));
+        return std::to_string(count == 0 ? begin : begin + 1) +
+               (count == 1 ? "" : ',' + std::to_string(count));
     }
-    void lines(char mark, std::string_view color, const std::vector<Line>& from, std::size_t begin, std::size_t end) {
+    void lines(char mark, std::string_view color, const std::vector<Line>& from, std::size_t begin,
+               std::size_t end) {
         for (std::size_t i = begin; i < end; ++i) {
             std::string_view text = from[i].text;
             const bool hasLineFeed = text.ends_with('\n');
@@ -180,7 +185,8 @@ private:
 
 } // namespace
 
-std::string unifiedDiff(std::string_view name, std::string_view before, std::string_view after, bool isColored) {
+std::string unifiedDiff(std::string_view name, std::string_view before, std::string_view after,
+                        bool isColored) {
     if (before == after) return {};
     const std::vector<Line> oldLines = linesOf(before);
     const std::vector<Line> newLines = linesOf(after);

@@ -73,7 +73,10 @@ std::string described(const SchemeSource& source) {
 
 ExitStatus runWhichCommand(const std::vector<std::string>& arguments, const Streams& streams) {
     const auto question = readArguments(arguments);
-    if (!question) return failUsage("\"which\" takes the names of files: kerfline which [--scheme NAME] FILE...", streams);
+    if (!question) {
+        return failUsage("\"which\" takes the names of files: kerfline which [--scheme NAME] FILE...",
+                         streams);
+    }
     Report report;
     NorvaneUI::DiskFileSystem disk;
     TerminalHost host(streams, report, Verbosity::normal, false);
@@ -87,7 +90,9 @@ ExitStatus runWhichCommand(const std::vector<std::string>& arguments, const Stre
         const auto source = finder.find(question->scheme, isFolder ? full : folderOf(full));
         if (!source) break;
         streams.out << file << ": " << described(*source);
-        if (const auto& reason = ignored.reasonFor(full, isFolder)) streams.out << "; left alone by " << *reason;
+        if (const auto& reason = ignored.reasonFor(full, isFolder)) {
+            streams.out << "; left alone by " << *reason;
+        }
         streams.out << '\n';
     }
     streams.out.flush();
