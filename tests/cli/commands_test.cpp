@@ -109,7 +109,9 @@ TEST_F(Commands, ConvertOldSchemes) {
     folder.write("config/kerfline/schemes/old.kls", old);
     ::chmod(path.c_str(), 0444);
     EXPECT_EQ(run({"schemes", "convert"}), ExitStatus::done);
-    EXPECT_NE(err.find("The scheme 'Old' was created using a previous version of Kerfline."), std::string::npos) << err;
+    EXPECT_NE(err.find("The scheme 'Old' was created using a previous version of Kerfline."),
+              std::string::npos)
+        << err;
     EXPECT_EQ(folder.read("config/kerfline/schemes/old.kls"), old);
 }
 
@@ -129,8 +131,8 @@ TEST_F(Commands, WhichTellsOfProjectAndIgnoreFile) {
     folder.write(".kerfline.kls", "Norvane::PropertySet\n1\n\"ours\"\n");
     folder.write(".kerflineignore", "\n*.h\n");
     run({"which", folder / "a.h"});
-    EXPECT_EQ(out, (folder / "a.h") + ": \"ours\", the project's " + (folder / ".kerfline.kls") + "; left alone by " +
-                       (folder / ".kerflineignore") + ":2\n");
+    EXPECT_EQ(out, (folder / "a.h") + ": \"ours\", the project's " + (folder / ".kerfline.kls") +
+                       "; left alone by " + (folder / ".kerflineignore") + ":2\n");
 }
 
 TEST_F(Commands, ShowHelpAndVersionOfThePlainProgram) {

@@ -14,9 +14,10 @@ class Collector : public testing::Test {
 protected:
     Collector() {
         options.destination = Cli::Destination::checkOnly;
-        for (const char* path : {"x/y", ".git", "x/.hidden", "CVS", "out"}) std::filesystem::create_directories(folder / path);
-        for (const char* path : {"b.c", "a.h", "notes.txt", "x/c.CPP", "x/y/d.cc", ".git/e.c", "x/.hidden/f.c", "CVS/g.c",
-                                 "out/h.c", "Makefile"}) {
+        for (const char* path : {"x/y", ".git", "x/.hidden", "CVS", "out"})
+            std::filesystem::create_directories(folder / path);
+        for (const char* path : {"b.c", "a.h", "notes.txt", "x/c.CPP", "x/y/d.cc", ".git/e.c",
+                                 "x/.hidden/f.c", "CVS/g.c", "out/h.c", "Makefile"}) {
             folder.write(path, "int a;\n");
         }
     }
@@ -31,7 +32,8 @@ protected:
         for (const Cli::WorkItem& item : collector.collect()) {
             const std::string start = folder / "";
             const bool isInside = item.path.starts_with(start);
-            text += (item.ignoredBy ? "!" : "") + (isInside ? item.path.substr(start.size()) : item.path) + ' ';
+            text +=
+                (item.ignoredBy ? "!" : "") + (isInside ? item.path.substr(start.size()) : item.path) + ' ';
         }
         return text;
     }
@@ -91,9 +93,13 @@ TEST_F(Collector, FollowsNoLinkInCirclesOrToNowhere) {
 }
 
 TEST_F(Collector, ReadsLists) {
-    const std::string lines = (folder / "b.c") + "\r\n\n" + (folder / "x") + '\n';
+    // What is no source is passed over: a list comes from a program.
+    const std::string lines =
+        (folder / "b.c") + "\r\n\n" + (folder / "notes.txt") + '\n' + (folder / "x") + '\n';
     EXPECT_EQ(collect({'@' + folder.write("list", lines)}), "b.c x/c.CPP x/y/d.cc ");
-    EXPECT_EQ(collect({"@-"}, folder / "b.c" + std::string(1, '\0') + (folder / "a.h") + std::string(1, '\0')), "b.c a.h ");
+    EXPECT_EQ(
+        collect({"@-"}, folder / "b.c" + std::string(1, '\0') + (folder / "a.h") + std::string(1, '\0')),
+        "b.c a.h ");
     EXPECT_EQ(collect({'@' + (folder / "none")}), "");
     EXPECT_EQ(messages(), (folder / "none") + ":1:1: error: No such file or directory\n");
 }
@@ -107,9 +113,10 @@ TEST_F(Collector, PassesOverBackupsThatLookLikeSources) {
 
 TEST_F(Collector, TakesTheFilesOfAProjectAndTheHeadersBesideThem) {
     folder.write("x/y/k.hpp", "");
-    options.project = folder.write("compile_commands.json",
-                                   R"([{"directory":")" + (folder / "x") + R"(","file":"y/d.cc","command":"c++"},)" +
-                                       R"({"directory":"/","file":")" + (folder / "x/y/../y/d.cc") + R"("}])");
+    options.project =
+        folder.write("compile_commands.json",
+                     R"([{"directory":")" + (folder / "x") + R"(","file":"y/d.cc","command":"c++"},)" +
+                         R"({"directory":"/","file":")" + (folder / "x/y/../y/d.cc") + R"("}])");
     EXPECT_EQ(collect({}), "x/y/d.cc x/y/k.hpp ");
     options.project = folder / "";
     EXPECT_EQ(collect({}), "x/y/d.cc x/y/k.hpp ");

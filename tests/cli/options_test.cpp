@@ -36,7 +36,8 @@ TEST(CommandLine, ReadsStandardInputByDefault) {
 }
 
 TEST(CommandLine, TakesOneArgumentForEachEdit) {
-    const Parsed parsed = parse({"--set", "TAB_SIZE=8", "a.cpp", "--unset", "WS_AFTER_CS_KEY", "-", "[b].cpp"});
+    const Parsed parsed =
+        parse({"--set", "TAB_SIZE=8", "a.cpp", "--unset", "WS_AFTER_CS_KEY", "-", "[b].cpp"});
     ASSERT_TRUE(parsed.options);
     EXPECT_EQ(parsed.options->files, (std::vector<std::string>{"a.cpp", "-", "[b].cpp"}));
     ASSERT_EQ(parsed.options->edits.size(), 2u);

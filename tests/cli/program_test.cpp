@@ -148,7 +148,8 @@ TEST(Program, WritesNothingIfOneOfTheSchemesIsWrong) {
     std::ostringstream out;
     std::ostringstream err;
     EXPECT_EQ(Cli::runProgram(options, {in, out, err}), ExitStatus::badUsageOrScheme);
-    EXPECT_EQ(err.str().rfind(folder / "x/.kerfline.kls" + ":4:3: error: unknown option \"TAB_SIZ\"", 0), 0u) << err.str();
+    EXPECT_EQ(err.str().rfind(folder / "x/.kerfline.kls" + ":4:3: error: unknown option \"TAB_SIZ\"", 0), 0u)
+        << err.str();
     EXPECT_EQ(folder.read("a.c"), kUntidy);
 }
 
@@ -218,7 +219,8 @@ TEST(Dump, ShowsTheSchemeInForce) {
 }
 
 TEST(Message, IsOneLine) {
-    EXPECT_EQ(Cli::messageLine({"a\nb.c", 3, 4}, "error", "x\ty\r\x7f"), "a\\nb.c:3:4: error: x\\ty\\x0d\\x7f");
+    EXPECT_EQ(Cli::messageLine({"a\nb.c", 3, 4}, "error", "x\ty\r\x7f"),
+              "a\\nb.c:3:4: error: x\\ty\\x0d\\x7f");
 }
 
 } // namespace

@@ -10,13 +10,16 @@ namespace {
 
 using Kind = Cli::SchemeSource::Kind;
 
-std::string schemeCalled(const std::string& name) { return "Norvane::PropertySet\n1\n\"" + name + "\"\n2 TAB_SIZE 3\n"; }
+std::string schemeCalled(const std::string& name) {
+    return "Norvane::PropertySet\n1\n\"" + name + "\"\n2 TAB_SIZE 3\n";
+}
 
 /// project/.kerfline.kls "outer", project/in/.kerfline.kls "inner", and a folder of own schemes.
 class Finder : public testing::Test {
 protected:
     Finder() {
-        for (const char* path : {"project/in/deep", "other", "own"}) std::filesystem::create_directories(folder / path);
+        for (const char* path : {"project/in/deep", "other", "own"})
+            std::filesystem::create_directories(folder / path);
         folder.write("project/.kerfline.kls", schemeCalled("outer"));
         folder.write("project/in/.kerfline.kls", schemeCalled("inner"));
         folder.write("own/mine.kls", schemeCalled("Mine"));
@@ -90,7 +93,8 @@ TEST_F(Finder, PassesOverABrokenSchemeOfAnotherName) {
     folder.write("own/broken.kls", "no scheme");
     EXPECT_EQ(find("Mine", "other")->path, folder / "own/mine.kls");
     EXPECT_EQ(report.status(), Cli::ExitStatus::done);
-    EXPECT_EQ(messages(), "kerfline: warning: " + (folder / "own/broken.kls") + " is passed over: it is not a scheme\n");
+    EXPECT_EQ(messages(),
+              "kerfline: warning: " + (folder / "own/broken.kls") + " is passed over: it is not a scheme\n");
 }
 
 TEST_F(Finder, OfTwoFilesWithOneNameTheFirstCounts) {

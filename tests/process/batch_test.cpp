@@ -86,7 +86,8 @@ TEST(Batch, KilledAtAnyMomentLeavesWholeFiles) {
     // The moments lie between the start and the usual end of a run, whatever the speed of the machine.
     const auto start = std::chrono::steady_clock::now();
     run(batch.inPlace({"-j", "2"}));
-    const auto usual = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start);
+    const auto usual =
+        std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start);
     std::uniform_int_distribution<long> moment(0, std::max<long>(usual.count(), 2000));
     for (int i = 0; i < 220; ++i) {
         batch.restore();
@@ -113,7 +114,8 @@ TEST(Batch, StopsBetweenFilesAtControlC) {
     const int changed = batch.changedFiles();
     EXPECT_GT(changed, 0);
     ASSERT_LT(changed, batch.count());
-    EXPECT_NE(finished.err.find("Format operation cancelled at user's request."), std::string::npos) << finished.err;
+    EXPECT_NE(finished.err.find("Format operation cancelled at user's request."), std::string::npos)
+        << finished.err;
     const std::string left = std::to_string(batch.count() - changed) + " of 400 files not done: ";
     EXPECT_NE(finished.err.find(left), std::string::npos) << finished.err;
 }
@@ -150,10 +152,11 @@ TEST(Batch, OnAFullDiskLeavesWholeFilesAndSaysSo) {
     const TempFolder folder;
     // In a view of the file systems of its own, a small one is mounted, filled up and worked in.
     const std::string here = folder / "";
-    const std::string script = "cd " + here + " && mount -t tmpfs -o size=64k none . || exit 77; cd " + here +
-                               "; for i in 1 2 3 4; do printf 'int f(int a)\\n{\\nif(a)b();\\n}\\n' > f$i.c; done;"
-                               "dd if=/dev/zero of=fill bs=1k >/dev/null 2>&1 ; status=0;" +
-                               KERFLINE_PROGRAM + " -i -y . || status=$?; ls -A | wc -l; grep -c 'if(a)' f?.c; exit $status";
+    const std::string script =
+        "cd " + here + " && mount -t tmpfs -o size=64k none . || exit 77; cd " + here +
+        "; for i in 1 2 3 4; do printf 'int f(int a)\\n{\\nif(a)b();\\n}\\n' > f$i.c; done;"
+        "dd if=/dev/zero of=fill bs=1k >/dev/null 2>&1 ; status=0;" +
+        KERFLINE_PROGRAM + " -i -y . || status=$?; ls -A | wc -l; grep -c 'if(a)' f?.c; exit $status";
     const Finished finished = Process({"unshare", "-m", "sh", "-c", script}).finish();
     if (finished.status == 77 || finished.err.find("unshare") != std::string::npos) {
         GTEST_SKIP() << "no file system may be mounted here: " << finished.err;

@@ -42,9 +42,9 @@ TEST(IgnoreRules, AgreeWithThoseOfGit) {
     const std::string root = std::filesystem::canonical(folder / "").string();
     const Surroundings here = {.folder = root};
     ASSERT_EQ(Process({"git", "init", "-q", "."}, here).finish().status, 0);
-    const std::vector<std::string> paths = {"a",      "b",     "ab",     "x",       "a.c",     "a/a",   "a/b",
-                                            "a/x.c",  "a/b/a", "a/b/x",  "b/a",     "b/a/b",   "b/ax",  "ab/a",
-                                            "x/a/b/c.c", "b/x", "a/ab/b", "a/a/a/b", "b/b/b.c", "b/#",   "x/!"};
+    const std::vector<std::string> paths = {
+        "a",     "b",    "ab",   "x",         "a.c", "a/a",    "a/b",     "a/x.c",   "a/b/a", "a/b/x", "b/a",
+        "b/a/b", "b/ax", "ab/a", "x/a/b/c.c", "b/x", "a/ab/b", "a/a/a/b", "b/b/b.c", "b/#",   "x/!"};
     // A name can be a folder or a file, not both: files get an ending of their own.
     std::string list;
     std::vector<std::string> files;

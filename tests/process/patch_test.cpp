@@ -68,7 +68,8 @@ TEST(Patch, OfAWholeFolderIsAppliedAtOnce) {
     const Surroundings here = {.folder = folder / ""};
     ASSERT_EQ(Process({"git", "init", "-q", "."}, here).finish().status, 0);
     std::filesystem::create_directories(folder / "x");
-    for (const char* name : {"a.c", "x/b.c", "x/tidy.c"}) folder.write(name, name[2] == 't' ? "int a;\n" : kUntidy);
+    for (const char* name : {"a.c", "x/b.c", "x/tidy.c"})
+        folder.write(name, name[2] == 't' ? "int a;\n" : kUntidy);
     folder.write("patch", run({"--diff", "."}, here).out);
     EXPECT_EQ(Process({"git", "apply", "patch"}, here).finish().status, 0);
     const Finished after = run({"--diff", "."}, here);

@@ -58,8 +58,9 @@ TEST(Output, OfSeveralThreadsIsInTheOrderOfTheFiles) {
     Words files;
     for (int i = 0; i < 200; ++i) {
         const std::string name = "f" + std::to_string(i) + ".c";
-        const std::string text = i % 7 == 0 ? "void broken" + std::to_string(i) + "( { if (a }\n"
-                                            : "int v" + std::to_string(i) + "=  1;\n" + std::string(i % 50, '\n');
+        const std::string text = i % 7 == 0
+                                     ? "void broken" + std::to_string(i) + "( { if (a }\n"
+                                     : "int v" + std::to_string(i) + "=  1;\n" + std::string(i % 50, '\n');
         files.push_back(folder.write(name, text));
     }
     for (const Words& how : {Words{}, Words{"--check"}, Words{"--diff"}}) {

@@ -24,7 +24,8 @@ class Answer : public testing::TestWithParam<AnswerCase> {};
 TEST_P(Answer, DecidesAboutAFolder) {
     const TempFolder folder;
     folder.write("a.c", kUntidy);
-    const Finished finished = runOnTerminal({"-i", "."}, kQuestion, GetParam().typed, {.folder = folder / ""});
+    const Finished finished =
+        runOnTerminal({"-i", "."}, kQuestion, GetParam().typed, {.folder = folder / ""});
     EXPECT_EQ(finished.status, 0) << finished.out;
     EXPECT_NE(finished.out.find("You have chosen to format all C/C++ files under the directory tree \".\". "),
               std::string::npos)
