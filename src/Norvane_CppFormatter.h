@@ -224,6 +224,7 @@ private:
     Base writeFnHead(Cpp::FunctionDeclNode& node);
     void writeFnName(const Cpp::FunctionDeclNode& node, FnHead& fn);
     void writeNameWithoutType(FnHead& fn);
+    const OptionalString& wsAfterReturnType(const FnHead& fn) const;
     void writeReturnType(FnHead& fn, std::string_view text);
     void writePointerReturn(FnHead& fn, std::string_view text);
     void writeAlignedReturn(FnHead& fn, std::string_view text);

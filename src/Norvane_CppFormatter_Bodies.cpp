@@ -26,8 +26,8 @@ std::vector<Cpp::SyntaxNode*> elementsInOrder(Cpp::InteriorNode& list) {
     std::vector<Cpp::SyntaxNode*> elements;
     elements.reserve(list.size());
     for (auto it = list.childBegin(); it != list.childEnd(); ++it) elements.push_back(it->get());
-    const auto starts = [](const Cpp::SyntaxNode* a, const Cpp::SyntaxNode* b) { return a->start() < b->start(); };
-    std::stable_sort(elements.begin(), elements.end(), starts);
+    const auto isBefore = [](const auto* a, const auto* b) { return a->start() < b->start(); };
+    std::stable_sort(elements.begin(), elements.end(), isBefore);
     Trn::Position reached;
     std::erase_if(elements, [&reached](const Cpp::SyntaxNode* element) {
         if (element->start() <= reached) return true;
@@ -235,7 +235,8 @@ void CppFormatter::writeElementsOf(const std::vector<Cpp::SyntaxNode*>& elements
     }
 }
 
-void CppFormatter::writeListGap(const Cpp::SyntaxNode& element, const Cpp::SyntaxNode& next, const ListStyle& style) {
+void CppFormatter::writeListGap(const Cpp::SyntaxNode& element, const Cpp::SyntaxNode& next,
+                                const ListStyle& style) {
     const bool directive = isDirective(next);
     const OptionalString* between = &style.wsBetween;
     if (between->breaksLine()) {
@@ -243,14 +244,15 @@ void CppFormatter::writeListGap(const Cpp::SyntaxNode& element, const Cpp::Synta
     } else if (directive && between->set) {
         between = &lineFeedWs();
     }
-    const std::string_view gap = readUpTo(directive && startsLine(next.start()) ? lineOrStart(next) : next.start());
+    const std::string_view gap = readUpTo(directive ? lineOrStart(next) : next.start());
     if (!style.wsComma.set && !between->set) return writeSource(gap);
     if (!style.wsComma.breaksLine() && gap.find_first_of("/#\"'(<[{\\") == std::string_view::npos) {
         return writePlainListGap(gap, {style.wsComma, *between});
     }
     std::string text(gap);
     if (between->breaksLine() && holdsLineComment(gap)) trimGapRight(text);
-    output_.writeRaw(exprFormatter_.formatAlignedList(text, Cpp::tkComma, style.wsComma, *between, output_.state()));
+    const Zelmar::IndentStreamState state = output_.state();
+    output_.writeRaw(exprFormatter_.formatAlignedList(text, Cpp::tkComma, style.wsComma, *between, state));
 }
 
 // A gap without a comma lies beside a comment and stays.

@@ -97,12 +97,17 @@ void CppFormatter::writeNameWithoutType(FnHead& fn) {
     if (!fn.hadTemplate) fn.column = baseHere();
 }
 
+const OptionalString& CppFormatter::wsAfterReturnType(const FnHead& fn) const {
+    return fn.isDefinition ? options_.wsAfterFnDefnReturnType : options_.wsAfterFnDeclReturnType;
+}
+
 void CppFormatter::writeReturnType(FnHead& fn, std::string_view text) {
     if (options_.fnDoNotFormat || splitsWord(text)) return writeSource(text);
     const bool joined = text.find('\\') != std::string_view::npos;
-    if (!fn.isDefinition && alignsFnNames() && !holdsComment(text) && !joined) return writeAlignedReturn(fn, text);
+    const bool aligned = !fn.isDefinition && alignsFnNames() && !holdsComment(text) && !joined;
+    if (aligned) return writeAlignedReturn(fn, text);
     if (endsInMark(text)) return writePointerReturn(fn, text);
-    const OptionalString& option = fn.isDefinition ? options_.wsAfterFnDefnReturnType : options_.wsAfterFnDeclReturnType;
+    const OptionalString& option = wsAfterReturnType(fn);
     if (option.set) {
         writeGapEnd(text, option.value, fn.column);
     } else {
@@ -113,7 +118,7 @@ void CppFormatter::writeReturnType(FnHead& fn, std::string_view text) {
 // A mark that is anchored to the name has its white space in front already, so only a value that
 // breaks the line goes behind it.
 void CppFormatter::writePointerReturn(FnHead& fn, std::string_view text) {
-    const OptionalString& option = fn.isDefinition ? options_.wsAfterFnDefnReturnType : options_.wsAfterFnDeclReturnType;
+    const OptionalString& option = wsAfterReturnType(fn);
     std::string formatted = exprFormatter_.formatDeclaration(std::string(text), output_.state(), option);
     if (fn.isDefinition && option.set && (!isAnchoredMark(text) || option.breaksLine())) {
         replaceGapEnd(formatted, option.value);
@@ -185,7 +190,8 @@ void CppFormatter::writeParams(Cpp::ParameterListNode& list) {
     if (before.set && isBlank(close)) {
         writeGapEnd(close, before.value, base());
     } else if (before.set) {
-        std::string text = exprFormatter_.formatDeclaration(std::string(close), output_.state(), options_.wsAfterParamTypeId);
+        const OptionalString& separator = options_.wsAfterParamTypeId;
+        std::string text = exprFormatter_.formatDeclaration(std::string(close), output_.state(), separator);
         replaceGapEnd(text, before.value);
         output_.writeRaw(text);
     } else {
@@ -198,8 +204,9 @@ void CppFormatter::writeParams(Cpp::ParameterListNode& list) {
 void CppFormatter::visit(Cpp::ParameterNode& node) {
     copyUpTo(node.start());
     const std::string_view text = readThrough(node.end());
-    if (!endsInMark(text)) return exprFormatter_.formatDeclarationTo(text, output_, options_.wsAfterParamTypeId);
-    std::string formatted = exprFormatter_.formatDeclaration(std::string(text), output_.state(), options_.wsAfterParamTypeId);
+    const OptionalString& separator = options_.wsAfterParamTypeId;
+    if (!endsInMark(text)) return exprFormatter_.formatDeclarationTo(text, output_, separator);
+    std::string formatted = exprFormatter_.formatDeclaration(std::string(text), output_.state(), separator);
     trimGapRight(formatted);
     output_.writeRaw(formatted);
 }
@@ -222,7 +229,8 @@ void CppFormatter::visit(Cpp::CtorDeclNode& node) {
     const PendingScope pending(*this);
     const bool hasList = node.initializers() != nullptr && !node.initializers()->empty();
     if (hasList) {
-        pushPending(options_.wsBeforeClassInitList.set ? options_.wsBeforeClassInitList : options_.wsBeforeFnOpenBrace);
+        const OptionalString& ofList = options_.wsBeforeClassInitList;
+        pushPending(ofList.set ? ofList : options_.wsBeforeFnOpenBrace);
         node.initializers()->accept(*this);
     }
     if (node.block() == nullptr) return;

@@ -164,8 +164,10 @@ CppFormatter::GapEnd CppFormatter::splitGapEnd(std::string_view gap, std::string
         end.value = behindLineEnd(value);
         return end;
     }
-    const bool closes = gone > 0 && value.empty();
-    if (closes && Cpp::needsBlank(sourceText().substr(0, right - gone), sourceText().substr(right))) end.value = " ";
+    if (gone > 0 && value.empty()) {
+        const std::string_view left = sourceText().substr(0, right - gone);
+        if (Cpp::needsBlank(left, sourceText().substr(right))) end.value = " ";
+    }
     if (splitsWord(gap)) end.value = {};
     return end;
 }

@@ -123,12 +123,14 @@ std::vector<Source> withRegions(const char* text) {
 class RegionUnder : public testing::TestWithParam<std::string> {};
 
 TEST_P(RegionUnder, ComesOutByteForByteWhateverItCuts) {
+    const std::string first = "/* KL-FORMAT-OFF */";
+    const std::string last = "// KL-FORMAT-ON\n";
     const Scheme plain = Property::shippedScheme(GetParam());
     for (const char* text : {kStatements, kDeclarations}) {
         const std::vector<Source> sources = withRegions(text);
         EXPECT_GT(sources.size(), 50U);
         for (const Scheme& scheme : {plain, Property::wrappedAt(30, plain)}) {
-            EXPECT_EQ(Property::changedStretches(scheme, sources, "/* KL-FORMAT-OFF */", "// KL-FORMAT-ON\n"), "");
+            EXPECT_EQ(Property::changedStretches(scheme, sources, first, last), "");
             EXPECT_EQ(Property::breaches(scheme, sources, Property::Demand::settle), "");
         }
     }
