@@ -192,6 +192,8 @@ private:
     Ptr<BlockNode> parseBlock();
     void parseCompound(BlockNode& block);
     void parseSingleStatement(BlockNode& block);
+    void takeBraces(BlockNode& block);
+    bool continuesValue(Index close, Index next) const;
     void parseStatement(BlockNode& block);
     void parseDeclarationStatement(BlockNode& block);
     void parseStatementWord(BlockNode& block);

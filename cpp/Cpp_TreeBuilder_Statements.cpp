@@ -90,9 +90,33 @@ void TreeBuilder::parseSingleStatement(BlockNode& block) {
         addUnlessNull(block, parseAsm());
     } else if (startsData(kind) || (kind == tkIdentifier && wordIsData)) {
         parseDataStatement(block, Declarators::Together);
+        takeBraces(block);
     } else {
         addUnlessNull(block, parseExpressionStatement());
+        takeBraces(block);
     }
+}
+
+/// Takes the braces in which the one statement of a control statement was left, and what follows them up to
+/// the ";": a value, as in "return T{0};", a closure, or the body of a macro that makes a loop. Outside of
+/// the block they would end the control statement in front of its "else".
+void TreeBuilder::takeBraces(BlockNode& block) {
+    while (!block.empty() && type(sig(at_)) == tkOpenBrace && type(lastTaken(at_)) != tkSemicolon) {
+        const Index close = t_.mate(sig(at_));
+        addUnlessNull(block, parseBlock());
+        const Index next = sig(at_);
+        if (type(next) == tkSemicolon) at_ = next + 1;
+        else if (close != kNone && continuesValue(close, next)) addUnlessNull(block, parseExpressionStatement());
+    }
+}
+
+/// Whether the token at `next` goes on with a value that ends in the brace at `close`. A "(" must touch it:
+/// else it may start a statement.
+bool TreeBuilder::continuesValue(Index close, Index next) const {
+    const int kind = type(next);
+    if (kind == tkOpenParen) return t_.token(next).begin == t_.token(close).end;
+    return kind == tkDot || kind == tkArrow || kind == tkComma || kind == tkQuestion || kind == tkColon ||
+           (kind >= tkLess && kind <= tkBar) || kind == tkLogicalAnd || kind == tkLogicalOr;
 }
 
 void TreeBuilder::parseCompound(BlockNode& block) {

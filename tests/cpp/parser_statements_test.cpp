@@ -45,6 +45,14 @@ const ParseCase kControl[] = {
     // A label of a single statement stays with it: as a sibling it would end the "if".
     {"LabelAsBody", "if (x) again: a(); else b();",
      "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{Expr'again : a;'}} CtrlSubStmt{Head{Keyword'else'} Block{Expr'b;'}}}}"},
+    // Braces in the one statement stay in it, so that the "else" behind them is that of the "if".
+    {"ValueInBody", "if (a) return T{0}; else b = (T){1}.x;",
+     "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{Expr'return T' Block{Expr'0'}}} "
+     "CtrlSubStmt{Head{Keyword'else'} Block{Expr'b = T' Block{Expr'1'} Expr'. x;'}}}}"},
+    {"MacroLoopAsBody", "if (a) EACH(x) { b(); } else c(); for (;;) EACH(y) { } (d)();",
+     "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{Expr'EACH x' Block{Expr'b;'}}} "
+     "CtrlSubStmt{Head{Keyword'else'} Block{Expr'c;'}}} "
+     "CtrlStmt{CtrlSubStmt{Head{Keyword'for' Expr} Block{Expr'EACH y' Block}}} Expr'd;'}"},
     // As a statement of its own an attribute would be the whole body.
     {"AttributeBeforeBody", "if (a) [[likely]] { b(); } else [[unlikely]] { c(); } do [[likely]] { } while (d);",
      "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{Expr'b;'}} CtrlSubStmt{Head{Keyword'else'} Block{Expr'c;'}}} "
