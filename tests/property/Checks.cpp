@@ -1,8 +1,8 @@
 #include "tests/property/Checks.h"
 
-#include "cli/Cli_Engine.h"
 #include "cli/Cli_TokenCheck.h"
 #include "streams/Zelmar_SourceText.h"
+#include "tests/format/runner/GoldenEngine.h"
 
 #include <algorithm>
 
@@ -20,15 +20,15 @@ std::string difference(const std::string& a, const std::string& b) {
     return "\n  [" + a.substr(start, 80) + "]\n  [" + b.substr(start, 80) + ']';
 }
 
-std::string breach(const Cli::Engine& engine, const std::string& text, Demand demand, bool mayRefuse) {
-    const Cli::Outcome first = engine.format(text);
+std::string breach(const Golden::Engine& engine, const std::string& text, Demand demand, bool mayRefuse) {
+    const Golden::Outcome first = engine.format(text);
     if (!first.text) return mayRefuse ? "" : "refused: " + first.messages.front().text;
     if (demand == Demand::giveBack) {
         return *first.text == text ? "" : "not given back" + difference(text, *first.text);
     }
     if (Cli::firstTokenDifference(text, *first.text)) return "a token changed" + difference(text, *first.text);
     if (demand == Demand::keepTokens) return "";
-    const Cli::Outcome second = engine.format(*first.text);
+    const Golden::Outcome second = engine.format(*first.text);
     if (!second.text) return "the result does not parse: " + second.messages.front().text;
     return *second.text == *first.text ? "" : "not settled" + difference(*first.text, *second.text);
 }
@@ -36,7 +36,7 @@ std::string breach(const Cli::Engine& engine, const std::string& text, Demand de
 /// What `check` says of the first few sources that it finds fault with.
 template <class Check>
 std::string collect(const Scheme& scheme, const std::vector<Source>& sources, Check check) {
-    const Cli::Engine engine(scheme.options);
+    const Golden::Engine engine(scheme.options);
     std::string found;
     int count = 0;
     for (const Source& source : sources) {
@@ -60,21 +60,21 @@ std::string stretch(const std::string& text, const std::string& opening, const s
 } // namespace
 
 std::string breaches(const Scheme& scheme, const std::vector<Source>& sources, Demand demand) {
-    return collect(scheme, sources, [demand](const Cli::Engine& engine, const std::string& text) {
+    return collect(scheme, sources, [demand](const Golden::Engine& engine, const std::string& text) {
         return breach(engine, text, demand, true);
     });
 }
 
 std::string breachesOrRefusals(const Scheme& scheme, const std::vector<Source>& sources, Demand demand) {
-    return collect(scheme, sources, [demand](const Cli::Engine& engine, const std::string& text) {
+    return collect(scheme, sources, [demand](const Golden::Engine& engine, const std::string& text) {
         return breach(engine, text, demand, false);
     });
 }
 
 std::string changedStretches(const Scheme& scheme, const std::vector<Source>& sources, const std::string& opening,
                              const std::string& closing) {
-    return collect(scheme, sources, [&](const Cli::Engine& engine, const std::string& text) -> std::string {
-        const Cli::Outcome outcome = engine.format(text);
+    return collect(scheme, sources, [&](const Golden::Engine& engine, const std::string& text) -> std::string {
+        const Golden::Outcome outcome = engine.format(text);
         if (!outcome.text) return "";
         const std::string before = stretch(text, opening, closing);
         const std::string after = stretch(*outcome.text, opening, closing);

@@ -1,7 +1,7 @@
 #include "tests/format/runner/GoldenCheck.h"
 
-#include "cli/Cli_Engine.h"
 #include "cli/Cli_TokenCheck.h"
+#include "tests/format/runner/GoldenEngine.h"
 
 #include <fstream>
 #include <sstream>
@@ -79,15 +79,15 @@ bool rewrite(FileLines& file, const ExpectedText& old, const std::string& text, 
 } // namespace
 
 Result runCase(const Case& golden) {
-    const Cli::Engine engine(golden.scheme);
-    const Cli::Outcome first = engine.format(golden.source);
+    const Engine engine(golden.scheme);
+    const Outcome first = engine.format(golden.source);
     Result result;
     result.accepted = first.text.has_value();
     result.messages = messagesAsText(first.messages);
     if (!first.text) return result;
     result.once = *first.text;
     result.lostToken = describeDifference(golden.source, result.once);
-    const Cli::Outcome second = engine.format(result.once);
+    const Outcome second = engine.format(result.once);
     result.twice = second.text ? *second.text : "refused:\n" + messagesAsText(second.messages);
     return result;
 }

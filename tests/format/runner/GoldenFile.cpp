@@ -4,6 +4,7 @@
 #include "cli/Cli_Report.h"
 #include "cli/Cli_SchemeChecker.h"
 #include "cli/Cli_SchemeLoader.h"
+#include "cli/Cli_ShippedSchemes.h"
 
 #include <fstream>
 #include <sstream>
@@ -132,11 +133,10 @@ private:
     }
 
     void startFrom(const std::string& name, std::size_t index) {
-        Cli::Options options;
-        options.scheme = name;
         Cli::Report report;
-        const auto scheme = Cli::loadScheme(options, report);
-        if (!scheme) fail(index, "no scheme " + name);
+        const Cli::ShippedScheme* shipped = Cli::findShippedScheme(name);
+        const auto scheme = shipped ? Cli::parseSchemeText(name, shipped->text, report) : std::nullopt;
+        if (!scheme) return fail(index, "no scheme " + name);
         scheme_ = *scheme;
     }
 

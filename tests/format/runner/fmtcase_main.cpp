@@ -2,7 +2,7 @@
 
 #include "tests/format/runner/GoldenCheck.h"
 
-#include "cli/Cli_Engine.h"
+#include "cli/Cli_Dump.h"
 
 #include <filesystem>
 #include <functional>
@@ -18,21 +18,18 @@ struct Stage {
     std::function<void(const Golden::Case&, std::ostream&)> show;
 };
 
+template <Cli::Dump what>
+void dumpOf(const Golden::Case& golden, std::ostream& out) {
+    Cli::dumpText(what, "source", golden.source, {}, out);
+}
+
 const std::vector<Stage>& stages() {
     static const std::vector<Stage> all = {
         {"source", "the source of the case", [](const auto& golden, auto& out) { out << golden.source; }},
         {"scheme", "its options", [](const auto& golden, auto& out) { golden.scheme.write(out); }},
-        {"tokens", "the tokens of the source",
-         [](const auto& golden, auto& out) { Cli::dumpTokensOf(golden.source, out); }},
-        {"tree", "the tree that the parser builds",
-         [](const auto& golden, auto& out) { Cli::dumpTreeOf(golden.source, out); }},
-        {"messages", "what the parser has to say",
-         [](const auto& golden, auto& out) {
-             for (const auto& message : Cli::diagnosticsOf(golden.source)) {
-                 out << message.position.line << ':' << message.position.column << ": " << message.text << " ["
-                     << message.code << "]\n";
-             }
-         }},
+        {"tokens", "the tokens of the source", dumpOf<Cli::Dump::tokens>},
+        {"tree", "the tree that the parser builds", dumpOf<Cli::Dump::tree>},
+        {"messages", "what the parser has to say", dumpOf<Cli::Dump::messages>},
         {"expected", "the expected text", [](const auto& golden, auto& out) { out << golden.expected.text; }},
         {"result", "what the program makes of the source",
          [](const auto& golden, auto& out) { out << Golden::runCase(golden).once; }},

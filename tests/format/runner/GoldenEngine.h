@@ -1,0 +1,31 @@
+#ifndef KERFLINE_TESTS_GOLDENENGINE_H
+#define KERFLINE_TESTS_GOLDENENGINE_H
+
+#include "src/Norvane_FormatOptions.h"
+#include "trn/Trn_Message.h"
+
+#include <optional>
+#include <string>
+
+namespace Golden {
+
+/// What came of one text: the messages say why there is no result.
+struct Outcome {
+    std::optional<std::string> text;
+    Trn::MessageList messages;
+};
+
+/// The format engine with one scheme, for any number of texts in line feeds.
+class Engine {
+public:
+    explicit Engine(const Norvane::PropertySet& scheme);
+
+    Outcome format(const std::string& text) const;
+
+private:
+    Norvane::FormatOptions options_;
+};
+
+} // namespace Golden
+
+#endif
