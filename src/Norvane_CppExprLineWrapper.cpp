@@ -41,12 +41,12 @@ bool mayHoldStringRun(std::string_view text) {
     return false;
 }
 
-class NoWrapIndentGuard {
+class FlagGuard {
 public:
-    NoWrapIndentGuard(bool& flag, bool value) : flag_(flag), saved_(flag) { flag_ = value; }
-    ~NoWrapIndentGuard() { flag_ = saved_; }
-    NoWrapIndentGuard(const NoWrapIndentGuard&) = delete;
-    NoWrapIndentGuard& operator=(const NoWrapIndentGuard&) = delete;
+    FlagGuard(bool& flag, bool value) : flag_(flag), saved_(flag) { flag_ = value; }
+    ~FlagGuard() { flag_ = saved_; }
+    FlagGuard(const FlagGuard&) = delete;
+    FlagGuard& operator=(const FlagGuard&) = delete;
 
 private:
     bool& flag_;
@@ -94,7 +94,7 @@ CppExprLineWrapper::CppExprLineWrapper(const PropertySet& scheme) : CppExprForma
 std::string CppExprLineWrapper::wrap(const std::string& text, const Zelmar::IndentStreamState& state, bool,
                                      bool noWrapIndent, std::string_view follower) {
     if (!isOn() || (fits(text, state, follower) && !mayHoldStringRun(text))) return text;
-    const NoWrapIndentGuard guard(noWrapIndent_, noWrapIndent);
+    const FlagGuard guard(noWrapIndent_, noWrapIndent);
     WrapLayout layout(text, state, rightMargin_, follower);
     wrapRange(layout, layout.text().all());
     return layout.result();
@@ -106,18 +106,24 @@ std::string CppExprLineWrapper::wrapList(const std::string& text, const Zelmar::
     const bool over = listWrapStrategy_ != kKeepLines && !fits(text, state, follower);
     if (over && listWrapStrategy_ == kOneToALine) return wrap(text, state, true, noWrapIndent, follower);
     if (!over && !mayHoldStringRun(text)) return text;
-    const NoWrapIndentGuard guard(noWrapIndent_, noWrapIndent);
+    const FlagGuard guard(noWrapIndent_, noWrapIndent);
     WrapLayout layout(text, state, rightMargin_, follower);
     if (over) wrapListElements(layout);
     breakStrings(layout, layout.text().all());
     return layout.result();
 }
 
+std::string CppExprLineWrapper::wrapRows(const std::string& text, const Zelmar::IndentStreamState& state,
+                                         std::string_view follower) {
+    const FlagGuard guard(startsAtIndent_, true);
+    return wrapList(text, state, true, follower);
+}
+
 std::string CppExprLineWrapper::wrapStatementParts(const std::string& text,
                                                    const Zelmar::IndentStreamState& state,
                                                    std::string_view follower) {
     if (!isOn() || fits(text, state, follower)) return text;
-    const NoWrapIndentGuard guard(noWrapIndent_, false);
+    const FlagGuard guard(noWrapIndent_, false);
     WrapLayout layout(text, state, rightMargin_, follower);
     const WrapRange all = layout.text().all();
     FindFirstElem semicolons(kSemicolon);
@@ -250,8 +256,9 @@ std::string CppExprLineWrapper::indentTo(const WrapLayout& layout, const std::st
 
 std::string CppExprLineWrapper::newLineAt(const WrapLayout& layout, const std::string& indent,
                                           int column) const {
-    if (wrapStyle_ == kAligned) return converted(layout, indentTo(layout, indent, column));
-    if (wrapStyle_ != kIndented) return std::string();
+    const int style = startsAtIndent_ ? kIndented : wrapStyle_;
+    if (style == kAligned) return converted(layout, indentTo(layout, indent, column));
+    if (style != kIndented) return std::string();
     const std::string wrapped = noWrapIndent_ ? indent : indent + wrapIndent_.value;
     const int width = Zelmar::textColumn(wrapped, 0, std::max(layout.state().tabSize, 1));
     return converted(layout, width > rightMargin_ ? indentTo(layout, std::string(), width) : wrapped);

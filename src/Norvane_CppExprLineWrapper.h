@@ -46,6 +46,11 @@ public:
     /// many as fit, or one to a line as an expression.
     std::string wrapList(const std::string& text, const Zelmar::IndentStreamState& state, bool noWrapIndent,
                          std::string_view follower = {});
+    /// The same for lists whose new lines start at the indent of `state`, whatever WRAP_STYLE says.
+    std::string wrapRows(const std::string& text, const Zelmar::IndentStreamState& state,
+                         std::string_view follower = {});
+    /// True if LIST_WRAP_STRATEGY has a line take as many elements as fit.
+    bool fillsLists() const { return isOn() && listWrapStrategy_ == kFillLines; }
     /// Breaks several parts side by side, such as the clauses of a "for": behind each ";", and then
     /// each part that is still too long as an expression.
     std::string wrapStatementParts(const std::string& text, const Zelmar::IndentStreamState& state,
@@ -106,6 +111,7 @@ private:
     OptionalString wrapIndent_;
     // For the length of a call.
     bool noWrapIndent_ = false;
+    bool startsAtIndent_ = false;
 };
 
 } // namespace Norvane

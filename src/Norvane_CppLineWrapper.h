@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -133,8 +134,10 @@ private:
                       const Rewrite& wrap, const Rewrite& layOut);
     std::string layOutList(const std::string& text, const CommaSpacing& spacing);
     std::string joinElements(const std::string& text, const std::string& indent);
-    std::string wrapInitializer(const std::string& text);
-    std::string wrapBracedInitializer(const std::string& text, std::size_t open, std::size_t close);
+    std::optional<std::string> rowIndent(const std::string& text, const Rewrite& layOut);
+    std::string wrapInitializer(const std::string& text, const std::optional<std::string>& rows);
+    std::string wrapBracedInitializer(const std::string& text, std::size_t open, std::size_t close,
+                                      const std::optional<std::string>& rows);
     std::string layOutInitializer(const std::string& text);
     void visitElseIf(Cpp::BlockNode& block);
     void wrapCondition(const Cpp::ExprNode& condition, bool hasParts);

@@ -2,6 +2,7 @@
 
 #include "cpp/Cpp_Tokens.h"
 #include "src/Norvane_CppLineWrapper_Scope.h"
+#include "src/Norvane_WrapStay.h"
 #include "src/Norvane_WrapText.h"
 
 #include <algorithm>
@@ -222,9 +223,10 @@ void CppLineWrapper::visit(Cpp::DataDeclNode& node) {
     if (overMargin(*node.init())) {
         const ContentIndent indent(*this, dataIndent_, column);
         const std::string text(reader_.readThrough(node.init()->end()));
-        const auto wrap = [this](const std::string& joined) { return wrapInitializer(joined); };
         const auto layOut = [this](const std::string& wrapped) { return layOutInitializer(wrapped); };
-        writeSettled(text, wrap, layOut);
+        const std::optional<std::string> rows = rowIndent(text, layOut);
+        writeSettled(text, [this, &rows](const std::string& joined) { return wrapInitializer(joined, rows); },
+                     layOut);
     }
     copyNode(node);
 }
@@ -238,7 +240,16 @@ std::string CppLineWrapper::layOutInitializer(const std::string& text) {
     return laidOut.substr(laidOut.find('f') + 1);
 }
 
-std::string CppLineWrapper::wrapInitializer(const std::string& text) {
+// Where the next run leaves the rows of a list on lines of their own it also chooses where they start.
+// They are filled from there on at once, or rows would have room for more than they hold.
+std::optional<std::string> CppLineWrapper::rowIndent(const std::string& text, const Rewrite& layOut) {
+    if (!exprWrapper_.fillsLists()) return std::nullopt;
+    const std::string wrapped = wrapInitializer(text, std::nullopt);
+    if (wrapped == text) return std::nullopt;
+    return indentOfFirstBreak(text, keepStayingBreaks(text, wrapped, layOut(wrapped)));
+}
+
+std::string CppLineWrapper::wrapInitializer(const std::string& text, const std::optional<std::string>& rows) {
     const WrapText tokens(text);
     std::size_t first = 0;
     while (first < tokens.size() && !startsBracket(tokens.kind(first))) ++first;
@@ -246,12 +257,13 @@ std::string CppLineWrapper::wrapInitializer(const std::string& text) {
     if (!isBraced) return exprWrapper_.wrap(text, state(), false, false, follower());
     const auto open = static_cast<std::size_t>(tokens.token(first).data() - text.data());
     const auto close = static_cast<std::size_t>(tokens.token(tokens.mate(first)).data() - text.data());
-    return wrapBracedInitializer(text, open, close);
+    return wrapBracedInitializer(text, open, close, rows);
 }
 
 // The lines between the braces belong to the declaration, and WRAP_INDENT has no part in them.
 std::string CppLineWrapper::wrapBracedInitializer(const std::string& text, std::size_t open,
-                                                  std::size_t close) {
+                                                  std::size_t close,
+                                                  const std::optional<std::string>& rows) {
     Zelmar::IndentWriter written(state());
     written.setWsMode(Zelmar::kWsKeep);
     const auto here = [this, &written] {
@@ -262,7 +274,10 @@ std::string CppLineWrapper::wrapBracedInitializer(const std::string& text, std::
     written.writeRaw(std::string_view(text).substr(0, open + 1));
     const std::string behind = text.substr(close) + std::string(follower());
     const std::string inner = text.substr(open + 1, close - open - 1);
-    written.writeRaw(exprWrapper_.wrapList(inner, here(), true, stuckPart(behind)));
+    Zelmar::IndentStreamState place = here();
+    if (rows) place.indent = *rows;
+    written.writeRaw(rows ? exprWrapper_.wrapRows(inner, place, stuckPart(behind))
+                          : exprWrapper_.wrapList(inner, place, true, stuckPart(behind)));
     written.writeRaw("}");
     written.writeRaw(exprWrapper_.wrap(text.substr(close + 1), here(), false, false, follower()));
     return written.takeText();

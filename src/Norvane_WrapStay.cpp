@@ -2,6 +2,8 @@
 
 #include "src/Norvane_WrapText.h"
 
+#include <algorithm>
+
 namespace Norvane {
 
 namespace {
@@ -25,6 +27,14 @@ std::string keepStayingBreaks(const std::string& text, const std::string& wrappe
         result += before.token(i);
     }
     return result;
+}
+
+std::optional<std::string> indentOfFirstBreak(const std::string& text, const std::string& broken) {
+    const auto inBroken = std::mismatch(text.begin(), text.end(), broken.begin(), broken.end()).second;
+    const auto isIndent = [](char c) { return c == ' ' || c == '\t'; };
+    const auto feed = std::find(inBroken, broken.end(), '\n');
+    if (feed == broken.end()) return std::nullopt;
+    return std::string(feed + 1, std::find_if_not(feed + 1, broken.end(), isIndent));
 }
 
 } // namespace Norvane

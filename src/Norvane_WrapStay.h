@@ -1,6 +1,7 @@
 #ifndef KERFLINE_NORVANE_WRAPSTAY_H
 #define KERFLINE_NORVANE_WRAPSTAY_H
 
+#include <optional>
 #include <string>
 
 namespace Norvane {
@@ -15,6 +16,10 @@ namespace Norvane {
 ///
 /// All three hold the same tokens; if they do not, the result is `text`.
 std::string keepStayingBreaks(const std::string& text, const std::string& wrapped, const std::string& again);
+
+/// The white space at the start of the first line that `broken` has and `text` does not; none if they
+/// are the same. `broken` is `text` with more line breaks.
+std::optional<std::string> indentOfFirstBreak(const std::string& text, const std::string& broken);
 
 } // namespace Norvane
 

@@ -4,6 +4,7 @@
 
 namespace {
 
+using Norvane::indentOfFirstBreak;
 using Norvane::keepStayingBreaks;
 
 TEST(WrapStay, TakesOverOnlyTheBreaksThatAreLeft) {
@@ -22,6 +23,12 @@ TEST(WrapStay, ALineBehindALineCommentStays) {
 
 TEST(WrapStay, TextsOfOtherTokensChangeNothing) {
     EXPECT_EQ(keepStayingBreaks("a, b", "a,\nb", "a,\nb c"), "a, b");
+}
+
+TEST(WrapStay, TheFirstNewLineTellsWhereRowsStart) {
+    EXPECT_EQ(indentOfFirstBreak("a,\n  b, c, d", "a,\n  b,\n    c,\n d"), "    ");
+    EXPECT_EQ(indentOfFirstBreak("a, b", "a,\nb"), "");
+    EXPECT_EQ(indentOfFirstBreak("a,\n  b", "a,\n  b"), std::nullopt);
 }
 
 } // namespace
