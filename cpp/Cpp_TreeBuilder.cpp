@@ -293,8 +293,9 @@ bool TreeBuilder::isLoneMacro(Index i) const {
     const int kind = type(next);
     if (!looksLikeMacro(name) || t_.token(next).line == t_.token(i).line) return false;
     if (kind == tkIdentifier && isMacroCall(next)) return true;
-    const bool word = kind == tkIdentifier || (kind >= tkClass && kind <= tkExtern) || (kind >= tkChar && kind <= tkVoid);
-    return word && std::any_of(parts.begin(), parts.end(), [name](std::string_view part) { return hasWord(name, part); });
+    const bool keyword = (kind >= tkClass && kind <= tkExtern) || (kind >= tkChar && kind <= tkVoid);
+    const auto isIn = [name](std::string_view part) { return hasWord(name, part); };
+    return (keyword || kind == tkIdentifier) && std::any_of(parts.begin(), parts.end(), isIn);
 }
 
 /// A macro with arguments and neither a body nor a tail, which may be a function: a type can stand alone on

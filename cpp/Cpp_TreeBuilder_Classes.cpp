@@ -179,7 +179,8 @@ TreeBuilder::NodePtr TreeBuilder::parseNamespace() {
     const Depth depth(*this);
     const bool named = type(name) == tkIdentifier && !takesPair(name);
     const Index last = named ? name : keyword;
-    auto head = std::make_unique<NamespaceHeadNode>(named ? t_.spelling(name) : std::string(), t_.start(first), t_.end(last));
+    auto head = std::make_unique<NamespaceHeadNode>(named ? t_.spelling(name) : std::string(), t_.start(first),
+                                                    t_.end(last));
     // Between the name and the brace macros and attributes may stand.
     Index j = nextSig(last);
     while (type(j) == tkIdentifier || isAttribute(j) || type(j) == tkOpenParen) {

@@ -267,17 +267,22 @@ bool TreeBuilder::isMacroInClassHead(Index prev, Index paren) const {
 /// keyword must show that the argument is a type, since macros that need no ";" look the same.
 bool TreeBuilder::isSpecifierMacro(Index first, Index paren, Index prev) const {
     const Index close = t_.mate(paren);
-    if (prev == kNone || close == kNone || type(prev) != tkIdentifier || !looksLikeMacro(t_.text(prev))) return false;
+    if (prev == kNone || close == kNone) return false;
+    if (type(prev) != tkIdentifier || !looksLikeMacro(t_.text(prev))) return false;
     if (prev == sig(first) && !isTypeWord(nextType(paren))) return false;
+    const auto isWordOfHead = [this](Index j) {
+        return isTypeWord(type(j)) || type(j) == tkIdentifier || type(j) == tkAsterisk;
+    };
     int count = 0;
     Index name = close;
-    for (Index j = nextSig(close); isTypeWord(type(j)) || type(j) == tkIdentifier || type(j) == tkAsterisk; j = nextSig(j)) {
+    for (Index j = nextSig(close); isWordOfHead(j); j = nextSig(j)) {
         const bool ofTail = isTailWord(t_.text(j)) || isWord(j, "requires") || isAsm(j) || takesPair(j);
         if (ofTail || ++count > kMaxTypeWords) return false;
         name = j;
     }
     const Index params = nextSig(name);
-    if (type(name) != tkIdentifier || type(params) != tkOpenParen || t_.mate(params) == kNone) return false;
+    const bool called = type(name) == tkIdentifier && type(params) == tkOpenParen && t_.mate(params) != kNone;
+    if (!called) return false;
     // A macro with an argument list behind the parameters belongs to the tail.
     return !looksLikeMacro(t_.text(name)) && nextType(t_.mate(params)) == tkOpenBrace;
 }
