@@ -49,14 +49,24 @@ void OptionRow::show(const NorvaneUI::Field& field) {
     const QSignalBlocker blocker(tick_);
     tick_->setChecked(field.set || !field.problem.empty());
     tick_->setEnabled(field.enabled);
-    QFont font = tick_->font();
-    font.setBold(field.edited);
-    tick_->setFont(font);
+    showEdited(field.edited);
     editor_->setEnabled(field.enabled);
     editor_->show(field);
     problem_->setText(toQt(field.problem));
     problem_->setVisible(!field.problem.empty());
     setTextColor(*problem_, problemColor(problem_->palette()));
+}
+
+int OptionRow::labelWidth() const { return tick_->sizeHint().width(); }
+
+void OptionRow::setLabelWidth(int width) { tick_->setMinimumWidth(width); }
+
+/// By colour: a bold label would be wider, and move the whole column.
+void OptionRow::showEdited(bool edited) {
+    QPalette palette;
+    if (edited) palette.setColor(QPalette::Active, QPalette::WindowText, palette.color(QPalette::Link));
+    if (edited) palette.setColor(QPalette::Inactive, QPalette::WindowText, palette.color(QPalette::Link));
+    tick_->setPalette(palette);
 }
 
 void OptionRow::takeFocus() { editor_->input()->setFocus(Qt::OtherFocusReason); }

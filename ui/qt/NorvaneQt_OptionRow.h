@@ -30,11 +30,14 @@ public:
     const std::string& option() const { return option_; }
     void show(const NorvaneUI::Field& field);
     void takeFocus();
+    int labelWidth() const;
+    void setLabelWidth(int width);
 
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
     void tick(bool on);
+    void showEdited(bool edited);
 
     NorvaneUI::StylesBasePage& page_;
     std::string option_;

@@ -42,6 +42,7 @@ OptionsWindow::OptionsWindow(Face& face, NorvaneUI::StylesDlg& styles, NorvaneUI
     setWindowFlags(Qt::Window);
     setSizeGripEnabled(true);
     tabs_->setObjectName(QStringLiteral("tabs"));
+    tabs_->setDocumentMode(true);
     tabs_->addTab(schemesView_, QStringLiteral("&1 Schemes"));
     tabs_->addTab(settingsView_, QStringLiteral("&2 Settings"));
     auto* column = new QVBoxLayout(this);

@@ -40,6 +40,7 @@ PageList::PageList(QWidget* parent)
     pages_->setAccessibleName(QStringLiteral("Pages"));
     for (const NorvaneUI::PageInfo& page : NorvaneUI::pageTable()) pages_->addItem(toQt(page.title));
     pages_->setMinimumWidth(pages_->sizeHintForColumn(0) + 2 * pages_->fontMetrics().height());
+    pages_->setSpacing(pages_->fontMetrics().height() / 6);
     found_->setObjectName(QStringLiteral("found"));
     found_->setAccessibleName(QStringLiteral("Options that were found"));
     found_->setWordWrap(true);

@@ -55,6 +55,9 @@ PageView::PageView(NorvaneUI::StylesBasePage& page, QWidget* parent)
     scroll_->setWidget(content);
     scroll_->setWidgetResizable(true);
     scroll_->setFrameShape(QFrame::NoFrame);
+    // The colour of whatever the page stands on.
+    scroll_->viewport()->setAutoFillBackground(false);
+    content->setAutoFillBackground(false);
     scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll_->setMinimumWidth(content->minimumSizeHint().width() + scroll_->fontMetrics().height() * 2);
     auto* column = new QVBoxLayout(this);
@@ -96,6 +99,14 @@ void PageView::addRows(QVBoxLayout& form) {
         else if (i == ofBody) grid = addGroup(form, ofBody > 0 ? QStringLiteral("Further options") : QString());
         addRow(*grid, fields[i]);
     }
+    alignControls();
+}
+
+/// One column of controls, across the groups.
+void PageView::alignControls() {
+    int widest = 0;
+    for (const OptionRow* row : rows_) widest = std::max(widest, row->labelWidth());
+    for (OptionRow* row : rows_) row->setLabelWidth(widest);
 }
 
 QGridLayout* PageView::addGroup(QVBoxLayout& form, const QString& title) {
@@ -117,7 +128,8 @@ void PageView::showHint(const std::string& option) {
     const NorvaneUI::Field* field = page_.find(option);
     if (field == nullptr) return;
     const QString text = toQt(field->explanation).toHtmlEscaped();
-    hint_->setText(QStringLiteral("<b>%1</b><br>%2.").arg(toQt(option), text));
+    const QString edited = field->edited ? QStringLiteral("<br>Changed since the scheme was saved.") : QString();
+    hint_->setText(QStringLiteral("<b>%1</b><br>%2.%3").arg(toQt(option), text, edited));
 }
 
 void PageView::refresh() {

@@ -38,6 +38,7 @@ private:
     void addGlobalChoice(QVBoxLayout& form);
     void addRows(QVBoxLayout& form);
     QGridLayout* addGroup(QVBoxLayout& form, const QString& title);
+    void alignControls();
     void addRow(QGridLayout& grid, const NorvaneUI::Field& field);
     void showHint(const std::string& option);
 

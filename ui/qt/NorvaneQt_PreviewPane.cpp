@@ -46,14 +46,19 @@ PreviewPane::PreviewPane(NorvaneUI::StylesSheet& sheet, QWidget* parent)
     messages_->setTextFormat(Qt::PlainText);
     messages_->setWordWrap(true);
     source_->setTextFormat(Qt::PlainText);
+    // A long path must not make the window wider.
+    source_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    source_->setMinimumWidth(source_->fontMetrics().averageCharWidth() * 10);
+    auto* head = new QHBoxLayout;
+    head->addWidget(source_, 1);
+    head->addWidget(whiteSpace_);
     auto* buttons = new QHBoxLayout;
-    buttons->addWidget(whiteSpace_);
     buttons->addStretch(1);
     buttons->addWidget(ownText_);
     buttons->addWidget(sample_);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(source_);
+    column->addLayout(head);
     column->addWidget(text_, 1);
     column->addWidget(messages_);
     column->addLayout(buttons);
@@ -81,7 +86,9 @@ void PreviewPane::refresh() {
 
 void PreviewPane::showSource() {
     const std::string& path = sheet_.ownTextPath();
-    source_->setText(path.empty() ? QStringLiteral("Preview of a sample") : QStringLiteral("Preview of %1").arg(toQt(path)));
+    const std::string name = path.substr(path.rfind('/') + 1);
+    source_->setText(path.empty() ? QStringLiteral("Sample") : toQt(name));
+    source_->setToolTip(toQt(path));
     sample_->setEnabled(!path.empty());
 }
 

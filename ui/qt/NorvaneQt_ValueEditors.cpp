@@ -36,6 +36,8 @@ QHBoxLayout* makeRow(QWidget* parent) {
 QLineEdit* makeEscapeField(QWidget* parent) {
     auto* field = new QLineEdit(parent);
     field->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    // Wide enough for the words that stand there when nothing does.
+    field->setMinimumWidth(field->fontMetrics().horizontalAdvance(asInSource()) + field->fontMetrics().height());
     leaveUndoToWindow(*field);
     return field;
 }

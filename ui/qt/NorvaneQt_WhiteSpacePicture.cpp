@@ -12,7 +12,7 @@ namespace NorvaneQt {
 namespace {
 
 /// Marks that have room; what is more becomes an ellipsis.
-constexpr int kMostMarks = 6;
+constexpr int kMostMarks = 4;
 constexpr double kMarkWidth = 0.9;
 constexpr double kBlockWidth = 0.8;
 

@@ -9,6 +9,17 @@
 
 namespace NorvaneQt {
 
+namespace {
+
+/// Somebody who has never chosen a scheme starts with the plainest.
+void selectFirst(const Addin::Settings& state, NorvaneUI::StylesDlg& styles) {
+    std::string chosen;
+    state.getString("CurrentPropertySet", chosen);
+    if (chosen.empty()) styles.select("default");
+}
+
+} // namespace
+
 WindowHost::WindowHost(NorvaneUI::FileSystem& files, Places places, std::vector<Norvane::PropertySet> shipped)
     : files_(files), places_(std::move(places)), shipped_(std::move(shipped)) {}
 
@@ -23,6 +34,7 @@ Addin::Result<bool> WindowHost::showOptions(Addin::AddInOptions& options, Norvan
     // The add-in has told already if they cannot be read.
     state.read();
     NorvaneUI::StylesDlg styles(face_, files_, state, schemes, shipped_);
+    selectFirst(state, styles);
     NorvaneUI::OptionsDlg settings;
     settings.take(options, schemes.schemes());
     settings.open();

@@ -1,0 +1,115 @@
+#include "tests/qt/WindowTest.h"
+
+#include "ui/NorvaneUI_Texts.h"
+#include "ui/qt/NorvaneQt_PreviewRunner.h"
+
+#include <QCheckBox>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QTextBlock>
+
+#include <thread>
+
+using NorvaneUI::PageId;
+
+class PreviewPaneTest : public WindowTest {
+protected:
+    QPlainTextEdit& preview() { return widget<QPlainTextEdit>("preview"); }
+};
+
+TEST_F(PreviewPaneTest, FollowsTypingAndMarksTheLinesThatChanged) {
+    ASSERT_TRUE(waitForPreview("class clsA : public clsB, public clsC {"));
+    type("WS_BEFORE_CLASS_OPEN_BRACE", "\\n");
+    ASSERT_TRUE(waitForPreview("class clsA : public clsB, public clsC\n{"));
+    const auto marks = preview().extraSelections();
+    ASSERT_FALSE(marks.isEmpty());
+    EXPECT_EQ(marks.front().cursor.block().text(), "class clsA : public clsB, public clsC");
+}
+
+TEST_F(PreviewPaneTest, ShowsWhiteSpaceOnDemand) {
+    const auto flags = [&] { return preview().document()->defaultTextOption().flags(); };
+    click("visibleWhiteSpace");
+    EXPECT_TRUE(flags().testFlag(QTextOption::ShowTabsAndSpaces));
+    click("visibleWhiteSpace");
+    EXPECT_FALSE(flags().testFlag(QTextOption::ShowTabsAndSpaces));
+}
+
+TEST_F(PreviewPaneTest, ShowsAFileOfTheUserUntilTheSampleIsWantedAgain) {
+    files.put("/own.cpp", "class Own\n{\nint x;\n};\n");
+    styles->sheet().useOwnText("/own.cpp");
+    ASSERT_TRUE(waitForPreview("class Own\n{\n  int x;\n};"));
+    window->showPage(PageId::Enums);
+    EXPECT_EQ(styles->sheet().ownTextPath(), "/own.cpp");
+    click("sampleText");
+    EXPECT_TRUE(waitForPreview("enum keyword"));
+}
+
+TEST_F(PreviewPaneTest, TellsWhyATextIsShownAsItIs) {
+    files.put("/broken.cpp", "class Own {\nint x;\n");
+    styles->sheet().useOwnText("/broken.cpp");
+    ASSERT_TRUE(waitForPreview("class Own {\nint x;"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return widget("previewMessages").isVisible(); }));
+    EXPECT_FALSE(widget<QLabel>("previewMessages").text().isEmpty());
+}
+
+TEST_F(PreviewPaneTest, CanBeHidden) {
+    click("togglePreview");
+    EXPECT_FALSE(preview().isVisible());
+    EXPECT_EQ(widget<QAbstractButton>("togglePreview").text().toStdString(), NorvaneUI::Texts::kShowPreview);
+    click("togglePreview");
+    EXPECT_TRUE(preview().isVisible());
+}
+
+namespace {
+
+std::string manyLines(std::size_t count) {
+    std::string text = "void f() {\n";
+    for (std::size_t i = 0; i < count; ++i) text += "if (a" + std::to_string(i) + ") { b(); }\n";
+    return text + "}\n";
+}
+
+} // namespace
+
+TEST(PreviewRunner, LeavesTheEventLoopFree) {
+    std::atomic<std::uint64_t> newest = 1;
+    bool done = false;
+    NorvaneQt::PreviewRunner runner(newest, [&](const NorvaneUI::PreviewResult&) { done = true; });
+    // Long enough that the loop turns many times meanwhile, wherever the work is done.
+    runner.start({1, {}, manyLines(60000)});
+    int turns = 0;
+    QTimer clock;
+    QObject::connect(&clock, &QTimer::timeout, &clock, [&] { turns += done ? 0 : 1; });
+    clock.start(1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return done; }, 60000));
+    EXPECT_GT(turns, 60);
+}
+
+TEST(PreviewRunner, RunsOnlyTheNewestOfABurst) {
+    std::atomic<std::uint64_t> newest = 0;
+    std::vector<std::uint64_t> finished;
+    std::thread::id thread;
+    NorvaneQt::PreviewRunner runner(newest, [&](const NorvaneUI::PreviewResult& result) {
+        finished.push_back(result.generation);
+        thread = std::this_thread::get_id();
+    });
+    for (std::uint64_t i = 1; i <= 20; ++i) {
+        newest = i;
+        runner.start({i, {}, "int x;\n"});
+    }
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !finished.empty(); }, 10000));
+    EXPECT_EQ(finished, std::vector<std::uint64_t>{20});
+    EXPECT_EQ(thread, std::this_thread::get_id());
+}
+
+TEST(PreviewRunner, TellsNothingOnceItIsGone) {
+    std::atomic<std::uint64_t> newest = 1;
+    bool done = false;
+    {
+        NorvaneQt::PreviewRunner runner(newest, [&](const NorvaneUI::PreviewResult&) { done = true; });
+        runner.start({1, {}, manyLines(5000)});
+        QTest::qWait(70);
+        done = false;
+    }
+    QTest::qWait(20);
+    EXPECT_FALSE(done) << "a result arrived for somebody who has gone";
+}
