@@ -1,5 +1,7 @@
 #include "help/Help_Document.h"
 
+#include <algorithm>
+
 namespace Help {
 
 namespace {
@@ -38,6 +40,17 @@ std::vector<Piece> inlinePieces(std::string_view text) {
         pieces.push_back(piece);
     }
     return pieces;
+}
+
+std::string inOneLine(std::string_view lines) {
+    std::string joined;
+    for (std::size_t start = 0; start < lines.size();) {
+        const std::size_t end = std::min(lines.find('\n', start), lines.size());
+        if (start != 0) joined += ", ";
+        joined += lines.substr(start, end - start);
+        start = end + 1;
+    }
+    return joined;
 }
 
 std::string withoutMarks(std::string_view text) {

@@ -59,6 +59,9 @@ struct Piece {
 /// The pieces view `text`. A mark that is not closed is text.
 std::vector<Piece> inlinePieces(std::string_view text);
 
+/// The lines of a scheme file, with commas between them.
+std::string inOneLine(std::string_view lines);
+
 /// `text` without its marks.
 std::string withoutMarks(std::string_view text);
 

@@ -106,7 +106,7 @@ public:
         const Differences differences = whiteSpaceDifferences(comparison.before, comparison.after);
         html_ += "<figure>\n<figcaption>";
         html_ += element("code", escaped(comparison.setting));
-        if (!comparison.with.empty()) html_ += " with " + element("code", escaped(comparison.with));
+        if (!comparison.with.empty()) html_ += " with " + element("code", escaped(inOneLine(comparison.with)));
         html_ += "</figcaption>\n<div class=\"sides\">\n";
         html_ += side("Without", markedCode(comparison.before, differences.before));
         html_ += side("With", markedCode(comparison.after, differences.after));

@@ -64,10 +64,15 @@ std::string sideBySide(Lines left, const Lines& right) {
     return indented(left, kCodeIndent);
 }
 
-std::string joinedLines(std::string_view text) {
-    std::string joined;
-    for (const std::string& line : linesOf(text)) joined += (joined.empty() ? "" : ", ") + line;
-    return joined;
+/// `text` without its marks. The blanks of code are fixed: they can be what the code is about.
+std::string fillable(std::string_view text) {
+    std::string words;
+    for (const Piece& piece : inlinePieces(text)) {
+        std::string part = piece.kind == Piece::Kind::link ? fillable(piece.text) : std::string(piece.text);
+        if (piece.kind == Piece::Kind::code) std::replace(part.begin(), part.end(), ' ', kFixedBlank);
+        words += part;
+    }
+    return words;
 }
 
 class TextWriter {
@@ -83,7 +88,7 @@ public:
 
     void operator()(const Paragraph& paragraph) {
         startBlock();
-        text_ += filledText(withoutMarks(paragraph.text), kBodyIndent, kTextWidth);
+        text_ += filledText(fillable(paragraph.text), kBodyIndent, kTextWidth);
     }
 
     void operator()(const CodeBlock& code) {
@@ -94,7 +99,7 @@ public:
     void operator()(const Bullets& bullets) {
         startBlock();
         for (const std::string& item : bullets.items) {
-            text_ += filledText(withoutMarks(item), "  - ", kTextWidth);
+            text_ += filledText(fillable(item), "  - ", kTextWidth);
         }
     }
 
@@ -105,7 +110,7 @@ public:
         for (const auto& [term, meaning] : terms.rows) {
             std::string first = std::string(kBodyIndent) + withoutMarks(term);
             first.resize(kBodyIndent.size() + widest + 2, ' ');
-            text_ += filledText(withoutMarks(meaning), first, kTextWidth);
+            text_ += filledText(fillable(meaning), first, kTextWidth);
         }
     }
 
@@ -113,7 +118,7 @@ public:
         startBlock();
         text_.append(kSettingIndent).append(comparison.setting).append("\n");
         if (!comparison.with.empty()) {
-            text_.append(kSettingIndent).append("(with ").append(joinedLines(comparison.with)).append(")\n");
+            text_.append(kSettingIndent).append("(with ").append(inOneLine(comparison.with)).append(")\n");
         }
         text_ += '\n';
         const Lines before = shownCode(comparison.before);
@@ -158,7 +163,9 @@ std::string filledText(std::string_view text, std::string_view first, std::size_
         line += word;
         lineHasWord = true;
     }
-    return filled + line + '\n';
+    filled += line + '\n';
+    std::replace(filled.begin(), filled.end(), kFixedBlank, ' ');
+    return filled;
 }
 
 std::string plainText(const Document& document) {

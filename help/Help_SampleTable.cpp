@@ -11,6 +11,8 @@ constexpr std::string_view kNothing = R"("")";
 constexpr std::string_view kBlank = R"(" ")";
 constexpr std::string_view kFour = R"("    ")";
 constexpr std::string_view kOn = "1";
+/// Columns are filled with tabs, unless the scheme asks for blanks.
+constexpr std::string_view kInBlanks = "2 CONVERT_WS 1\n";
 
 constexpr std::string_view kLinkage = R"(extern "C" { int answer(void); }
 )";
@@ -204,7 +206,7 @@ constexpr auto kSamples = std::to_array<Sample>({
     {"GLOBAL_WS_BEFORE_OPEN_BRACE", kNewLine, kLinkage, {}},
 
     {"ALIGN_BASE_CLAUSES_LEFT", kOn, kBases, {}},
-    {"ALIGN_CLASS_MEMBER_NAMES_LEFT", kOn, kMembers, {}},
+    {"ALIGN_CLASS_MEMBER_NAMES_LEFT", kOn, kMembers, kInBlanks},
     {"INDENT_ACCESS_SPEC_LABEL", R"("  ")", kClass, "3 INDENT_CLASS_CONTENT \"    \"\n"},
     {"INDENT_CLASS_CONTENT", kFour, kClass, {}},
     {"WS_AFTER_CLASS_INIT_LIST", kNewLine, kConstructor, {}},
@@ -234,7 +236,7 @@ constexpr auto kSamples = std::to_array<Sample>({
     {"WS_BEFORE_NS_CLOSE_BRACE", kNewLine, kNamespaceLine, {}},
     {"WS_BEFORE_NS_OPEN_BRACE", kNewLine, kNamespace, {}},
 
-    {"ALIGN_ENUM_INITIALIZERS", kOn, kEnum, {}},
+    {"ALIGN_ENUM_INITIALIZERS", kOn, kEnum, kInBlanks},
     {"INDENT_ENUM_CONTENT", kFour, kEnum, {}},
     {"WS_AFTER_ENUM_OPEN_BRACE", kNewLine, kEnumLine, {}},
     {"WS_BEFORE_ENUM_CLOSE_BRACE", kNewLine, kEnumLine, {}},
@@ -243,7 +245,7 @@ constexpr auto kSamples = std::to_array<Sample>({
     {"WS_BETWEEN_ENUM_ELEMENTS", kBlank, kEnumLine, {}},
     {"WS_BETWEEN_ENUM_ELEMENTS", kNewLine, kEnumLine, {}},
 
-    {"ALIGN_FN_DECL_NAMES_LEFT", kOn, kDeclarations, {}},
+    {"ALIGN_FN_DECL_NAMES_LEFT", kOn, kDeclarations, kInBlanks},
     {"ALIGN_FN_PARAMS_LEFT", kOn, kDeclaration, {}},
     {"INDENT_FN_CONTENT", kFour, kBody, {}},
     {"INDENT_FN_CONTENT", R"("\t")", kBody, {}},
@@ -265,8 +267,8 @@ constexpr auto kSamples = std::to_array<Sample>({
     {"WS_BEFORE_FN_CALL_COMMA", kBlank, kCall, {}},
     {"WS_BETWEEN_FN_CALL_ARGS", kBlank, kCall, {}},
 
-    {"ALIGN_DD_INITIALIZERS", kOn, kVariables, {}},
-    {"ALIGN_DD_NAMES_LEFT", kOn, kVariables, {}},
+    {"ALIGN_DD_INITIALIZERS", kOn, kVariables, kInBlanks},
+    {"ALIGN_DD_NAMES_LEFT", kOn, kVariables, kInBlanks},
     {"INDENT_DD_CONTENT", kFour, kArrayLines, {}},
     {"WS_AFTER_DD_NAME", kBlank, kArrayTight, {}},
     {"WS_AFTER_DD_OPEN_BRACE", kNewLine, kArrayLine, {}},
@@ -302,8 +304,8 @@ constexpr auto kSamples = std::to_array<Sample>({
     {"AMPERSAND_ANCHOR", "1", kReference, {}},
     {"ASTERISK_ANCHOR", "0", kPointer, {}},
     {"ASTERISK_ANCHOR", "1", kPointer, {}},
-    {"HANGING_AMPERSAND", kOn, kAlignedReferences, "1 ALIGN_DD_NAMES_LEFT 1\n2 AMPERSAND_ANCHOR 1\n"},
-    {"HANGING_ASTERISK", kOn, kAlignedPointers, "1 ALIGN_DD_NAMES_LEFT 1\n2 ASTERISK_ANCHOR 1\n"},
+    {"HANGING_AMPERSAND", kOn, kAlignedReferences, "1 ALIGN_DD_NAMES_LEFT 1\n2 AMPERSAND_ANCHOR 1\n2 CONVERT_WS 1\n"},
+    {"HANGING_ASTERISK", kOn, kAlignedPointers, "1 ALIGN_DD_NAMES_LEFT 1\n2 ASTERISK_ANCHOR 1\n2 CONVERT_WS 1\n"},
     {"WS_BETWEEN_AMPERSAND_ANCHOR", kNothing, kLooseReference, "2 AMPERSAND_ANCHOR 1\n"},
     {"WS_BETWEEN_ASTERISK_ANCHOR", kNothing, kLoosePointer, "2 ASTERISK_ANCHOR 1\n"},
 

@@ -16,7 +16,8 @@ constexpr auto kGlobals = std::to_array<Text>({
     "scheme file always says for each construct what holds there, and no construct falls back on a global "
     "value.",
     "`CONVERT_WS` works on the finished text, with tab stops every `TAB_SIZE` columns. It needs the true tab "
-    "size: a tab counts as one column as long as `TAB_SIZE` is not set.",
+    "size: a tab counts as one column as long as `TAB_SIZE` is not set. What is lined up in columns is filled "
+    "with tabs where a tab fits, unless `CONVERT_WS` is 1.",
 });
 
 constexpr auto kClasses = std::to_array<Text>({

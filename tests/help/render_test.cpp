@@ -65,6 +65,10 @@ TEST(PlainText, FillsLinesBehindAHangingHead) {
     EXPECT_EQ(Help::filledText("", "- ", 8), "- \n");
 }
 
+TEST(PlainText, KeepsTheBlanksOfCode) {
+    EXPECT_EQ(Help::plainText({"", {Help::Paragraph{"a  `\"    \"` b"}}}), "  a \"    \" b\n");
+}
+
 TEST(PlainText, PutsSidesThatFitBesideOneAnother) {
     EXPECT_EQ(Help::plainText({"", {Help::Comparison{"", "3 A \"\\n\"", "f() {\n}\n", "f()\n{\n}\n"}}}),
               "    3 A \"\\n\"\n\n"
