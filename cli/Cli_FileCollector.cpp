@@ -1,9 +1,11 @@
 #include "cli/Cli_FileCollector.h"
 
 #include "addin/Addin_Extensions.h"
+#include "addin/Addin_Texts.h"
 #include "cli/Cli_CompileCommands.h"
 #include "cli/Cli_FileIo.h"
 #include "cli/Cli_Paths.h"
+#include "schemes/NorvaneUI_Text.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -88,6 +90,9 @@ void FileCollector::addNamed(const std::string& path) {
     std::error_code ignored;
     if (fs::is_directory(path, ignored)) {
         folders_.push_back(path);
+        if (options_.verbosity == Verbosity::verbose) {
+            report_.addGeneral("note", NorvaneUI::filled(Addin::Texts::kListingTree, {path}));
+        }
         addTree(path);
     } else if (isNew(path)) {
         add(path);

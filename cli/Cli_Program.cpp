@@ -48,7 +48,22 @@ void Program::run() {
     std::vector<WorkItem> items = collector.collect();
     if (!chooseSchemes(items, shelf) || !mayWrite(collector.folders())) return;
     const bool isBatch = items.size() > 1 || !collector.folders().empty() || !options_.project.empty();
+    if (options_.verbosity == Verbosity::verbose) announce(collector.folders(), shelf);
     layOut(items, isBatch);
+    const bool isFinished = InterruptGuard::signal() == 0;
+    if (isFinished && !collector.folders().empty()) inform(std::string(Addin::Texts::kFinishedTree));
+}
+
+void Program::inform(const std::string& text) {
+    host_.addMessage(Trn::kSeverityInformation, text, std::nullopt);
+}
+
+void Program::announce(const std::vector<std::string>& folders, SchemeShelf& shelf) {
+    for (const std::string& folder : folders) {
+        const Norvane::PropertySet* scheme = shelf.schemeIn(absolutePath(folder));
+        const std::string name = scheme == nullptr ? std::string() : scheme->getName();
+        inform(NorvaneUI::filled(Addin::Texts::kFormattingTree, {folder, name}));
+    }
 }
 
 void Program::readSettings() {

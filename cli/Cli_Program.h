@@ -31,6 +31,8 @@ public:
     void run();
 
 private:
+    void inform(const std::string& text);
+    void announce(const std::vector<std::string>& folders, SchemeShelf& shelf);
     void readSettings();
     void showScheme(SchemeShelf& shelf);
     bool chooseSchemes(std::vector<WorkItem>& items, SchemeShelf& shelf);

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace {
 
 constexpr const char* kUntidy = "void f()\n{\nif(a)b();\n}\n";
@@ -67,6 +69,23 @@ TEST(Terminal, ShowsProgressAndATotalForBatches) {
     EXPECT_NE(finished.out.find("2 files: 1 formatted, 1 unchanged"), std::string::npos) << finished.out;
     EXPECT_EQ(runOnTerminal({"-q", "-i", "-y", folder / ""}, "", "").out, "");
     EXPECT_EQ(run({"-i", "-y", folder / ""}).err, "");
+}
+
+TEST(Verbose, TellsOfEveryStep) {
+    const TempFolder folder;
+    folder.write("a.c", kUntidy);
+    folder.write("b.c", "int b;\n");
+    folder.write(".kerflineignore", "b.c\n");
+    const Finished finished = run({"-v", "-i", "-y", "--scheme", "knr", "."}, {.folder = folder / ""});
+    const std::string ignoreFile = std::filesystem::canonical(folder / ".kerflineignore").string();
+    EXPECT_EQ(finished.err, "kerfline: note: Creating the list of C/C++ files in the directory tree .\n"
+                            "kerfline: note: Formatting files under directory \".\" using scheme \"knr\".\n"
+                            "a.c:1:1: note: Formatting \"a.c\".\n"
+                            "b.c:1:1: note: left alone by " +
+                                ignoreFile +
+                                ":1\n"
+                                "kerfline: note: 2 files: 1 formatted, 1 skipped\n"
+                                "kerfline: note: Finished formatting directory tree.\n");
 }
 
 } // namespace
