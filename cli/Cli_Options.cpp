@@ -120,6 +120,8 @@ Options CommandLine::parse(int argc, const char* const* argv) {
 
 void CommandLine::refuseUnknown() const {
     for (const std::string& word : app_.remaining()) {
+        // What marks the end of the switches comes through as well.
+        if (word == "--") continue;
         const std::string name = word.substr(0, word.find('='));
         std::vector<std::string_view> names;
         for (const Switch& row : switchTable()) names.push_back(row.name);

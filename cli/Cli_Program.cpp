@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <fstream>
 #include <new>
 #include <optional>
@@ -75,13 +76,12 @@ void Program::readSettings() {
 }
 
 void Program::showScheme(SchemeShelf& shelf) {
-    WorkItem item;
-    item.path = options_.files.empty() ? std::string("-") : options_.files.front();
-    item.isStandardInput = item.path == "-";
-    if (item.isStandardInput) {
-        item.path = options_.inputName.empty() ? std::string(kStandardInput) : options_.inputName;
-    }
-    const Norvane::PropertySet* scheme = shelf.schemeIn(folderForScheme(item));
+    std::string path = options_.files.empty() ? std::string("-") : options_.files.front();
+    if (path == "-") path = options_.inputName;
+    std::error_code ignored;
+    const bool isFolder = path.empty() || std::filesystem::is_directory(path, ignored);
+    const std::string full = absolutePath(path.empty() ? "." : path);
+    const Norvane::PropertySet* scheme = shelf.schemeIn(isFolder ? full : folderOf(full));
     if (scheme != nullptr) scheme->write(streams_.out);
     finishOutput();
 }

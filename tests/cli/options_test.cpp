@@ -101,6 +101,13 @@ TEST_P(Usage, IsRefusedInOneLine) {
 INSTANTIATE_TEST_SUITE_P(CommandLine, Usage, testing::ValuesIn(kWrong),
                          [](const auto& row) { return std::string(row.param.name); });
 
+TEST(CommandLine, TakesEverythingBehindTwoDashesForAFile) {
+    const Parsed parsed = parse({"--check", "--", "-x.c", "--diff"});
+    ASSERT_TRUE(parsed.options) << parsed.err;
+    EXPECT_EQ(parsed.options->files, (std::vector<std::string>{"-x.c", "--diff"}));
+    EXPECT_EQ(parsed.options->destination, Cli::Destination::checkOnly);
+}
+
 TEST(CommandLine, BackupDoesNotSwallowTheFile) {
     const Parsed plain = parse({"-i", "--backup", "a.c"});
     ASSERT_TRUE(plain.options);
