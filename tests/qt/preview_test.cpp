@@ -7,7 +7,11 @@
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QTextBlock>
+#include <QThread>
 
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
 #include <thread>
 
 using NorvaneUI::PageId;
@@ -58,6 +62,61 @@ TEST_F(PreviewPaneTest, CanBeHidden) {
     EXPECT_EQ(widget<QAbstractButton>("togglePreview").text().toStdString(), NorvaneUI::Texts::kShowPreview);
     click("togglePreview");
     EXPECT_TRUE(preview().isVisible());
+}
+
+namespace {
+
+/// Of this thread alone, so that a busy machine does not count.
+double processorMilliseconds() {
+    timespec now{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
+}
+
+template <class Action> double cost(Action action) {
+    const double before = processorMilliseconds();
+    action();
+    return processorMilliseconds() - before;
+}
+
+std::string classesOfLines(std::size_t lines) {
+    std::string text;
+    for (std::size_t i = 0; i < lines / 6; ++i) {
+        const std::string name = "Widget" + std::to_string(i);
+        text += "class " + name + " : public Base {\npublic:\n    int width(int a, char* b) const;\n"
+                "    std::string name_ = \"a name\"; // kept\n};\n\n";
+    }
+    return text;
+}
+
+} // namespace
+
+// What a person types waits for whatever the event loop is at, so this is the delay of a key.
+TEST_F(PreviewPaneTest, LongFileHoldsUpNoKey) {
+    files.put("/long.cpp", classesOfLines(3000));
+    styles->sheet().useOwnText("/long.cpp");
+    ASSERT_TRUE(waitForPreview("class Widget499"));
+    auto& field = widget<QLineEdit>("WS_BEFORE_CLASS_OPEN_BRACE");
+    field.setFocus();
+    double longest = 0;
+    for (const char key : std::string("\\n\\n\\s\\s")) {
+        longest = std::max(longest, cost([&] { QTest::keyClick(&field, key); }));
+        for (int i = 0; i < 30; ++i) {
+            longest = std::max(longest, cost([] { QCoreApplication::processEvents(); }));
+            QThread::msleep(5);
+        }
+    }
+    EXPECT_TRUE(waitForPreview("class Widget499 : public Base\n\n  {"));
+    RecordProperty("longestTurnInMicroseconds", static_cast<int>(longest * 1000));
+    std::printf("longest turn of the event loop: %.1f ms\n", longest);
+    // A tenth of a second is what a person begins to feel.
+    EXPECT_LT(longest, 100);
+}
+
+TEST_F(PreviewPaneTest, WindowOpensAtOnce) {
+    const double time = cost([&] { open(); });
+    std::printf("opened in %.0f ms\n", time);
+    EXPECT_LT(time, 1000);
 }
 
 namespace {

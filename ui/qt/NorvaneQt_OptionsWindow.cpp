@@ -87,7 +87,9 @@ void OptionsWindow::addButtons(QHBoxLayout& row) {
 
 void OptionsWindow::addShortcuts() {
     const auto add = [this](QKeySequence::StandardKey key, auto action) {
-        QObject::connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, this, action);
+        auto* shortcut = new QShortcut(this);
+        shortcut->setKeys(key);
+        QObject::connect(shortcut, &QShortcut::activated, this, action);
     };
     add(QKeySequence::Undo, [this] { undo_->click(); });
     add(QKeySequence::Redo, [this] { redo_->click(); });

@@ -17,8 +17,8 @@ namespace NorvaneQt {
 namespace {
 
 QListWidgetItem* makeItem(const NorvaneUI::SearchHit& hit) {
-    const QString place = hit.page == nullptr ? QStringLiteral("no control") : toQt(hit.page->title);
-    auto* item = new QListWidgetItem(QStringLiteral("%1\n%2").arg(toQt(hit.option->label), place));
+    const QString place = hit.page == nullptr ? QStringLiteral("no control") : QStringLiteral("in ") + toQt(hit.page->title);
+    auto* item = new QListWidgetItem(QStringLiteral("%1\n    %2").arg(toQt(hit.option->label), place));
     item->setData(Qt::UserRole, toQt(hit.option->name));
     item->setToolTip(QStringLiteral("%1\n%2").arg(toQt(hit.option->name), toQt(hit.option->description)));
     if (hit.page == nullptr) item->setFlags(Qt::NoItemFlags);

@@ -9,6 +9,7 @@
 #include <QTextOption>
 
 #include <algorithm>
+#include <utility>
 
 namespace NorvaneQt {
 
@@ -34,6 +35,7 @@ PreviewText::PreviewText(QWidget* parent) : QPlainTextEdit(parent) {
 }
 
 void PreviewText::showText(const QString& text, const std::vector<std::size_t>& touched) {
+    if (text == shown_ && touched == touched_) return;
     const int horizontal = horizontalScrollBar()->value();
     const int vertical = verticalScrollBar()->value();
     replaceText(text);
@@ -45,7 +47,7 @@ void PreviewText::showText(const QString& text, const std::vector<std::size_t>& 
 
 /// Only what differs: laying out thousands of lines again can be felt.
 void PreviewText::replaceText(const QString& text) {
-    const QString before = toPlainText();
+    const QString before = std::exchange(shown_, text);
     const auto [oldEnd, newEnd] = std::mismatch(before.begin(), before.end(), text.begin(), text.end());
     const auto front = static_cast<int>(oldEnd - before.begin());
     const auto room = static_cast<std::ptrdiff_t>(std::min(before.size(), text.size())) - front;

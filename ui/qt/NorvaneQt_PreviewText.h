@@ -31,6 +31,8 @@ private:
     void mark(const std::vector<std::size_t>& lines);
     void bringIntoView(const std::vector<std::size_t>& lines);
 
+    /// The document gives its text back only roughly: it knows no difference between kinds of blanks.
+    QString shown_;
     std::vector<std::size_t> touched_;
     int margin_ = 0;
 };

@@ -19,6 +19,11 @@ SchemesView::SchemesView(NorvaneUI::StylesDlg& dialog, QWidget* parent)
       runner_(dialog.sheet().preview().newest(), [this](const NorvaneUI::PreviewResult& result) {
           if (dialog_.sheet().finishPreview(result)) preview_->refresh();
       }) {
+    // At once, since the order in which widgets are made is the order in which Tab reaches them.
+    for (const auto& page : dialog.sheet().pages()) {
+        views_.push_back(new PageView(*page, stack_));
+        stack_->addWidget(views_.back());
+    }
     auto* splitter = new QSplitter;
     splitter->addWidget(list_);
     splitter->addWidget(stack_);
@@ -40,22 +45,15 @@ SchemesView::~SchemesView() {
     dialog_.sheet().setPreviewAction({});
 }
 
-PageView& SchemesView::pageView(NorvaneUI::PageId id) {
-    PageView*& view = views_[static_cast<std::size_t>(id)];
-    if (view == nullptr) {
-        view = new PageView(dialog_.sheet().page(id), stack_);
-        stack_->addWidget(view);
-    }
-    return *view;
+PageView& SchemesView::currentView() {
+    return *views_[static_cast<std::size_t>(dialog_.sheet().currentPageId())];
 }
 
 void SchemesView::refresh() {
     bar_->refresh();
-    const NorvaneUI::PageId id = dialog_.sheet().currentPageId();
-    list_->showPage(id);
-    PageView& view = pageView(id);
-    view.refresh();
-    stack_->setCurrentWidget(&view);
+    list_->showPage(dialog_.sheet().currentPageId());
+    currentView().refresh();
+    stack_->setCurrentWidget(&currentView());
     preview_->setVisible(dialog_.sheet().isPreviewShown());
     preview_->refresh();
     if (refreshAction_) refreshAction_();
@@ -73,7 +71,7 @@ void SchemesView::goTo(const std::string& option) {
 
 void SchemesView::focusOption(std::string_view option) {
     refresh();
-    pageView(dialog_.sheet().currentPageId()).focusOption(option);
+    currentView().focusOption(option);
 }
 
 void SchemesView::focusSearch() { list_->focusSearch(); }

@@ -6,10 +6,10 @@
 
 #include <QWidget>
 
-#include <array>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class QStackedWidget;
 
@@ -39,13 +39,13 @@ public:
     void save();
 
 private:
-    PageView& pageView(NorvaneUI::PageId id);
+    PageView& currentView();
     void goTo(const std::string& option);
 
     NorvaneUI::StylesDlg& dialog_;
     std::function<void()> refreshAction_;
-    // Owned by this widget. A page that was never looked at has no view yet.
-    std::array<PageView*, 13> views_{};
+    // Owned by this widget.
+    std::vector<PageView*> views_;
     SchemeBar* bar_;
     PageList* list_;
     QStackedWidget* stack_;
