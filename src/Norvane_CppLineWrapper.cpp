@@ -97,8 +97,7 @@ int CppLineWrapper::copyUpToStart(const Cpp::SyntaxNode& node) {
 
 // Close brackets and the punctuation behind them have no place on a line of their own.
 std::string_view CppLineWrapper::stuckPart(std::string_view text) {
-    const std::string_view line = firstLine(text);
-    const std::string_view stuck = line.substr(0, line.find_first_not_of(")]};,{ \t"));
+    const std::string_view stuck = text.substr(0, text.find_first_not_of(")]};,{ \t"));
     return stuck.substr(0, stuck.find_last_not_of(" \t") + 1);
 }
 
@@ -120,9 +119,9 @@ std::string_view CppLineWrapper::followerThrough(std::size_t headEnd) const {
 std::size_t CppLineWrapper::endOfHead(const Trn::Position& headEnd) const {
     const std::size_t end = source_.offsetOf(headEnd);
     if (end == Zelmar::SourceText::npos) return end;
-    const std::string_view behind = firstLine(source_.text().substr(end + 1));
-    const std::size_t words = std::min(behind.find_first_of("{;:/"), behind.size());
-    const bool isHead = words == behind.size() || behind[words] == '{' || behind[words] == ';';
+    const std::string_view behind = source_.text().substr(end + 1);
+    const std::size_t words = std::min(behind.find_first_of("{;:/\n"), behind.size());
+    const bool isHead = words == behind.size() || (behind[words] != ':' && behind[words] != '/');
     return isHead ? end + words : end;
 }
 
@@ -186,7 +185,9 @@ void CppLineWrapper::visit(Cpp::ExprNode& node) {
 // advance, from the lines that stay, until no more of them come in.
 void CppLineWrapper::writeSettled(std::string text, const Rewrite& wrap, const Rewrite& layOut) {
     static constexpr int kMostRounds = 6;
-    const std::string_view behind = firstLine(source_.text().substr(reader_.offset()));
+    // What reaches beyond the margin for sure is enough: the rest of a line may be a whole file.
+    const std::size_t most = static_cast<std::size_t>(rightMargin_) + 1;
+    const std::string_view behind = firstLine(source_.text().substr(reader_.offset(), most));
     std::string wrapped = wrap(text);
     for (int round = 0; round < kMostRounds && wrapped != text; ++round) {
         std::string next = keepStayingBreaks(text, wrapped, layOut(wrapped));
