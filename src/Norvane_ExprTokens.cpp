@@ -130,12 +130,14 @@ void ExprTokens::appendToken(const Cpp::RawToken& token) {
 
 void ExprTokens::classify() {
     hasAngles_ = false;
+    launches_ = false;
     for (std::size_t i = 0; i < tokens_.size(); ++i) kinds_[i] = tokens_[i].type;
     for (std::size_t i = 0; i < tokens_.size(); ++i) {
         if (kinds_[i] == Cpp::tkIdentifier) trimName(tokens_[i]);
         if (kinds_[i] == Cpp::tkOperator) nameOperator(i);
         if (kinds_[i] == Cpp::tkLess) hasAngles_ = true;
         if (endsSpaceship(i)) kinds_[i] = Cpp::tkLessEqual;
+        nameLaunch(i);
         const bool spans = kinds_[i] == Cpp::tkStringLiteral || kinds_[i] == Cpp::tkBlockComment;
         if (spans && token(i).find('\n') != std::string_view::npos) {
             multiLineTokens_.push_back(i);
@@ -147,6 +149,18 @@ void ExprTokens::classify() {
 bool ExprTokens::endsSpaceship(std::size_t index) const {
     return index > 0 && tokens_[index].type == Cpp::tkGreater && tokens_[index - 1].type == Cpp::tkLessEqual &&
            gap(index).empty();
+}
+
+/// The "<<<" and ">>>" that start a function on a graphics processor are one mark each and belong to
+/// the name in front, though they come as two tokens.
+void ExprTokens::nameLaunch(std::size_t index) {
+    if (index == 0 || !gap(index).empty()) return;
+    const int before = kinds_[index - 1];
+    const bool opens = before == Cpp::tkShiftLeft && kinds_[index] == Cpp::tkLess;
+    const bool closes = launches_ && before == Cpp::tkShiftRight && kinds_[index] == Cpp::tkGreater;
+    if (!opens && !closes) return;
+    launches_ = opens;
+    kinds_[index] = kinds_[index - 1] = Cpp::tkIdentifier;
 }
 
 /// A name that ends in "::" has the white space behind it in its range; here that is a gap.

@@ -48,8 +48,8 @@ public:
     std::string_view text() const { return text_; }
     std::size_t size() const { return tokens_.size(); }
     /// What a token stands for: its type, but tkIdentifier for each part of an operator's name
-    /// ("operator", "<"), tkGreater for a ">>" that closes template arguments, and tkLessEqual for both
-    /// tokens of a "<=>".
+    /// ("operator", "<") and of a "<<<" with its ">>>", tkGreater for a ">>" that closes template
+    /// arguments, and tkLessEqual for both tokens of a "<=>".
     int kind(std::size_t index) const { return kinds_[index]; }
     std::size_t begin(std::size_t index) const { return tokens_[index].begin; }
     std::size_t end(std::size_t index) const { return tokens_[index].end; }
@@ -87,6 +87,7 @@ private:
     void appendWords(std::size_t at, std::size_t end);
     void appendToken(const Cpp::RawToken& token);
     void classify();
+    void nameLaunch(std::size_t index);
     void trimName(Cpp::RawToken& token) const;
     void nameOperator(std::size_t index);
     void match();
@@ -108,6 +109,7 @@ private:
     // Behind the last token that cannot stand between template arguments.
     std::size_t foreignEnd_ = 0;
     bool hasAngles_ = false;
+    bool launches_ = false; // behind a "<<<"
 };
 
 } // namespace Norvane

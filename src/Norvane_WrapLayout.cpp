@@ -200,14 +200,23 @@ bool WrapLayout::isOver(const WrapRange& range, std::size_t tail) const {
     return endColumn(std::min(end, std::max(tail, range.end)) - 1) > rightMargin_;
 }
 
+namespace {
+
+/// Two tokens that are one mark where they touch: "<=>", and "<<<" and ">>>" around what starts a
+/// function on a graphics processor.
+bool isSecondHalf(int before, int kind) {
+    return (before == tkLessEqual && kind == tkGreater) || (before == tkShiftLeft && kind == tkLess) ||
+           (before == tkShiftRight && kind == tkGreater);
+}
+
+} // namespace
+
 // A directive must keep its own line, and so must a comment on that line, or the rest of it would
 // become code.
 bool WrapLayout::mayBreakBefore(std::size_t index) const {
     if (index == 0 || index >= text_.size() || text_.kind(index) == tkDirective) return false;
     if (text_.kind(index - 1) == tkDirective) return endsLine(text_.token(index - 1));
-    // The three-way comparison comes as two tokens.
-    const bool threeWay = text_.kind(index - 1) == tkLessEqual && text_.kind(index) == tkGreater;
-    return !threeWay || !text_.gap(index).empty();
+    return !isSecondHalf(text_.kind(index - 1), text_.kind(index)) || !text_.gap(index).empty();
 }
 
 void WrapLayout::breakBefore(std::size_t index, std::string_view indent) {
