@@ -1,8 +1,11 @@
 #!/usr/bin/env bash
-# Installs what is missing to build Kerfline on Debian. docs/dependencies.md has the reason for each.
+# Installs what is missing to build Kerfline on Debian: scripts/setup.sh [--windows]
+# The windows of the options, with Qt, are built only with --windows, or where Qt is already.
+# docs/dependencies.md has the reason for each package.
 set -euo pipefail
 
 packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libgtest-dev)
+[ "${1:-}" = --windows ] && packages+=(qt6-base-dev fonts-dejavu-core)
 
 missing=()
 for package in "${packages[@]}"; do

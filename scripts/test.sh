@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 preset=${1:-debug}
 
-scripts/setup.sh
+scripts/setup.sh --windows
 cmake --preset "$preset" -DKERFLINE_TESTS=ON
 cmake --build --preset "$preset"
 ctest --preset "$preset" -j "$(nproc)"

@@ -28,7 +28,9 @@ void letPreviewArrive() {
 
 void take(OptionsWindow& window, const QString& path) {
     letPreviewArrive();
-    window.grab().save(path);
+    // As small as it gets: some of the pictures are kept with the sources.
+    constexpr int strongest = 0;
+    window.grab().save(path, "PNG", strongest);
 }
 
 void chooseScheme(OptionsWindow& window, const QString& name) {

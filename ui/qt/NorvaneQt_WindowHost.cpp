@@ -5,6 +5,8 @@
 #include "ui/qt/NorvaneQt_HelpWindow.h"
 #include "ui/qt/NorvaneQt_OptionsWindow.h"
 
+#include <QEventLoop>
+
 #include <utility>
 
 namespace NorvaneQt {
@@ -16,6 +18,14 @@ void selectFirst(const Addin::Settings& state, NorvaneUI::StylesDlg& styles) {
     std::string chosen;
     state.getString("CurrentPropertySet", chosen);
     if (chosen.empty()) styles.select("default");
+}
+
+/// Not as a modal dialog: the help has to stay within reach beside it.
+void runUntilLeft(OptionsWindow& window) {
+    QEventLoop loop;
+    QObject::connect(&window, &QDialog::finished, &loop, [&loop] { loop.quit(); });
+    window.show();
+    loop.exec();
 }
 
 } // namespace
@@ -45,7 +55,7 @@ Addin::Result<bool> WindowHost::showOptions(Addin::AddInOptions& options, Norvan
     if (start_.page) window.showPage(*start_.page);
     if (start_.settings) window.showSettings();
     if (windowAction_) windowAction_(window);
-    window.exec();
+    runUntilLeft(window);
     if (window.keepsSettings()) settings.giveTo(options);
     return window.keepsSettings();
 }
