@@ -16,6 +16,15 @@ std::string_view firstLine(std::string_view text) {
     return text.substr(0, text.find('\n'));
 }
 
+int marginOption(const PropertySet& scheme) { return std::max(wrapInt(scheme, "RIGHT_MARGIN", 0), 0); }
+int tabSizeOption(const PropertySet& scheme) { return std::max(wrapInt(scheme, "TAB_SIZE", 1), 1); }
+
+/// `line` has no line feed. Only a line with tabs is wider than it is long.
+bool isBeyond(std::string_view line, int margin, int tabSize) {
+    const bool mayBe = line.size() > static_cast<std::size_t>(margin) || line.find('\t') != std::string_view::npos;
+    return mayBe && Zelmar::textColumn(line, 0, tabSize) > margin;
+}
+
 } // namespace
 
 CppLineWrapper::CppLineWrapper(const PropertySet& scheme, const std::string& formattedText,
@@ -29,6 +38,20 @@ CppLineWrapper::CppLineWrapper(const PropertySet& scheme, const std::string& for
     output_.reserve(formattedText.size() + formattedText.size() / 16);
 }
 
+bool CppLineWrapper::leavesAsItIs(const PropertySet& scheme, std::string_view text) {
+    PropertySet props(scheme);
+    normalizeProperties(props);
+    const int margin = marginOption(props);
+    if (!wrapBool(props, "LINE_WRAP") || margin == 0) return true;
+    const int tabSize = tabSizeOption(props);
+    while (!text.empty()) {
+        const std::string_view line = firstLine(text);
+        if (isBeyond(line, margin, tabSize)) return false;
+        text.remove_prefix(std::min(line.size() + 1, text.size()));
+    }
+    return true;
+}
+
 CppLineWrapper::CommaSpacing CppLineWrapper::spacingOption(const char* before, const char* between,
                                                            const char* alignSwitch) const {
     CommaSpacing spacing{wrapString(props_, before), wrapString(props_, between)};
@@ -38,12 +61,12 @@ CppLineWrapper::CommaSpacing CppLineWrapper::spacingOption(const char* before, c
 
 void CppLineWrapper::readOptions() {
     lineWrap_ = wrapBool(props_, "LINE_WRAP");
-    rightMargin_ = std::max(wrapInt(props_, "RIGHT_MARGIN", 0), 0);
+    rightMargin_ = marginOption(props_);
     wrapStyle_ = wrapStyleValue(props_, "WRAP_STYLE", 0, 0);
     wrapIndent_ = wrapIndentValue(props_, "WRAP_INDENT");
     commaWrapStyle_ = wrapStyleValue(props_, "COMMA_WRAP_STYLE", 2, 1);
     joinsElements_ = wrapStyleValue(props_, "LIST_WRAP_STRATEGY", 0, 0) != 0;
-    tabSize_ = std::max(wrapInt(props_, "TAB_SIZE", 1), 1);
+    tabSize_ = tabSizeOption(props_);
     wsMode_ = wrapStyleValue(props_, "CONVERT_WS", Zelmar::kWsKeep, Zelmar::kWsKeep);
     readIndents();
     const char* const alignBases = "ALIGN_BASE_CLAUSES_LEFT";
@@ -72,11 +95,9 @@ void CppLineWrapper::readIndents() {
 
 void CppLineWrapper::findOverLines() {
     std::string_view rest = source_.text();
-    const auto margin = static_cast<std::size_t>(rightMargin_);
     for (std::uint32_t line = 1; !rest.empty(); ++line) {
         const std::string_view text = firstLine(rest);
-        const bool mayBeOver = text.size() > margin || text.find('\t') != std::string_view::npos;
-        if (mayBeOver && Zelmar::textColumn(text, 0, tabSize_) > rightMargin_) overLines_.push_back(line);
+        if (isBeyond(text, rightMargin_, tabSize_)) overLines_.push_back(line);
         rest.remove_prefix(std::min(text.size() + 1, rest.size()));
     }
 }

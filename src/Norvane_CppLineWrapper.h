@@ -42,6 +42,10 @@ public:
 
     CppLineWrapper(const PropertySet& scheme, const std::string& formattedText, std::ostream& wrapped);
 
+    /// True if the pass would write `text` as it stands, since no line of it is beyond the margin:
+    /// then it need not be parsed for the pass.
+    static bool leavesAsItIs(const PropertySet& scheme, std::string_view text);
+
     /// True if `node` has an extent and a line beyond the margin from its first line to its last.
     /// A node that ends at a line feed has nothing on the line behind it.
     bool overMargin(const Cpp::SyntaxNode& node) const;

@@ -132,9 +132,7 @@ std::int32_t FormatDriver::format(const FormatOptions& options, std::istream& in
     std::stringstream formatted = streamWithRoom(source.view());
     const std::int32_t ended = run.format(source, formatted);
     if (ended != 0) return ended;
-    bool lineWrap = false;
-    options.getBool("LINE_WRAP", lineWrap);
-    if (!lineWrap) {
+    if (CppLineWrapper::leavesAsItIs(options, formatted.view())) {
         writeAll(formatted.view(), output);
         return 0;
     }

@@ -103,6 +103,18 @@ TEST(WrapStage, ATextThatFitsComesOutByteForByte) {
     }
 }
 
+TEST(WrapStage, OnlyALineBeyondTheMarginIsWorthAParse) {
+    Norvane::PropertySet scheme;
+    scheme.setBool("LINE_WRAP", true);
+    scheme.setInt("RIGHT_MARGIN", 9);
+    scheme.setInt("TAB_SIZE", 4);
+    EXPECT_TRUE(Norvane::CppLineWrapper::leavesAsItIs(scheme, "int a;\nint bbbb;\n"));
+    EXPECT_FALSE(Norvane::CppLineWrapper::leavesAsItIs(scheme, "int a;\nint bbbbb;"));
+    EXPECT_FALSE(Norvane::CppLineWrapper::leavesAsItIs(scheme, "\tint a;\n")); // 10 columns wide
+    scheme.setInt("RIGHT_MARGIN", 0);
+    EXPECT_TRUE(Norvane::CppLineWrapper::leavesAsItIs(scheme, "int a;"));
+}
+
 TEST(WrapStage, WithTheMarginBelowOneEveryTextComesOutByteForByte) {
     std::mt19937 random(8);
     for (int round = 0; round < 200; ++round) {
