@@ -1,5 +1,6 @@
 #include "cli/Cli_Options.h"
 
+#include "addin/Addin_Extensions.h"
 #include "cli/Cli_NearestName.h"
 #include "cli/Cli_SwitchTable.h"
 
@@ -29,6 +30,32 @@ std::vector<std::string> choicesOf(const Switch& row) {
 }
 
 std::string dashed(std::string_view name) { return "--" + std::string(name); }
+
+const Switch* findSwitch(std::string_view name) {
+    for (const Switch& row : switchTable()) {
+        if (row.name == name) return &row;
+    }
+    return nullptr;
+}
+
+/// Refuses "--in-place=no", which would write all the same, and "--scheme=" in front of a file, which
+/// would take the file for the scheme.
+void refuseMisplacedValue(std::string_view word) {
+    const std::size_t equals = word.find('=');
+    if (!word.starts_with("--") || equals == std::string_view::npos) return;
+    const Switch* row = findSwitch(word.substr(2, equals - 2));
+    if (row == nullptr) return;
+    const std::string name = dashed(row->name);
+    const std::string value(word.substr(equals + 1));
+    if (!row->takesArgument()) {
+        throw CLI::ValidationError(name + " takes no value: leave \"=" + value + "\" out");
+    }
+    if (value.empty()) {
+        const std::string remedy = row->argumentIsOptional() ? "put a value there or leave the \"=\" out"
+                                                             : "put " + std::string(row->argument) + " there";
+        throw CLI::ValidationError(name + "= has nothing behind it: " + remedy);
+    }
+}
 
 /// The program's own view of its command line, filled by the parser of the library.
 class CommandLine {
@@ -85,6 +112,7 @@ void CommandLine::add(const Switch& row) {
 }
 
 Options CommandLine::parse(int argc, const char* const* argv) {
+    for (int i = 1; i < argc && std::string_view(argv[i]) != "--"; ++i) refuseMisplacedValue(argv[i]);
     app_.parse(argc, argv);
     refuseUnknown();
     Options options;
@@ -155,6 +183,10 @@ unsigned CommandLine::jobs() const {
 
 BackupChoice CommandLine::backup() const {
     const std::string extension = last("backup", "");
+    if (!Addin::isValidExtension(extension)) {
+        throw CLI::ValidationError("--backup takes an extension, which cannot hold any of <>:\\/|?, not \"" +
+                                   extension + '"');
+    }
     return {has("backup"), extension == kNoArgument ? std::string() : extension};
 }
 
@@ -204,6 +236,12 @@ void CommandLine::refuseContradictions(const Options& options) const {
     }
 }
 
+ExitStatus tellWrongUsage(std::string text, std::ostream& err) {
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    err << "kerfline: error: " << text << " (kerfline --help shows the switches)\n";
+    return ExitStatus::badUsageOrScheme;
+}
+
 } // namespace
 
 std::optional<Options> parseCommandLine(int argc, const char* const* argv, std::ostream& out,
@@ -217,11 +255,11 @@ std::optional<Options> parseCommandLine(int argc, const char* const* argv, std::
     } catch (const CLI::CallForVersion& version) {
         out << version.what() << '\n';
         status = ExitStatus::done;
+    } catch (const CLI::ArgumentMismatch& error) {
+        const std::string text = error.what();
+        status = tellWrongUsage(text.substr(0, text.find(':')) + " needs a value behind it", err);
     } catch (const CLI::ParseError& error) {
-        std::string text = error.what();
-        std::replace(text.begin(), text.end(), '\n', ' ');
-        err << "kerfline: error: " << text << " (kerfline --help shows the switches)\n";
-        status = ExitStatus::badUsageOrScheme;
+        status = tellWrongUsage(error.what(), err);
     }
     return std::nullopt;
 }

@@ -33,8 +33,18 @@ std::optional<SchemeSource> SchemeFinder::find(const std::optional<std::string>&
                                                const std::string& folder) {
     if (!wanted) return findUnnamed(folder);
     if (*wanted == kNone) return SchemeSource{Kind::empty, kNone};
-    if (isPath(*wanted)) return SchemeSource{Kind::file, {}, *wanted};
+    if (isPath(*wanted)) return findFile(*wanted);
     return findByName(*wanted, folder);
+}
+
+std::optional<SchemeSource> SchemeFinder::findFile(const std::string& path) {
+    const auto status = files_.status(path);
+    if (!status || status->kind != NorvaneUI::FileKind::missing) return SchemeSource{Kind::file, {}, path};
+    // Who names a file that is not there may mean the scheme of that name.
+    const std::string name = path.substr(0, path.rfind(".kls"));
+    report_.addGeneral("error", "there is no scheme file \"" + path + '"' + hintFor(name));
+    report_.raise(ExitStatus::badUsageOrScheme);
+    return std::nullopt;
 }
 
 std::optional<SchemeSource> SchemeFinder::findByName(const std::string& name, const std::string& folder) {
@@ -132,10 +142,13 @@ std::vector<std::string_view> SchemeFinder::knownNames() {
     return known;
 }
 
+std::string SchemeFinder::hintFor(const std::string& name) {
+    const std::string hint = nearestNameHint(name, knownNames());
+    return hint.empty() ? "; \"kerfline schemes\" lists the schemes there are" : hint;
+}
+
 void SchemeFinder::reportUnknown(const std::string& name) {
-    std::string hint = nearestNameHint(name, knownNames());
-    if (hint.empty()) hint = "; \"kerfline schemes\" lists those there are, and a file is ./" + name;
-    report_.addGeneral("error", "there is no scheme \"" + name + '"' + hint);
+    report_.addGeneral("error", "there is no scheme \"" + name + '"' + hintFor(name));
     report_.raise(ExitStatus::badUsageOrScheme);
 }
 

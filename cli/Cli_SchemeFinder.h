@@ -56,12 +56,14 @@ public:
     std::vector<std::string_view> knownNames();
 
 private:
+    std::optional<SchemeSource> findFile(const std::string& path);
     std::optional<SchemeSource> findByName(const std::string& name, const std::string& folder);
     std::optional<SchemeSource> findOutsideProjects(const std::string& name);
     SchemeSource findUnnamed(const std::string& folder);
     /// The nearest project file at or above the folder, or an empty text.
     const std::string& projectFileAt(const std::string& folder);
     const std::string& nameInside(const std::string& path);
+    std::string hintFor(const std::string& name);
     void reportUnknown(const std::string& name);
     void warnOnce(const std::string& text);
 

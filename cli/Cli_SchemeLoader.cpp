@@ -68,7 +68,7 @@ private:
     void set(const std::string& text) {
         const std::size_t equals = text.find('=');
         const std::string name = text.substr(0, equals);
-        if (equals == std::string::npos) {
+        if (equals == std::string::npos || equals == 0) {
             fail("--set " + text, "the form is NAME=VALUE");
             return;
         }

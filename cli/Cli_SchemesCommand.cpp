@@ -48,6 +48,7 @@ private:
     std::string textOf(const SchemeSource& source) const;
     std::optional<std::string> findText(const std::string& name);
     void store(PropertySetStore& schemes, const Norvane::PropertySet& scheme);
+    void warnLineByLine(std::string_view text);
     bool hasFolder();
     void fail(std::string_view text, ExitStatus status = ExitStatus::badUsageOrScheme) {
         report_.addGeneral("error", text);
@@ -164,7 +165,7 @@ void SchemesCommand::convert() {
         const std::string message = NorvaneUI::convertSchemes(schemes);
         for (const std::string& name : old) streams_.out << name << ": converted\n";
         if (!message.empty()) {
-            report_.addGeneral("warning", message);
+            warnLineByLine(message);
         } else if (old.empty()) {
             streams_.out << "There is nothing to convert.\n";
         }
@@ -174,6 +175,16 @@ void SchemesCommand::convert() {
         fail(NorvaneUI::filled(Addin::Texts::kSchemeUnwritable, {error.path(), userFolder_}),
              ExitStatus::fileFailed);
     }
+}
+
+/// The message was made for a window, and is cut where it starts a line there.
+void SchemesCommand::warnLineByLine(std::string_view text) {
+    constexpr std::string_view lineEnd = "\r\n";
+    for (std::size_t end = text.find(lineEnd); end != std::string_view::npos; end = text.find(lineEnd)) {
+        report_.addGeneral("warning", text.substr(0, end));
+        text.remove_prefix(end + lineEnd.size());
+    }
+    report_.addGeneral("warning", text);
 }
 
 bool SchemesCommand::hasFolder() {

@@ -125,9 +125,14 @@ private:
     }
     std::string faultOfScheme(const std::string& name) {
         SchemeFinder finder(disk_, Addin::userSchemeFolder(), {}, report_);
-        const std::vector<std::string_view> names = finder.knownNames();
-        if (name != "none" && std::find(names.begin(), names.end(), name) != names.end()) return {};
-        return "takes the name of a scheme; there is no \"" + name + '"' + nearestNameHint(name, names);
+        std::vector<std::string_view> names = finder.knownNames();
+        // What stands for no scheme on the command line is an empty value here.
+        std::erase(names, "none");
+        if (std::find(names.begin(), names.end(), name) != names.end()) return {};
+        if (name == "none") return "takes the name of a scheme; for no scheme, set it to \"\"";
+        const std::string hint = nearestNameHint(name, names);
+        return "takes the name of a scheme; there is no \"" + name + '"' +
+               (hint.empty() ? "; \"kerfline schemes\" lists those there are" : hint);
     }
     void failUnknown(const std::string& name) {
         std::vector<std::string_view> names;

@@ -24,23 +24,29 @@ struct Question {
     std::vector<std::string> files;
 };
 
-/// Nothing if the arguments are wrong.
-std::optional<Question> readArguments(const std::vector<std::string>& arguments) {
+constexpr const char* kForm = "kerfline which [--scheme NAME] FILE...";
+
+/// Nothing if the arguments are wrong, and then `fault` says why.
+std::optional<Question> readArguments(const std::vector<std::string>& arguments, std::string& fault) {
     constexpr std::string_view assigned = "--scheme=";
     Question question;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string& word = arguments[i];
         if (word.starts_with(assigned)) {
             question.scheme = word.substr(assigned.size());
-        } else if (word == "--scheme" && i + 1 < arguments.size()) {
-            question.scheme = arguments[++i];
+        } else if (word == "--scheme") {
+            question.scheme = i + 1 < arguments.size() ? arguments[++i] : std::string();
         } else if (word.starts_with('-')) {
+            fault = "\"which\" has no switch \"" + word + "\": " + kForm;
             return std::nullopt;
         } else {
             question.files.push_back(word);
         }
     }
-    if (question.files.empty()) return std::nullopt;
+    const bool lacksScheme = question.scheme && question.scheme->empty();
+    if (lacksScheme) fault = std::string("--scheme needs a name or a file behind it: ") + kForm;
+    else if (question.files.empty()) fault = std::string("\"which\" takes the names of files: ") + kForm;
+    if (!fault.empty()) return std::nullopt;
     return question;
 }
 
@@ -72,11 +78,9 @@ std::string described(const SchemeSource& source) {
 } // namespace
 
 ExitStatus runWhichCommand(const std::vector<std::string>& arguments, const Streams& streams) {
-    const auto question = readArguments(arguments);
-    if (!question) {
-        return failUsage("\"which\" takes the names of files: kerfline which [--scheme NAME] FILE...",
-                         streams);
-    }
+    std::string fault;
+    const auto question = readArguments(arguments, fault);
+    if (!question) return failUsage(fault, streams);
     Report report;
     NorvaneUI::DiskFileSystem disk;
     TerminalHost host(streams, report, Verbosity::normal, false);

@@ -51,11 +51,16 @@ const WrongCommand kWrong[] = {
     {{"settings", "get", "OnFromat"}, "\"OnFormat\""},
     {{"settings", "set", "OnFormat"}, "settings set NAME VALUE"},
     {{"settings", "set", "OnFormat", "gnuu"}, "\"gnu\""},
+    {{"settings", "set", "OnFormat", "none"}, "set it to \"\""},
+    {{"settings", "set", "OnFormat", "zzzzzzzzzz"}, "\"kerfline schemes\" lists"},
     {{"settings", "set", "CreateBackups", "yes"}, "0 or 1"},
     {{"settings", "set", "MessagesThreshold", "4"}, "0 to 3"},
     {{"settings", "set", "BackupExtension", "a/b"}, "file extensions"},
     {{"which"}, "which [--scheme NAME] FILE"},
     {{"which", "--scheme", "gnuu", "a.c"}, "\"gnu\""},
+    {{"which", "--schem", "gnu", "a.c"}, "no switch \"--schem\""},
+    {{"which", "--scheme=", "a.c"}, "needs a name or a file"},
+    {{"which", "a.c", "--scheme"}, "needs a name or a file"},
 };
 
 TEST_F(Commands, TellInOneLineWhatIsWrong) {
@@ -113,6 +118,21 @@ TEST_F(Commands, ConvertOldSchemes) {
               std::string::npos)
         << err;
     EXPECT_EQ(folder.read("config/kerfline/schemes/old.kls"), old);
+}
+
+TEST_F(Commands, NameSeveralOldSchemesThatAreReadOnlyALineEach) {
+    std::filesystem::create_directories(folder / "config/kerfline/schemes");
+    for (const std::string name : {"A", "B"}) {
+        const std::string old = "Norvane::PropertySet\n1\n\"" + name + "\"\n";
+        ::chmod(folder.write("config/kerfline/schemes/" + name + ".kls", old).c_str(), 0444);
+    }
+    EXPECT_EQ(run({"schemes", "convert"}), ExitStatus::done);
+    const std::string warning = "kerfline: warning: ";
+    EXPECT_EQ(err, warning + "The following schemes were created using a previous version of Kerfline:\n" +
+                       warning + "A\n" + warning + "B\n" + warning +
+                       "The files are read-only and so cannot be converted. Please ensure that the scheme files "
+                       "listed are read-write and run Kerfline again. Once the schemes have been converted, the "
+                       "files can be set read-only again.\n");
 }
 
 TEST_F(Commands, ChangeSettingsAndKeepTheRestOfTheFile) {

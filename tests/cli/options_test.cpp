@@ -76,7 +76,14 @@ const WrongUsage kWrong[] = {
     {"InPlaceOnDash", {"-i", "a.c", "-"}, "standard input"},
     {"DumpInPlace", {"-i", "--dump=tree", "a.c"}, "--dump"},
     {"UnknownDump", {"--dump=trees"}, "trees"},
-    {"MissingValue", {"--set"}, "--set"},
+    {"MissingValue", {"--set"}, "--set needs a value"},
+    {"MissingShortValue", {"a.c", "-j"}, "--jobs needs a value"},
+    // Taken for a plain switch it would write the file.
+    {"ValueOfAFlag", {"--in-place=false", "a.c"}, "--in-place takes no value"},
+    // A script whose variable is empty must not lose the file to the switch.
+    {"EmptyValue", {"--scheme=", "a.c"}, "--scheme= has nothing behind it: put NAME|FILE there"},
+    {"EmptyOptionalValue", {"-i", "--backup=", "a.c"}, "leave the \"=\" out"},
+    {"BackupInAnotherFolder", {"-i", "--backup=a/b", "a.c"}, "\"a/b\""},
     {"MisspeltSwitch", {"--in-plac=1"}, "\"--in-place\""},
     {"InPlaceAndDiff", {"-i", "--diff", "a.c"}, "exclude each other"},
     {"QuietAndVerbose", {"-q", "-v"}, "exclude each other"},
@@ -102,9 +109,9 @@ INSTANTIATE_TEST_SUITE_P(CommandLine, Usage, testing::ValuesIn(kWrong),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(CommandLine, TakesEverythingBehindTwoDashesForAFile) {
-    const Parsed parsed = parse({"--check", "--", "-x.c", "--diff"});
+    const Parsed parsed = parse({"--check", "--", "-x.c", "--diff", "--yes=1"});
     ASSERT_TRUE(parsed.options) << parsed.err;
-    EXPECT_EQ(parsed.options->files, (std::vector<std::string>{"-x.c", "--diff"}));
+    EXPECT_EQ(parsed.options->files, (std::vector<std::string>{"-x.c", "--diff", "--yes=1"}));
     EXPECT_EQ(parsed.options->destination, Cli::Destination::checkOnly);
 }
 

@@ -79,8 +79,19 @@ TEST_F(Finder, LooksInProjectThenUserThenProgram) {
 }
 
 TEST_F(Finder, TakesAPathForAPath) {
-    EXPECT_EQ(find("../x", "other")->kind, Kind::file);
-    EXPECT_EQ(find("mine.kls", "other")->path, "mine.kls");
+    const std::string path = folder / "own/mine.kls";
+    EXPECT_EQ(find(path, "other")->kind, Kind::file);
+    EXPECT_EQ(find(path, "other")->path, path);
+    EXPECT_EQ(find("/dev/null", "other")->kind, Kind::file);
+}
+
+TEST_F(Finder, NamesTheSchemeThatAMissingFileMayStandFor) {
+    EXPECT_FALSE(find("mine.kls", "other"));
+    EXPECT_EQ(report.status(), Cli::ExitStatus::badUsageOrScheme);
+    EXPECT_EQ(messages(), "kerfline: error: there is no scheme file \"mine.kls\"; did you mean \"Mine\"?\n");
+    EXPECT_FALSE(find("../zzzzzzzzzz", "other"));
+    EXPECT_EQ(messages(), "kerfline: error: there is no scheme file \"../zzzzzzzzzz\"; \"kerfline schemes\" "
+                          "lists the schemes there are\n");
 }
 
 TEST_F(Finder, NamesTheNearestOfAWrongName) {

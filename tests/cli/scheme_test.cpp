@@ -119,7 +119,9 @@ TEST(SchemeLoader, TellsWhyAFileCannotBeRead) {
     const TempFolder folder;
     const Loaded missing = load(folder / "no.kls");
     EXPECT_EQ(missing.status, ExitStatus::badUsageOrScheme);
-    EXPECT_EQ(missing.messages, folder / "no.kls" + ":1:1: error: No such file or directory\n");
+    EXPECT_EQ(missing.messages.rfind("kerfline: error: there is no scheme file \"" + folder / "no.kls" + '"', 0),
+              0u)
+        << missing.messages;
     EXPECT_EQ(load(folder / "").messages, folder / "" + ":1:1: error: Is a directory\n");
 }
 
@@ -182,7 +184,7 @@ const std::pair<Cli::SchemeEdit, const char*> kWrongEdits[] = {
     {set("LEFT_MARGIN=x"), "--set LEFT_MARGIN:1:"},
     {set("LINE_WRAP=yes"), "--set LINE_WRAP:1:"},
     {set("TAB_SIZE="), "--set TAB_SIZE:1:"},
-    {set("=4"), "--set :1:1: error: unknown option \"\""},
+    {set("=4"), "--set =4:1:1: error: the form is NAME=VALUE\n"},
     {set("TAB SIZE=4"), "--set TAB SIZE:1:1: error: unknown option"},
     {unset("TAB_SIZ"), "--unset TAB_SIZ:1:1: error: unknown option \"TAB_SIZ\"; did you mean \"TAB_SIZE\"?\n"},
 };
