@@ -66,6 +66,13 @@ TEST_F(PreviewPaneTest, CanBeHidden) {
 
 namespace {
 
+/// Programs that check themselves take their time.
+#ifdef __SANITIZE_ADDRESS__
+constexpr double kSlowness = 4;
+#else
+constexpr double kSlowness = 1;
+#endif
+
 /// Of this thread alone, so that a busy machine does not count.
 double processorMilliseconds() {
     timespec now{};
@@ -110,13 +117,13 @@ TEST_F(PreviewPaneTest, LongFileHoldsUpNoKey) {
     RecordProperty("longestTurnInMicroseconds", static_cast<int>(longest * 1000));
     std::printf("longest turn of the event loop: %.1f ms\n", longest);
     // A tenth of a second is what a person begins to feel.
-    EXPECT_LT(longest, 100);
+    EXPECT_LT(longest, 100 * kSlowness);
 }
 
 TEST_F(PreviewPaneTest, WindowOpensAtOnce) {
     const double time = cost([&] { open(); });
     std::printf("opened in %.0f ms\n", time);
-    EXPECT_LT(time, 1000);
+    EXPECT_LT(time, 1000 * kSlowness);
 }
 
 namespace {
@@ -129,18 +136,17 @@ std::string manyLines(std::size_t count) {
 
 } // namespace
 
-TEST(PreviewRunner, LeavesTheEventLoopFree) {
-    std::atomic<std::uint64_t> newest = 1;
+TEST(PreviewRunner, LeavesTheWorkToAnotherThread) {
+    const std::atomic<std::uint64_t> newest = 1;
+    const NorvaneUI::PreviewJob job{1, {}, manyLines(60000)};
+    const double alone = cost([&] { NorvaneUI::runPreview(job); });
     bool done = false;
-    NorvaneQt::PreviewRunner runner(newest, [&](const NorvaneUI::PreviewResult&) { done = true; });
-    // Long enough that the loop turns many times meanwhile, wherever the work is done.
-    runner.start({1, {}, manyLines(60000)});
-    int turns = 0;
-    QTimer clock;
-    QObject::connect(&clock, &QTimer::timeout, &clock, [&] { turns += done ? 0 : 1; });
-    clock.start(1);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return done; }, 60000));
-    EXPECT_GT(turns, 60);
+    NorvaneQt::PreviewRunner runner(newest, [&](const NorvaneUI::PreviewResult& result) { done = result.formatted; });
+    const double here = cost([&] {
+        runner.start(job);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return done; }, 60000));
+    });
+    EXPECT_LT(here, alone / 2);
 }
 
 TEST(PreviewRunner, RunsOnlyTheNewestOfABurst) {
