@@ -1,4 +1,5 @@
 #include "addin/Addin_DocumentFormatter.h"
+#include "schemes/Zelmar_Trace.h"
 #include "tests/addin/Fixture.h"
 
 #include <stdexcept>
@@ -254,6 +255,12 @@ TEST_F(FormatDocument, CancelLeavesTheText) {
         EXPECT_EQ(textOf(document), kSource);
     }
     EXPECT_TRUE(host.logged("3").empty());
+}
+
+TEST_F(FormatDocument, SwitchesTheTraceOff) {
+    Zelmar::Trace::switchOn();
+    run(host.open("/a.cpp", kSource));
+    EXPECT_FALSE(Zelmar::Trace::isOn());
 }
 
 } // namespace

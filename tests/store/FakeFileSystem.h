@@ -96,6 +96,8 @@ public:
         if (!seen.isUnchanged(file.status)) return Failure{FailureKind::changed};
         if (!file.status.writable) return Failure{FailureKind::denied};
         put(path, bytes);
+        // The disk has a new file under the old name.
+        file.status.inode = static_cast<std::uint64_t>(++clock_);
         changes.push_back("replace " + path);
         return std::nullopt;
     }

@@ -317,6 +317,17 @@ TEST_F(Store, ErasedNameGetsItsFileBack) {
     EXPECT_EQ(disk.paths().size(), 1u);
 }
 
+TEST_F(Store, RemovesOnlyWhatAReadWouldFind) {
+    for (const char* name : {"my", "my/"}) store.insert(scheme(name, 3));
+    store.insert(scheme("my", 3));
+    store.write();
+    ASSERT_TRUE(disk.has("/s/my.kl1"));
+    for (const char* name : {"my", "my/"}) store.erase(name);
+    store.write();
+    EXPECT_TRUE(disk.has("/s/my.kl1"));
+    EXPECT_FALSE(disk.has("/s/my_.kls"));
+}
+
 TEST_F(Store, IteratesInNameOrder) {
     store.insert(scheme("b", 1));
     store.insert(scheme("a", 1));
