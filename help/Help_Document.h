@@ -39,7 +39,13 @@ struct Terms {
     std::vector<std::pair<std::string, std::string>> rows;
 };
 
-using Block = std::variant<Heading, Paragraph, CodeBlock, Bullets, Terms, Comparison>;
+/// A picture that stands beside the page. `words` say what it shows, where it cannot be seen.
+struct Picture {
+    std::string file;
+    std::string words;
+};
+
+using Block = std::variant<Heading, Paragraph, CodeBlock, Bullets, Terms, Comparison, Picture>;
 
 struct Document {
     std::string title;

@@ -113,6 +113,10 @@ public:
         html_ += "</div>\n</figure>\n";
     }
 
+    void operator()(const Picture& picture) {
+        html_ += "<p><img src=\"" + escaped(picture.file) + "\" alt=\"" + escaped(picture.words) + "\"></p>\n";
+    }
+
 private:
     static std::string side(std::string_view heading, const std::string& code) {
         return "<div>" + element("h4", heading) + element("pre", code) + "</div>\n";

@@ -84,6 +84,17 @@ void appendSettings(Document& document) {
     }});
 }
 
+void appendWindow(Document& document) {
+    heading(document, "The options window", "window");
+    paragraph(document,
+              "`kerfline options --edit` opens every option of a scheme in a window, page by page, with a "
+              "preview that follows each key. A tick in front of an option says that the scheme decides; "
+              "without it the code stays as it is. Built-in schemes can be tried out like others; what you "
+              "change is saved as a new scheme.");
+    document.blocks.push_back(
+        Picture{"options-light.png", "A page of options beside a preview with the changed lines marked"});
+}
+
 void appendPages(Document& document) {
     heading(document, "The options, page by page", "pages");
     Terms pages;
@@ -141,6 +152,7 @@ Document overviewDocument() {
     appendPromise(document);
     appendPages(document);
     appendCommands(document);
+    appendWindow(document);
     appendSchemes(document);
     appendValues(document);
     appendMarkers(document);

@@ -96,6 +96,8 @@ public:
         text_ += indented(linesOf(code.text), kCodeIndent);
     }
 
+    void operator()(const Picture&) {}
+
     void operator()(const Bullets& bullets) {
         startBlock();
         for (const std::string& item : bullets.items) {

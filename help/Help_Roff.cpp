@@ -70,6 +70,8 @@ public:
         roff_ += ".RS 4\n.EX\n" + verbatim(code.text) + ".EE\n.RE\n";
     }
 
+    void operator()(const Picture&) {}
+
     void operator()(const Bullets& bullets) {
         for (const std::string& item : bullets.items) roff_ += ".IP \\(bu 3\n" + inlineRoff(item) + '\n';
         afterHeading_ = false;

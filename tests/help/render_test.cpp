@@ -54,6 +54,12 @@ TEST(Html, MarksTheWhiteSpaceThatChanged) {
     EXPECT_NE(html.find("f()<mark class=\"line\"></mark>\n{<mark> </mark>a&lt;b\n}"), std::string::npos) << html;
 }
 
+TEST(Html, ShowsAPictureWithWordsForThoseWhoCannotSeeIt) {
+    const Help::Picture picture{"a.png", "b \"c\""};
+    EXPECT_NE(page(picture).find("<p><img src=\"a.png\" alt=\"b &quot;c&quot;\"></p>"), std::string::npos);
+    EXPECT_EQ(Help::plainText({"T", {picture}}).find("a.png"), std::string::npos);
+}
+
 TEST(Html, LeadsFromTheNameOfAnOptionToItsPlace) {
     EXPECT_NE(page(Help::Paragraph{"`TAB_SIZE`"}).find("<a href=\"Globals.htm#TAB_SIZE\">"), std::string::npos);
 }

@@ -6,6 +6,7 @@
 
 #include <QUrl>
 
+#include <variant>
 #include <vector>
 
 namespace NorvaneQt {
@@ -16,10 +17,17 @@ namespace {
 /// window hold.
 constexpr const char* kStyle = "h1 { font-size: x-large; } h2 { font-size: large; } nav { font-size: small; }";
 
+/// Pictures show this program, to those who do not have it in front of them.
+Help::Document withoutPictures(Help::Document document) {
+    std::erase_if(document.blocks,
+                  [](const Help::Block& block) { return std::holds_alternative<Help::Picture>(block); });
+    return document;
+}
+
 QString pageOf(const Help::Topic& topic) {
     std::vector<Help::PageLink> links;
     for (const Help::Topic& other : Help::topicTable()) links.push_back({other.file, other.title});
-    return toQt(Help::htmlPage(Help::topicDocument(topic), topic.file, links));
+    return toQt(Help::htmlPage(withoutPictures(Help::topicDocument(topic)), topic.file, links));
 }
 
 } // namespace
