@@ -60,6 +60,10 @@ std::string unquoted(std::string_view text) {
 } // namespace
 
 SettingsText::SettingsText(std::string_view text) {
+    // Some editors put it there, and the head of the section behind it would not be known.
+    constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
+    if (text.starts_with(byteOrderMark)) start_ = byteOrderMark;
+    text.remove_prefix(start_.size());
     while (!text.empty()) {
         const std::size_t end = std::min(text.find('\n'), text.size());
         lines_.emplace_back(text.substr(0, end));
@@ -68,7 +72,7 @@ SettingsText::SettingsText(std::string_view text) {
 }
 
 std::string SettingsText::text() const {
-    std::string result;
+    std::string result(start_);
     for (const std::string& line : lines_) result.append(line).append("\n");
     return result;
 }

@@ -36,6 +36,8 @@ private:
     std::size_t lineOf(std::string_view name) const;
     std::size_t endOfSection();
 
+    /// A byte order mark, or nothing.
+    std::string_view start_;
     /// Without their line feeds; a line that ends in a carriage return keeps it.
     std::vector<std::string> lines_;
 };

@@ -45,6 +45,13 @@ TEST(SettingsText, MakesItsSection) {
     EXPECT_EQ(other.text(), "[Other]\nA=1\n\n[Options]\nA=2\n");
 }
 
+TEST(SettingsText, KnowsItsSectionBehindAByteOrderMark) {
+    SettingsText text("\xef\xbb\xbf[Options]\nA=1\n");
+    EXPECT_EQ(text.value("A"), "1");
+    text.setValue("A", "2");
+    EXPECT_EQ(text.text(), "\xef\xbb\xbf[Options]\nA=2\n");
+}
+
 TEST(SettingsText, ReadsBackEveryValue) {
     const std::string values[] = {"",        "plain words", " blank",    "blank ",      "\"quoted\"", "a#b", ";",
                                   "a\\nb",   "line\nfeed",  "\t\v\r\n",  "[Options]",   "a=b",        "\\",  "\"",
