@@ -6,6 +6,7 @@
 #include "cli/Cli_OptionGuide.h"
 #include "cli/Cli_Options.h"
 #include "cli/Cli_Program.h"
+#include "cli/Cli_Report.h"
 #include "cli/Cli_SchemesCommand.h"
 #include "cli/Cli_SettingsCommand.h"
 #include "cli/Cli_WhichCommand.h"
@@ -28,13 +29,22 @@ constexpr Command kCommands[] = {
     {"completion", "bash|zsh|fish", "Write the script that completes words in a shell", runCompletionCommand},
 };
 
+/// A list that was cut short by a full disk must not pass for the whole one.
+ExitStatus withOutputChecked(ExitStatus status, const Streams& streams) {
+    Report report;
+    report.raise(status);
+    report.checkOutput(streams.out);
+    report.flush(streams.err);
+    return report.status();
+}
+
 ExitStatus layOutFiles(const std::vector<std::string>& arguments, const Streams& streams) {
     std::vector<const char*> words = {"kerfline"};
     for (const std::string& argument : arguments) words.push_back(argument.c_str());
     ExitStatus status = ExitStatus::done;
     const auto options =
         parseCommandLine(static_cast<int>(words.size()), words.data(), streams.out, streams.err, status);
-    return options ? runProgram(*options, streams) : status;
+    return options ? runProgram(*options, streams) : withOutputChecked(status, streams);
 }
 
 /// A word that is neither a command nor a file, but nearly a command.
@@ -65,7 +75,9 @@ ExitStatus failUsage(std::string_view text, const Streams& streams) {
 ExitStatus runCommandLine(const std::vector<std::string>& arguments, const Streams& streams) {
     try {
         const Command* command = arguments.empty() ? nullptr : findCommand(arguments.front());
-        if (command != nullptr) return command->run({arguments.begin() + 1, arguments.end()}, streams);
+        if (command != nullptr) {
+            return withOutputChecked(command->run({arguments.begin() + 1, arguments.end()}, streams), streams);
+        }
         const std::string_view meant =
             arguments.empty() ? std::string_view() : commandMeantBy(arguments.front());
         if (!meant.empty()) {

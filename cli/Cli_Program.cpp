@@ -12,7 +12,6 @@
 #include "schemes/NorvaneUI_Text.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <new>
@@ -83,7 +82,7 @@ void Program::showScheme(SchemeShelf& shelf) {
     const std::string full = absolutePath(path.empty() ? "." : path);
     const Norvane::PropertySet* scheme = shelf.schemeIn(isFolder ? full : folderOf(full));
     if (scheme != nullptr) scheme->write(streams_.out);
-    finishOutput();
+    report_.checkOutput(streams_.out);
 }
 
 bool Program::chooseSchemes(std::vector<WorkItem>& items, SchemeShelf& shelf) {
@@ -141,7 +140,7 @@ void Program::layOut(const std::vector<WorkItem>& items, bool isBatch) {
             },
             [] { return InterruptGuard::signal() != 0; });
     }
-    finishOutput();
+    report_.checkOutput(streams_.out);
     if (InterruptGuard::signal() != 0) tellWhatIsLeft(items, done);
     if (options_.verbosity == Verbosity::verbose || (isBatch && isAtTerminal)) {
         report_.addGeneral("note", tally_.text(options_.destination));
@@ -181,19 +180,12 @@ void Program::tellWhatIsLeft(const std::vector<WorkItem>& items, std::size_t don
     report_.addGeneral("warning", text + (isLong ? ", ..." : ""));
 }
 
-void Program::finishOutput() {
-    errno = 0;
-    streams_.out.flush();
-    if (streams_.out) return;
-    const std::string reason = errno != 0 ? std::generic_category().message(errno) : "cannot be written";
-    report_.error({"<stdout>"}, reason, ExitStatus::fileFailed);
-}
-
 ExitStatus runProgram(const Options& options, const Streams& streams) {
     Report report({options.messageFormat, wantsColor(options.color, streams.terminals.err)});
     try {
         if (options.dump == Dump::options) {
             listSchemeOptions(streams.out);
+            report.checkOutput(streams.out);
         } else {
             Program(options, streams, report).run();
         }

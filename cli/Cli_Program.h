@@ -43,7 +43,6 @@ private:
     void showMessages(Report& report);
     void tellWhatIsLeft(const std::vector<WorkItem>& items, std::size_t done);
     void copyRest(const WorkItem& item, std::size_t copied);
-    void finishOutput();
 
     const Options& options_;
     const Streams& streams_;

@@ -2,7 +2,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cerrno>
 #include <iterator>
+#include <system_error>
 
 namespace Cli {
 
@@ -90,6 +92,14 @@ void Report::add(const Place& place, std::string_view severity, std::string_view
 
 void Report::addGeneral(std::string_view severity, std::string_view text) {
     lines_.push_back(programLine(severity, text, style_));
+}
+
+void Report::checkOutput(std::ostream& out) {
+    errno = 0;
+    out.flush();
+    if (out) return;
+    const std::string reason = errno != 0 ? std::generic_category().message(errno) : "cannot be written";
+    error({"<stdout>"}, reason, ExitStatus::fileFailed);
 }
 
 void Report::raise(ExitStatus status) {

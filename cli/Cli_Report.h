@@ -45,6 +45,8 @@ public:
     void add(const Place& place, std::string_view severity, std::string_view text);
     /// About no file.
     void addGeneral(std::string_view severity, std::string_view text);
+    /// Hands over what `out` still holds back, and reports it if any of the output has been lost.
+    void checkOutput(std::ostream& out);
     /// The status never goes down.
     void raise(ExitStatus status);
     /// Takes all messages of `other`, and its status.

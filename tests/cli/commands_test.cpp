@@ -155,6 +155,32 @@ TEST_F(Commands, WhichTellsOfProjectAndIgnoreFile) {
                        "; left alone by " + (folder / ".kerflineignore") + ":2\n");
 }
 
+/// A stream that takes nothing, like a full disk.
+class FullBuffer : public std::streambuf {};
+
+TEST_F(Commands, TellIfWhatTheyPrintIsLost) {
+    const std::vector<std::string> commands[] = {{"which", "a.c"},     {"schemes"},  {"schemes", "show", "gnu"},
+                                                 {"settings"},         {"options"},  {"help", "Classes"},
+                                                 {"completion", "zsh"}, {"--help"},   {"--dump=options"}};
+    for (const std::vector<std::string>& words : commands) {
+        SCOPED_TRACE(words.front());
+        FullBuffer full;
+        std::ostream lost(&full);
+        std::istringstream in;
+        std::ostringstream told;
+        EXPECT_EQ(Cli::runCommandLine(words, {in, lost, told}), ExitStatus::fileFailed);
+        EXPECT_EQ(told.str().rfind("<stdout>:1:1: error: ", 0), 0u) << told.str();
+        EXPECT_EQ(told.str().find('\n'), told.str().size() - 1) << told.str();
+    }
+}
+
+TEST_F(Commands, TellOfErrorsWhateverEditorsAreToShow) {
+    std::filesystem::create_directories(folder / "config/kerfline");
+    folder.write("config/kerfline/settings", "[Options]\nMessagesThreshold=0\n");
+    EXPECT_EQ(run({"--check", folder.write("a.c", "void f( {\n")}), ExitStatus::refused);
+    EXPECT_NE(err, "");
+}
+
 TEST_F(Commands, ShowHelpAndVersionOfThePlainProgram) {
     EXPECT_EQ(run({"--help"}), ExitStatus::done);
     for (const Cli::Command& command : Cli::commandTable()) {

@@ -84,6 +84,16 @@ TEST(Program, ChecksWithoutWriting) {
     EXPECT_EQ(run({tidy}, to(Cli::Destination::checkOnly)).status, ExitStatus::done);
 }
 
+TEST(Program, OnlyLooksAtAFileThatIsReadOnly) {
+    const TempFolder folder;
+    const std::string file = folder.write("a.c", kUntidy);
+    std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+    EXPECT_EQ(run({file}).out, kTidy);
+    EXPECT_EQ(run({file}, to(Cli::Destination::checkOnly)).status, ExitStatus::wouldChange);
+    EXPECT_EQ(run({file}, to(Cli::Destination::sameFile)).status, ExitStatus::fileFailed);
+    EXPECT_EQ(folder.read("a.c"), kUntidy);
+}
+
 TEST(Program, PassesARefusedSourceThrough) {
     const Ran result = run({"-"}, {}, kBroken);
     EXPECT_EQ(result.status, ExitStatus::refused);
