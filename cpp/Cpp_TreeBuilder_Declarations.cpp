@@ -293,8 +293,8 @@ bool TreeBuilder::opensDeclarator(Index paren, Index prev) const {
     const Index inner = nextSig(paren);
     const bool memberPointer = type(inner) == tkIdentifier && nextType(inner) == tkAsterisk && endsInColons(inner);
     if (memberPointer || (type(inner) == tkAsterisk && nextType(inner) != tkComma)) return true;
-    if (prev == kNone) return false;
     const int behind = nextType(t_.mate(paren));
+    if (prev == kNone) return behind == tkOpenParen; // "(f)(int)", which no macro can replace
     const bool reference = type(inner) == tkAmpersand || type(inner) == tkLogicalAnd;
     return behind == tkOpenParen || (reference && behind == tkOpenBracket) || !isNameBefore(prev);
 }

@@ -220,6 +220,9 @@ TreeBuilder::Index TreeBuilder::findFunctionName(Index first, Index paren) const
     for (Index j = t_.significantBefore(paren); j != kNone && j >= first && isNameBefore(j); j = t_.significantBefore(j)) {
         if (type(j) == tkIdentifier) return nameStart(first, j);
         j = t_.mate(j);
+        // An attribute between the name and the "(" is passed over with its word.
+        const Index word = t_.significantBefore(j);
+        if (word != kNone && word > first && takesPair(word)) j = word;
         if (j <= first) break;
     }
     return kNone;
@@ -411,6 +414,7 @@ TreeBuilder::Ptr<InitializerNode> TreeBuilder::parseMemberInit(Index& at, Index 
     Index open = first;
     while (open < brace && type(open) != tkOpenParen && type(open) != tkOpenBrace) {
         if ((type(open) == tkLess || type(open) == tkOpenBracket) && t_.mate(open) != kNone) open = t_.mate(open);
+        else if (takesPair(open)) open = skipPair(open); // "decltype(a)(...)": the first pair is a part of the name
         open = nextSig(open);
     }
     if (open >= brace || t_.mate(open) == kNone) {

@@ -325,11 +325,12 @@ void TreeBuilder::takeTryInits(CtrlSubStmtHeadNode& head) {
     at_ = brace;
 }
 
-/// The last token of a keyword that more than one word makes up: "if constexpr", "if !consteval", or
+/// The last token of a keyword that more than one word makes up: "if constexpr", "if not consteval", or
 /// a macro in place of "constexpr". As a part of the gap the second word would be glued to the first.
 TreeBuilder::Index TreeBuilder::lastOfKeyword(Index keyword) const {
     const Index second = nextSig(keyword);
-    const Index word = type(second) == tkExclamation ? nextSig(second) : second;
+    const bool negated = type(second) == tkExclamation || isWord(second, "not");
+    const Index word = negated ? nextSig(second) : second;
     if (isWord(word, "consteval")) return word;
     return type(second) == tkIdentifier && nextType(second) == tkOpenParen ? second : keyword;
 }

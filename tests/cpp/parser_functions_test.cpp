@@ -32,6 +32,11 @@ const ParseCase kHeads[] = {
      "Root{FunctionDecl{FunctionHead{Return'void' Id'f' ParameterList}} FunctionDecl{FunctionHead{Id'g' ParameterList}}}"},
     {"NameInParens", "int (isalpha)(int c) { }",
      "Root{FunctionDecl{FunctionHead{Return'int' Id'( isalpha )' ParameterList{Parameter'int c'}} Block}}"},
+    {"NothingButNameInParens", "(isalpha)(int c) { }",
+     "Root{FunctionDecl{FunctionHead{Id'( isalpha )' ParameterList{Parameter'int c'}} Block}}"},
+    {"AttributeBehindName", "Two foo __attribute__((init_priority(1005))) (5);",
+     "Root{FunctionDecl{FunctionHead{Return'Two' Id'foo __attribute__ ( ( init_priority ( 1005 ) ) )' "
+     "ParameterList{Parameter'5'}}}}"},
     {"ReturnsPointerToFunction", "void (*signal(int s))(int) { }",
      "Root{FunctionDecl{FunctionHead{Return'void' Id'( * signal ( int s ) )' ParameterList{Parameter'int'}} Block}}"},
     {"MacroBeforeParameters", "STDMETHOD(get_X)(long *p) { return p; }",
@@ -87,6 +92,9 @@ const ParseCase kInitializers[] = {
      "Initializer{Id'cb' ArgList{Arg'[ this ] { g ( ) ; }'}}} Block{Expr'h;'}}}"},
     {"TemplateBase", "C::C() : A<int, 2>(1, x) { }",
      "Root{CtorDecl{FunctionHead{Id'C::C' ParameterList} InitializerList{Initializer{Id'A < int , 2 >' ArgList{Arg'1' Arg'x'}}} "
+     "Block}}"},
+    {"DecltypeBase", "C::C() : decltype(a)(1) { }",
+     "Root{CtorDecl{FunctionHead{Id'C::C' ParameterList} InitializerList{Initializer{Id'decltype ( a )' ArgList{Arg'1'}}} "
      "Block}}"},
     {"Pack", "C::C(Ts... t) : Ts(t)... { }",
      "Root{CtorDecl{FunctionHead{Id'C::C' ParameterList{Parameter'Ts . . . t'}} InitializerList{Initializer{Id'Ts' "

@@ -35,6 +35,7 @@ const ParseCase kControl[] = {
     {"EmptyBody", "for (;;) ;", "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'for' Expr} Block}}}"},
     {"PlainWhile", "while (x);", "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'while' Expr}}}}"},
     {"IfConstexpr", "if constexpr (x) a();", "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{Expr'a;'}}}}"},
+    {"IfNotConsteval", "if not consteval { a(); }", "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if'} Block{Expr'a;'}}}}"},
     {"IfConsteval", "if !consteval { a(); }", "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if'} Block{Expr'a;'}}}}"},
     {"MacroBehindIf", "if LIKELY(x) a();", "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{Expr'a;'}}}}"},
     {"BracesInConditions", "if (any(v, [](int x) { return x; })) a(); for (T t : {1, 2}) b();",
