@@ -163,6 +163,7 @@ private:
     void writeNextRegion();
     bool isInRegion(const Position& position) const;
     void copyNode(const Cpp::SyntaxNode& node);
+    void copyAssembler(const Position& start, const Position& end);
     void noteLineEnd();
     bool isOutputLineBlank() const;
     void writeSource(std::string_view text);

@@ -102,15 +102,36 @@ void CppFormatter::writeTemplateClose(const Cpp::ParameterListNode& list) {
     writeGapEnd(gap, touches ? std::string_view(" ") : option.value, base());
 }
 
+namespace {
+
+/// Whether each line of `text` may move: none is a directive or a part of a literal.
+bool mayMoveLines(std::string_view text) {
+    Cpp::Scanner scanner(text);
+    for (Cpp::RawToken token; scanner.next(token);) {
+        const bool literal = token.type == Cpp::tkStringLiteral;
+        if (token.type == Cpp::tkDirective) return false;
+        if (literal && hasLineFeed(text.substr(token.begin, token.end - token.begin))) return false;
+    }
+    return true;
+}
+
+} // namespace
+
+// Operands in lines of their own keep their distance from the first line, as the rows of a table do:
+// no option speaks of them.
+void CppFormatter::copyAssembler(const Position& start, const Position& end) {
+    copyUpTo(start);
+    const std::string_view text = input_.peekUpTo(end);
+    if (sourceOwnsEdge() || !hasLineFeed(text) || !mayMoveLines(text)) return copyThrough(end);
+    exprFormatter_.formatMultiLineToken(start, end, input_, output_);
+}
+
 void CppFormatter::visit(Cpp::AsmNode& node) {
     Cpp::TextNode* head = node.text();
     Cpp::BlockNode* body = node.block();
     if (node.form() != Cpp::AsmNode::kBraced) {
         if (head != nullptr && body == nullptr) copyNode(*head);
-        if (body != nullptr) {
-            copyUpTo(node.start());
-            copyThrough(body->end());
-        }
+        if (body != nullptr) copyAssembler(node.start(), body->end());
         return;
     }
     Base column = base();
