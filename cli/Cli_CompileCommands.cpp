@@ -22,10 +22,12 @@ std::string textOf(const nlohmann::json& entry, const char* name) {
 
 } // namespace
 
-std::vector<std::string> filesOfCompileCommands(const std::string& path) {
+std::string compileCommandsFile(const std::string& project) {
     std::error_code ignored;
-    const bool isFolder = std::filesystem::is_directory(path, ignored);
-    const std::string file = isFolder ? joined(path, kDatabase) : path;
+    return std::filesystem::is_directory(project, ignored) ? joined(project, kDatabase) : project;
+}
+
+std::vector<std::string> filesOfCompileCommands(const std::string& file) {
     std::ifstream in = openFile(file);
     const ReadResult text = readSource(in);
     const nlohmann::json database = nlohmann::json::parse(text.bytes, nullptr, false);

@@ -13,9 +13,12 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// The files that are compiled in a project, once each, in the order of its database. `path` is the
-/// database or the folder that holds it. Throws std::system_error if it cannot be read.
-std::vector<std::string> filesOfCompileCommands(const std::string& path);
+/// The path of the database of a project: of a folder, the one that it should hold.
+std::string compileCommandsFile(const std::string& project);
+
+/// The files that are compiled in a project, once each, in the order of its database `file`. Throws
+/// std::system_error if that cannot be read.
+std::vector<std::string> filesOfCompileCommands(const std::string& file);
 
 } // namespace Cli
 

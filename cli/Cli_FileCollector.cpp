@@ -154,7 +154,8 @@ void FileCollector::addTree(const std::string& folder) {
     }
 }
 
-void FileCollector::addProject(const std::string& path) {
+void FileCollector::addProject(const std::string& project) {
+    const std::string path = compileCommandsFile(project);
     std::set<std::string> folders;
     try {
         for (const std::string& file : filesOfCompileCommands(path)) {

@@ -41,7 +41,7 @@ private:
     void addList(const std::string& path);
     void addListed(const std::string& path);
     void addTree(const std::string& folder);
-    void addProject(const std::string& path);
+    void addProject(const std::string& project);
     void addHeadersIn(const std::string& folder);
     void addFound(const std::string& path);
     void add(const std::string& path);

@@ -18,8 +18,8 @@ namespace {
 /// Marks a switch that was given without the argument it may have. No argument can be this one.
 constexpr const char* kNoArgument = "\n";
 
-std::vector<std::string> choicesOf(const Switch& row) {
-    std::vector<std::string> choices;
+std::vector<std::string_view> choicesOf(const Switch& row) {
+    std::vector<std::string_view> choices;
     std::string_view rest = row.choices;
     while (!rest.empty()) {
         const std::size_t end = std::min(rest.find('|'), rest.size());
@@ -36,6 +36,13 @@ const Switch* findSwitch(std::string_view name) {
         if (row.name == name) return &row;
     }
     return nullptr;
+}
+
+[[noreturn]] void refuseChoice(const Switch& row, const std::string& typed) {
+    const std::vector<std::string_view> choices = choicesOf(row);
+    std::string text = dashed(row.name) + " takes";
+    for (std::size_t i = 0; i < choices.size(); ++i) text.append(i == 0 ? " " : ", ").append(choices[i]);
+    throw CLI::ValidationError(text + ", not \"" + typed + '"' + nearestNameHint(typed, choices));
 }
 
 /// Refuses "--in-place=no", which would write all the same, and "--scheme=" in front of a file, which
@@ -107,7 +114,6 @@ void CommandLine::add(const Switch& row) {
         CLI::Option* option = app_.add_option(names)->expected(1)->allow_extra_args(false);
         option->multi_option_policy(row.repeats ? CLI::MultiOptionPolicy::TakeAll
                                                 : CLI::MultiOptionPolicy::TakeLast);
-        if (row.kind == ArgumentKind::choice) option->check(CLI::IsMember(choicesOf(row)));
     }
 }
 
@@ -166,7 +172,9 @@ std::string CommandLine::last(const std::string& name, const std::string& otherw
 
 template <class Value>
 Value CommandLine::choice(const std::string& name, const std::map<std::string, Value>& values) const {
-    return values.at(last(name, ""));
+    const auto found = values.find(last(name, ""));
+    if (found == values.end()) refuseChoice(*findSwitch(name), last(name, ""));
+    return found->second;
 }
 
 unsigned CommandLine::jobs() const {

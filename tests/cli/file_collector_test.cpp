@@ -122,6 +122,12 @@ TEST_F(Collector, TakesTheFilesOfAProjectAndTheHeadersBesideThem) {
     EXPECT_EQ(collect({}), "x/y/d.cc x/y/k.hpp ");
 }
 
+TEST_F(Collector, NamesTheFileThatAFolderShouldHold) {
+    options.project = folder / "x";
+    collect({});
+    EXPECT_EQ(messages(), (folder / "x/compile_commands.json") + ":1:1: error: No such file or directory\n");
+}
+
 TEST_F(Collector, RefusesWhatIsNoProject) {
     for (const char* text : {"", "{}", "[1]", "[{\"file\":3}]", "[{\"file\":\"a.c\"}"}) {
         SCOPED_TRACE(text);

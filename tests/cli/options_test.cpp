@@ -75,7 +75,7 @@ const WrongUsage kWrong[] = {
     {"InPlaceOnInput", {"-i"}, "standard input"},
     {"InPlaceOnDash", {"-i", "a.c", "-"}, "standard input"},
     {"DumpInPlace", {"-i", "--dump=tree", "a.c"}, "--dump"},
-    {"UnknownDump", {"--dump=trees"}, "trees"},
+    {"UnknownDump", {"--dump=trees"}, "options, not \"trees\"; did you mean \"tree\"?"},
     {"MissingValue", {"--set"}, "--set needs a value"},
     {"MissingShortValue", {"a.c", "-j"}, "--jobs needs a value"},
     // Taken for a plain switch it would write the file.
@@ -90,7 +90,7 @@ const WrongUsage kWrong[] = {
     {"BackupWithoutInPlace", {"--backup", "a.c"}, "--backup goes with -i"},
     {"NameOfNoInput", {"--stdin-filename", "a.c", "b.c"}, "--stdin-filename"},
     {"JobsNoNumber", {"-j", "two"}, "\"two\""},
-    {"UnknownColor", {"--color=red"}, "red"},
+    {"UnknownColor", {"--color=red"}, "--color takes auto, always, never, not \"red\""},
     {"UnknownMessageFormat", {"--message-format=xml"}, "xml"},
 };
 
