@@ -2,31 +2,23 @@
 #include "cli/Cli_HelpCommand.h"
 #include "cli/Cli_Options.h"
 #include "help/Help_Topic.h"
+#include "tests/cli/RanCommand.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
 
+
 namespace {
 
 using Cli::ExitStatus;
 
-struct Ran {
-    ExitStatus status = ExitStatus::done;
-    std::string out;
-    std::string err;
-};
-
-Ran run(const std::vector<std::string>& arguments) {
-    std::istringstream in;
-    std::ostringstream out;
-    std::ostringstream err;
-    const ExitStatus status = Cli::runHelpCommand(arguments, {in, out, err});
-    return {status, out.str(), err.str()};
+RanCommand run(const std::vector<std::string>& arguments) {
+    return ranCommand(Cli::runHelpCommand, arguments);
 }
 
 TEST(HelpCommand, StartsWithTheSwitchesAndListsTheTopics) {
-    const Ran result = run({});
+    const RanCommand result = run({});
     EXPECT_EQ(result.status, ExitStatus::done);
     EXPECT_EQ(result.out.find(Cli::commandLineHelp()), 0U);
     for (const std::string_view name : Help::topicNames()) {
@@ -47,7 +39,7 @@ TEST(HelpCommand, TellsOfTopicsOptionsAndCommands) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.start);
-        const Ran result = run(row.arguments);
+        const RanCommand result = run(row.arguments);
         EXPECT_EQ(result.status, ExitStatus::done);
         EXPECT_EQ(result.out.find(row.start), 0U) << result.out.substr(0, 100);
         EXPECT_EQ(result.err, "");
@@ -80,7 +72,7 @@ TEST(HelpCommand, NamesTheNearestTopic) {
         {{"--pdf"}, "kerfline: error: \"kerfline help\" knows \"--html\", and no \"--pdf\"\n"},
     };
     for (const auto& row : rows) {
-        const Ran result = run(row.arguments);
+        const RanCommand result = run(row.arguments);
         EXPECT_EQ(result.status, ExitStatus::badUsageOrScheme);
         EXPECT_EQ(result.out, "");
         EXPECT_EQ(result.err, row.message);

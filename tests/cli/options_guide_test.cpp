@@ -1,32 +1,22 @@
 #include "cli/Cli_OptionGuide.h"
 
 #include "cli/Cli_OtherProgram.h"
+#include "tests/cli/RanCommand.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <sstream>
 
 namespace {
 
 using Cli::ExitStatus;
 
-struct Ran {
-    ExitStatus status = ExitStatus::done;
-    std::string out;
-    std::string err;
-};
-
-Ran run(const std::vector<std::string>& arguments) {
-    std::istringstream in;
-    std::ostringstream out;
-    std::ostringstream err;
-    const ExitStatus status = Cli::runOptionsCommand(arguments, {in, out, err});
-    return {status, out.str(), err.str()};
+RanCommand run(const std::vector<std::string>& arguments) {
+    return ranCommand(Cli::runOptionsCommand, arguments);
 }
 
 TEST(OptionsCommand, ListsAllByFamily) {
-    const Ran result = run({});
+    const RanCommand result = run({});
     EXPECT_EQ(result.status, ExitStatus::done);
     const std::size_t family = result.out.find("\nEnums\n");
     ASSERT_NE(family, std::string::npos);
@@ -52,7 +42,7 @@ TEST(OptionsCommand, ExplainsOneWithAnExampleMadeNow) {
 }
 
 TEST(OptionsCommand, ExplainsSeveralInTheOrderInWhichTheyAreNamed) {
-    const Ran result = run({"TAB_SIZE", "CLASS_DO_NOT_FORMAT"});
+    const RanCommand result = run({"TAB_SIZE", "CLASS_DO_NOT_FORMAT"});
     const std::size_t second = result.out.find("Option  CLASS_DO_NOT_FORMAT");
     ASSERT_NE(second, std::string::npos) << result.out;
     EXPECT_LT(result.out.find("TAB_SIZE"), second);
@@ -72,7 +62,7 @@ TEST(OptionsCommand, NamesTheNearestOfAMisspeltOne) {
                     "\"--all\"\n"},
     };
     for (const auto& row : rows) {
-        const Ran result = run(row.arguments);
+        const RanCommand result = run(row.arguments);
         EXPECT_EQ(result.status, ExitStatus::badUsageOrScheme);
         EXPECT_EQ(result.out, "");
         EXPECT_EQ(result.err, row.message);
@@ -82,7 +72,7 @@ TEST(OptionsCommand, NamesTheNearestOfAMisspeltOne) {
 TEST(OptionsCommand, SaysWhenThereIsNoWindow) {
     const std::string path = std::getenv("PATH");
     ::setenv("PATH", "/nonexistent", 1);
-    const Ran result = run({"--edit"});
+    const RanCommand result = run({"--edit"});
     ::setenv("PATH", path.c_str(), 1);
     EXPECT_EQ(result.status, ExitStatus::fileFailed);
     EXPECT_EQ(result.err, "kerfline: error: the window for options, kerfline-options, is not installed\n");
