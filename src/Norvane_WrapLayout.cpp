@@ -229,6 +229,40 @@ void WrapLayout::breakBefore(std::size_t index, std::string_view indent) {
     measureLine(index);
 }
 
+// A comment of several lines on a line that a break has moved takes its further lines along: left where
+// they are, they would drift with every run.
+void WrapLayout::addToken(std::size_t index, std::string& result) const {
+    const std::string_view token = text_.token(index);
+    const bool takesLinesAlong = text_.kind(index) == tkBlockComment && spansLines(token);
+    const int to = takesLinesAlong ? columnBehind(result) : 0;
+    const int from = takesLinesAlong ? columnBehind(text_.before(index)) : 0;
+    const std::size_t feed = from == to ? npos : token.find('\n');
+    result += token.substr(0, feed);
+    if (feed == npos) return;
+    for (std::string_view rest = token.substr(feed); !rest.empty();) {
+        const std::size_t next = rest.find('\n', 1);
+        addMovedLine(rest.substr(1, next == npos ? npos : next - 1), from, to, result);
+        rest.remove_prefix(std::min(next, rest.size()));
+    }
+}
+
+void WrapLayout::addMovedLine(std::string_view line, int from, int to, std::string& result) const {
+    result += '\n';
+    const std::size_t text = line.find_first_not_of(" \t");
+    if (text == npos) {
+        result += line;
+        return;
+    }
+    const int width = std::max(spanWidth(line.substr(0, text), 0) - from, 0) + to;
+    result += Zelmar::makeIndent(std::string_view(), state_.wsMode, state_.tabSize, width);
+    result += line.substr(text);
+}
+
+int WrapLayout::columnBehind(std::string_view text) const {
+    const int start = spansLines(text) ? 0 : state_.column;
+    return start + spanWidth(behindLastFeed(text), start);
+}
+
 std::string WrapLayout::result() const {
     std::string result;
     for (std::size_t i = 0; i < text_.size(); ++i) {
@@ -238,7 +272,7 @@ std::string WrapLayout::result() const {
             if (!endsLine(text_.token(i - 1))) result += '\n';
             result += indents_[places_[i].indent];
         }
-        result += text_.token(i);
+        addToken(i, result);
     }
     result += text_.gap(text_.size());
     return result;

@@ -94,6 +94,9 @@ private:
     std::size_t tailBehind(std::size_t end) const;
     bool isStuck(std::size_t index) const;
     int spanWidth(std::string_view span, int column) const;
+    int columnBehind(std::string_view text) const;
+    void addToken(std::size_t index, std::string& result) const;
+    void addMovedLine(std::string_view line, int from, int to, std::string& result) const;
 
     WrapText text_;
     Zelmar::IndentStreamState state_;

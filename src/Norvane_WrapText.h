@@ -41,6 +41,8 @@ public:
     std::string_view token(std::size_t index) const;
     /// The white space in front of a token.
     std::string_view gap(std::size_t index) const;
+    /// What stands in front of the token.
+    std::string_view before(std::size_t index) const { return text_.substr(0, tokens_[index].begin); }
 
     /// The other bracket of a pair, or npos. That of a ">>" is the outermost "<" it closes.
     std::size_t mate(std::size_t index) const;

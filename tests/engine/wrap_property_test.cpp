@@ -39,6 +39,16 @@ Zelmar::IndentStreamState stateOf(int column, int wsMode) {
     return state;
 }
 
+/// Without what stands in front of the further lines of a comment, which move with the first.
+std::string withoutMargins(std::string_view comment) {
+    std::string result;
+    for (const char c : comment) {
+        const bool inMargin = !result.empty() && result.back() == '\n' && (c == ' ' || c == '\t');
+        if (!inMargin) result += c;
+    }
+    return result;
+}
+
 /// The tokens with their text. Comments and directives bring their line feed, so one that took in
 /// what stood on the next line, or lost its own, shows.
 std::string tokensOf(std::string_view text) {
@@ -47,7 +57,8 @@ std::string tokensOf(std::string_view text) {
     std::string result;
     for (const Cpp::RawToken& token : tokens) {
         result += std::to_string(token.type) + ':';
-        result += text.substr(token.begin, token.end - token.begin);
+        const std::string_view range = text.substr(token.begin, token.end - token.begin);
+        result += token.type == Cpp::tkBlockComment ? withoutMargins(range) : std::string(range);
         result += ' ';
     }
     return result;
