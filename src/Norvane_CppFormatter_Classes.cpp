@@ -18,18 +18,8 @@ std::size_t findColon(std::string_view gap) {
     int depth = 0;
     std::size_t colon = std::string_view::npos;
     for (Cpp::RawToken token; scanner.next(token);) {
-        switch (token.type) {
-        case Cpp::tkOpenParen:
-        case Cpp::tkOpenBrace:
-        case Cpp::tkOpenBracket: ++depth; break;
-        case Cpp::tkCloseParen:
-        case Cpp::tkCloseBrace:
-        case Cpp::tkCloseBracket: --depth; break;
-        case Cpp::tkColon:
-            if (depth == 0) colon = token.begin;
-            break;
-        default: break;
-        }
+        depth += bracketStep(token.type);
+        if (token.type == Cpp::tkColon && depth == 0) colon = token.begin;
     }
     return colon;
 }

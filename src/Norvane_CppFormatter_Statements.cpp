@@ -35,20 +35,10 @@ Semicolons findSemicolons(std::string_view text) {
     Cpp::Scanner scanner(text);
     int depth = 0;
     for (Cpp::RawToken token; scanner.next(token);) {
-        switch (token.type) {
-        case Cpp::tkOpenParen:
-        case Cpp::tkOpenBrace:
-        case Cpp::tkOpenBracket: ++depth; break;
-        case Cpp::tkCloseParen:
-        case Cpp::tkCloseBrace:
-        case Cpp::tkCloseBracket: --depth; break;
-        case Cpp::tkSemicolon:
-            if (depth != 0) break;
-            if (found.first == std::string_view::npos) found.first = token.begin;
-            found.last = token.begin;
-            break;
-        default: break;
-        }
+        depth += bracketStep(token.type);
+        if (token.type != Cpp::tkSemicolon || depth != 0) continue;
+        if (found.first == std::string_view::npos) found.first = token.begin;
+        found.last = token.begin;
     }
     return found;
 }

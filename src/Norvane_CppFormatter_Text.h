@@ -22,6 +22,19 @@ inline const OptionalString& lineFeedWs() {
     return feed;
 }
 
+/// How a token changes the depth of brackets: 1 for one that opens, -1 for one that closes.
+inline int bracketStep(int type) {
+    switch (type) {
+    case Cpp::tkOpenParen:
+    case Cpp::tkOpenBrace:
+    case Cpp::tkOpenBracket: return 1;
+    case Cpp::tkCloseParen:
+    case Cpp::tkCloseBrace:
+    case Cpp::tkCloseBracket: return -1;
+    default: return 0;
+    }
+}
+
 /// `text` ends in a pointer mark, white space aside.
 inline bool endsInMark(std::string_view text) {
     return endsInAsterisk(text) || endsInAmpersand(text);
