@@ -1,6 +1,7 @@
 #include "bench/Bench_Memory.h"
 #include "bench/Bench_Stages.h"
 #include "bench/Bench_Texts.h"
+#include "cli/Cli_Memory.h"
 
 #include <benchmark/benchmark.h>
 
@@ -104,6 +105,7 @@ void addAll() {
 } // namespace
 
 int main(int argc, char** argv) try {
+    Cli::keepFreedMemory();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
     addAll();

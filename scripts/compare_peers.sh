@@ -66,8 +66,8 @@ run_program() { # program, file
     local language=C
     case $2 in *.cpp | *.cc | *.cxx | *.hpp | *.hh) language=CPP ;; esac
     case $1 in
-    kerfline) timeout "$limit" "$kerfline" - < "$2" ;;
-    kerfline-nowrap) timeout "$limit" "$kerfline" --set LINE_WRAP=0 - < "$2" ;;
+    kerfline) timeout "$limit" "$kerfline" --scheme default - < "$2" ;;
+    kerfline-nowrap) timeout "$limit" "$kerfline" --scheme default --set LINE_WRAP=0 - < "$2" ;;
     astyle) timeout "$limit" astyle --style=kr < "$2" ;;
     uncrustify) timeout "$limit" uncrustify -q -c "$work/uncrustify.cfg" -l $language < "$2" ;;
     indent) [ $language = C ] && timeout "$limit" indent -kr -nut -st < "$2" ;;
