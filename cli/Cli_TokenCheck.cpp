@@ -23,18 +23,22 @@ bool isQuotedCharacter(std::string_view text, std::size_t at) {
 }
 
 /// Length of the string that the double quote at `at` opens, or 1 if it opens none since nothing
-/// closes it.
-std::size_t literalLength(std::string_view text, std::size_t at) {
-    if (isQuotedCharacter(text, at)) return 1;
+/// closes it. Then `openUntil` becomes the place up to which nothing closes any quote, so that a line
+/// of quotes is not searched over and over.
+std::size_t literalLength(std::string_view text, std::size_t at, std::size_t& openUntil) {
+    if (at < openUntil || isQuotedCharacter(text, at)) return 1;
     std::size_t end = at + 1;
     while (end < text.size() && text[end] != '"' && text[end] != '\n') end += text[end] == '\\' ? 2 : 1;
-    return end < text.size() && text[end] == '"' ? end + 1 - at : 1;
+    if (end < text.size() && text[end] == '"') return end + 1 - at;
+    openUntil = end;
+    return 1;
 }
 
 /// With `guardsLiterals`, white space between double quotes counts.
 bool equalButForSpace(std::string_view a, std::string_view b, bool guardsLiterals) {
     std::size_t i = 0;
     std::size_t j = 0;
+    std::size_t openUntil = 0;
     while (true) {
         const std::size_t beforeA = i;
         const std::size_t beforeB = j;
@@ -43,7 +47,7 @@ bool equalButForSpace(std::string_view a, std::string_view b, bool guardsLiteral
         // White space at the end is the line end that the last line of a file may lack.
         if (i == a.size() || j == b.size()) return i == a.size() && j == b.size();
         if ((i == beforeA) != (j == beforeB)) return false;
-        const std::size_t length = guardsLiterals && a[i] == '"' ? literalLength(a, i) : 1;
+        const std::size_t length = guardsLiterals && a[i] == '"' ? literalLength(a, i, openUntil) : 1;
         if (a.substr(i, length) != b.substr(j, length)) return false;
         i += length;
         j += length;

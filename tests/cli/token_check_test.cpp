@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace {
 
 struct CheckCase {
@@ -52,5 +54,11 @@ TEST_P(TokenCheck, FindsTheFirstDifference) {
 
 INSTANTIATE_TEST_SUITE_P(Texts, TokenCheck, testing::ValuesIn(kCases),
                          [](const auto& row) { return std::string(row.param.name); });
+
+TEST(TokenCheckCost, AQuoteThatNothingClosesIsSearchedOnce) {
+    std::string source = "#error \"";
+    for (int i = 0; i < 1000000; ++i) source += "\\\"";
+    EXPECT_FALSE(Cli::firstTokenDifference(source + " x\n", source + "  x\n"));
+}
 
 } // namespace
