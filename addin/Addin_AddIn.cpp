@@ -2,9 +2,9 @@
 
 #include "addin/Addin_DocumentFormatter.h"
 #include "addin/Addin_Texts.h"
+#include "files/NorvaneUI_Text.h"
+#include "files/Zelmar_Trace.h"
 #include "schemes/NorvaneUI_SchemeConversion.h"
-#include "schemes/NorvaneUI_Text.h"
-#include "schemes/Zelmar_Trace.h"
 
 #include <string>
 

@@ -2,8 +2,8 @@
 
 #include "addin/Addin_Extensions.h"
 #include "addin/Addin_Texts.h"
-#include "schemes/NorvaneUI_Text.h"
-#include "schemes/Zelmar_Trace.h"
+#include "files/NorvaneUI_Text.h"
+#include "files/Zelmar_Trace.h"
 
 namespace Addin {
 

@@ -3,7 +3,7 @@
 #include "addin/Addin_Extensions.h"
 #include "addin/Addin_SourceForm.h"
 #include "addin/Addin_Texts.h"
-#include "schemes/Zelmar_Trace.h"
+#include "files/Zelmar_Trace.h"
 
 namespace Addin {
 

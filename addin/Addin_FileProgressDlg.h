@@ -1,7 +1,7 @@
 #ifndef KERFLINE_ADDIN_FILEPROGRESSDLG_H
 #define KERFLINE_ADDIN_FILEPROGRESSDLG_H
 
-#include "schemes/NorvaneUI_Text.h"
+#include "files/NorvaneUI_Text.h"
 #include "src/Norvane_UpdateFunctor.h"
 
 #include <string>

@@ -2,9 +2,9 @@
 
 #include "addin/Addin_Extensions.h"
 #include "addin/Addin_Texts.h"
-#include "schemes/NorvaneUI_Text.h"
+#include "files/NorvaneUI_Text.h"
 #include "src/Norvane_FormatDriver.h"
-#include "src/Norvane_FormatMarkerTable.h"
+#include "src/scheme/Norvane_FormatMarkerTable.h"
 #include "streams/Zelmar_SourceText.h"
 
 #include <algorithm>

@@ -3,8 +3,8 @@
 
 #include "addin/Addin_Host.h"
 #include "addin/Addin_Messages.h"
-#include "schemes/NorvaneUI_FileSystem.h"
-#include "src/Norvane_PropertySet.h"
+#include "files/NorvaneUI_FileSystem.h"
+#include "src/scheme/Norvane_PropertySet.h"
 #include "trn/Trn_Message.h"
 
 #include <functional>

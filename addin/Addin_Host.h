@@ -3,7 +3,7 @@
 
 #include "addin/Addin_FileProgressDlg.h"
 #include "addin/Addin_Options.h"
-#include "schemes/NorvaneUI_Failure.h"
+#include "files/NorvaneUI_Failure.h"
 #include "schemes/NorvaneUI_PropertySetStore.h"
 #include "trn/Trn_Position.h"
 

@@ -1,7 +1,7 @@
 #include "addin/Addin_Messages.h"
 
 #include "addin/Addin_Texts.h"
-#include "schemes/NorvaneUI_Text.h"
+#include "files/NorvaneUI_Text.h"
 
 #include <exception>
 #include <new>

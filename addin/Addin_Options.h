@@ -1,7 +1,7 @@
 #ifndef KERFLINE_ADDIN_OPTIONS_H
 #define KERFLINE_ADDIN_OPTIONS_H
 
-#include "src/Norvane_PropertySet.h"
+#include "src/scheme/Norvane_PropertySet.h"
 
 #include <optional>
 #include <string>

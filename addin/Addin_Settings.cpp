@@ -3,7 +3,7 @@
 #include "addin/Addin_Host.h"
 #include "addin/Addin_SettingsText.h"
 #include "addin/Addin_Texts.h"
-#include "schemes/Zelmar_Trace.h"
+#include "files/Zelmar_Trace.h"
 
 #include <charconv>
 

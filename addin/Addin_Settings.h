@@ -2,7 +2,7 @@
 #define KERFLINE_ADDIN_SETTINGS_H
 
 #include "addin/Addin_Options.h"
-#include "schemes/NorvaneUI_FileSystem.h"
+#include "files/NorvaneUI_FileSystem.h"
 #include "schemes/NorvaneUI_PropertySetStore.h"
 
 #include <cstdint>

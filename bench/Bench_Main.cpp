@@ -1,7 +1,7 @@
 #include "bench/Bench_Memory.h"
 #include "bench/Bench_Stages.h"
 #include "bench/Bench_Texts.h"
-#include "cli/Cli_Memory.h"
+#include "cli/run/Cli_Memory.h"
 
 #include <benchmark/benchmark.h>
 

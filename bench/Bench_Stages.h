@@ -1,7 +1,7 @@
 #ifndef KERFLINE_BENCH_STAGES_H
 #define KERFLINE_BENCH_STAGES_H
 
-#include "src/Norvane_PropertySet.h"
+#include "src/scheme/Norvane_PropertySet.h"
 
 #include <string>
 

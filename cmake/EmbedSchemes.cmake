@@ -15,7 +15,7 @@ foreach(file IN LISTS SCHEMES)
     string(APPEND entries "    {\"${name}\",\n     \"${text}\"},\n")
 endforeach()
 
-file(WRITE "${OUTPUT}" "#include \"cli/Cli_ShippedSchemes.h\"
+file(WRITE "${OUTPUT}" "#include \"cli/scheme/Cli_ShippedSchemes.h\"
 
 namespace Cli {
 

@@ -1,7 +1,7 @@
 #ifndef KERFLINE_HELP_SAMPLE_H
 #define KERFLINE_HELP_SAMPLE_H
 
-#include "src/Norvane_PropertyCatalogue.h"
+#include "src/scheme/Norvane_PropertyCatalogue.h"
 
 #include <span>
 #include <string>

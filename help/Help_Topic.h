@@ -2,7 +2,7 @@
 #define KERFLINE_HELP_TOPIC_H
 
 #include "help/Help_Document.h"
-#include "src/Norvane_PropertyCatalogue.h"
+#include "src/scheme/Norvane_PropertyCatalogue.h"
 
 #include <span>
 #include <string>

@@ -1,6 +1,6 @@
 #include "schemes/NorvaneUI_PropertySetStore.h"
 
-#include "schemes/Zelmar_Trace.h"
+#include "files/Zelmar_Trace.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,8 +1,8 @@
 #ifndef KERFLINE_NORVANEUI_PROPERTYSETSTORE_H
 #define KERFLINE_NORVANEUI_PROPERTYSETSTORE_H
 
-#include "schemes/NorvaneUI_FileSystem.h"
-#include "src/Norvane_PropertySet.h"
+#include "files/NorvaneUI_FileSystem.h"
+#include "src/scheme/Norvane_PropertySet.h"
 #include "trn/Trn_Exception.h"
 
 #include <map>

@@ -1,7 +1,7 @@
 #include "schemes/NorvaneUI_SchemeConversion.h"
 
-#include "schemes/NorvaneUI_Text.h"
-#include "schemes/Zelmar_Trace.h"
+#include "files/NorvaneUI_Text.h"
+#include "files/Zelmar_Trace.h"
 
 #include <cstdint>
 #include <span>

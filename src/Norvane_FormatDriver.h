@@ -1,8 +1,8 @@
 #ifndef KERFLINE_NORVANE_FORMATDRIVER_H
 #define KERFLINE_NORVANE_FORMATDRIVER_H
 
-#include "src/Norvane_FormatOptions.h"
 #include "src/Norvane_UpdateFunctor.h"
+#include "src/scheme/Norvane_FormatOptions.h"
 #include "trn/Trn_Message.h"
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 #ifndef KERFLINE_NORVANEUI_OPTIONSEARCH_H
 #define KERFLINE_NORVANEUI_OPTIONSEARCH_H
 
-#include "src/Norvane_PropertyCatalogue.h"
+#include "src/scheme/Norvane_PropertyCatalogue.h"
 #include "ui/NorvaneUI_PageTable.h"
 
 #include <string_view>

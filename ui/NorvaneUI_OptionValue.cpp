@@ -1,6 +1,6 @@
 #include "ui/NorvaneUI_OptionValue.h"
 
-#include "src/Norvane_PropertyCatalogue.h"
+#include "src/scheme/Norvane_PropertyCatalogue.h"
 
 namespace NorvaneUI {
 

@@ -1,7 +1,7 @@
 #ifndef KERFLINE_NORVANEUI_OPTIONVALUE_H
 #define KERFLINE_NORVANEUI_OPTIONVALUE_H
 
-#include "src/Norvane_PropertySet.h"
+#include "src/scheme/Norvane_PropertySet.h"
 
 #include <cstdint>
 #include <string>

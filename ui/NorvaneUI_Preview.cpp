@@ -1,7 +1,7 @@
 #include "ui/NorvaneUI_Preview.h"
 
 #include "src/Norvane_FormatDriver.h"
-#include "src/Norvane_FormatMarkerTable.h"
+#include "src/scheme/Norvane_FormatMarkerTable.h"
 
 #include <algorithm>
 #include <exception>

@@ -1,7 +1,7 @@
 #ifndef KERFLINE_NORVANEUI_PREVIEW_H
 #define KERFLINE_NORVANEUI_PREVIEW_H
 
-#include "src/Norvane_PropertySet.h"
+#include "src/scheme/Norvane_PropertySet.h"
 
 #include <atomic>
 #include <cstddef>

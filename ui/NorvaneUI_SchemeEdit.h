@@ -1,7 +1,7 @@
 #ifndef KERFLINE_NORVANEUI_SCHEMEEDIT_H
 #define KERFLINE_NORVANEUI_SCHEMEEDIT_H
 
-#include "src/Norvane_PropertySet.h"
+#include "src/scheme/Norvane_PropertySet.h"
 #include "ui/NorvaneUI_OptionValue.h"
 
 #include <deque>

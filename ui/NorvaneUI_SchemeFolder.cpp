@@ -1,8 +1,8 @@
 #include "ui/NorvaneUI_SchemeFolder.h"
 
 #include "addin/Addin_Texts.h"
+#include "files/NorvaneUI_Text.h"
 #include "schemes/NorvaneUI_SchemeName.h"
-#include "schemes/NorvaneUI_Text.h"
 #include "ui/NorvaneUI_Texts.h"
 
 namespace NorvaneUI {

@@ -1,7 +1,7 @@
 #ifndef KERFLINE_NORVANEUI_SCHEMEFOLDER_H
 #define KERFLINE_NORVANEUI_SCHEMEFOLDER_H
 
-#include "schemes/NorvaneUI_FileSystem.h"
+#include "files/NorvaneUI_FileSystem.h"
 #include "schemes/NorvaneUI_PropertySetStore.h"
 #include "ui/NorvaneUI_DialogFace.h"
 

@@ -1,6 +1,6 @@
 #include "ui/NorvaneUI_StylesBasePage.h"
 
-#include "schemes/NorvaneUI_Text.h"
+#include "files/NorvaneUI_Text.h"
 #include "ui/NorvaneUI_GlobalSettings.h"
 #include "ui/NorvaneUI_Texts.h"
 #include "ui/NorvaneUI_WhiteSpaceEntry.h"

@@ -1,7 +1,7 @@
 #include "ui/NorvaneUI_StylesDlg.h"
 
+#include "files/NorvaneUI_Text.h"
 #include "schemes/NorvaneUI_SchemeName.h"
-#include "schemes/NorvaneUI_Text.h"
 #include "ui/NorvaneUI_SchemeSaveAsDlg.h"
 #include "ui/NorvaneUI_Texts.h"
 

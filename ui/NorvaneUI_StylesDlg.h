@@ -2,7 +2,7 @@
 #define KERFLINE_NORVANEUI_STYLESDLG_H
 
 #include "addin/Addin_Settings.h"
-#include "schemes/NorvaneUI_FileSystem.h"
+#include "files/NorvaneUI_FileSystem.h"
 #include "schemes/NorvaneUI_PropertySetStore.h"
 #include "ui/NorvaneUI_DialogFace.h"
 #include "ui/NorvaneUI_SchemeEdit.h"

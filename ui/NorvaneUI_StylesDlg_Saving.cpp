@@ -1,8 +1,8 @@
 #include "ui/NorvaneUI_StylesDlg.h"
 
 #include "addin/Addin_Texts.h"
+#include "files/NorvaneUI_Text.h"
 #include "schemes/NorvaneUI_SchemeConversion.h"
-#include "schemes/NorvaneUI_Text.h"
 #include "ui/NorvaneUI_Texts.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "ui/NorvaneUI_StylesSheet.h"
 
 #include "addin/Addin_SourceForm.h"
-#include "schemes/NorvaneUI_Text.h"
+#include "files/NorvaneUI_Text.h"
 #include "ui/NorvaneUI_PreviewSamples.h"
 #include "ui/NorvaneUI_Texts.h"
 

@@ -2,7 +2,7 @@
 #define KERFLINE_NORVANEUI_STYLESSHEET_H
 
 #include "addin/Addin_Settings.h"
-#include "schemes/NorvaneUI_FileSystem.h"
+#include "files/NorvaneUI_FileSystem.h"
 #include "ui/NorvaneUI_DialogFace.h"
 #include "ui/NorvaneUI_Pages.h"
 #include "ui/NorvaneUI_ReadOnlyEdit.h"

@@ -2,7 +2,7 @@
 #define KERFLINE_TESTS_ADDIN_FIXTURE_H
 
 #include "addin/Addin_FormatJob.h"
-#include "schemes/Zelmar_Trace.h"
+#include "files/Zelmar_Trace.h"
 #include "tests/addin/FakeHost.h"
 #include "tests/store/FakeFileSystem.h"
 

@@ -1,5 +1,5 @@
 #include "addin/Addin_DocumentFormatter.h"
-#include "schemes/Zelmar_Trace.h"
+#include "files/Zelmar_Trace.h"
 #include "tests/addin/Fixture.h"
 
 #include <stdexcept>

@@ -1,8 +1,8 @@
 #ifndef KERFLINE_TESTS_CLI_RANCOMMAND_H
 #define KERFLINE_TESTS_CLI_RANCOMMAND_H
 
-#include "cli/Cli_ExitStatus.h"
-#include "cli/Cli_Streams.h"
+#include "cli/console/Cli_ExitStatus.h"
+#include "cli/console/Cli_Streams.h"
 
 #include <sstream>
 #include <string>

@@ -1,6 +1,6 @@
-#include "cli/Cli_Commands.h"
-#include "cli/Cli_NearestName.h"
-#include "cli/Cli_Paths.h"
+#include "cli/files/Cli_Paths.h"
+#include "cli/run/Cli_Commands.h"
+#include "cli/scheme/Cli_NearestName.h"
 #include "tests/cli/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
-#include "cli/Cli_Completion.h"
-#include "cli/Cli_CompletionWords.h"
-#include "cli/Cli_SwitchTable.h"
-#include "src/Norvane_PropertyCatalogue.h"
+#include "cli/guide/Cli_Completion.h"
+#include "cli/guide/Cli_CompletionWords.h"
+#include "cli/run/Cli_SwitchTable.h"
+#include "src/scheme/Norvane_PropertyCatalogue.h"
 #include "tests/cli/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "cli/Cli_FileCollector.h"
-#include "schemes/NorvaneUI_DiskFileSystem.h"
+#include "cli/files/Cli_FileCollector.h"
+#include "files/NorvaneUI_DiskFileSystem.h"
 #include "tests/cli/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "cli/Cli_FileIo.h"
+#include "cli/files/Cli_FileIo.h"
 #include "tests/cli/TempFolder.h"
 
 #include <gtest/gtest.h>

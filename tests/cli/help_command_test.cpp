@@ -1,6 +1,6 @@
-#include "cli/Cli_Commands.h"
-#include "cli/Cli_HelpCommand.h"
-#include "cli/Cli_Options.h"
+#include "cli/console/Cli_Options.h"
+#include "cli/run/Cli_Commands.h"
+#include "cli/run/Cli_HelpCommand.h"
 #include "help/Help_Topic.h"
 #include "tests/cli/RanCommand.h"
 

@@ -1,4 +1,4 @@
-#include "cli/Cli_IgnoreFile.h"
+#include "cli/files/Cli_IgnoreFile.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "cli/Cli_ManPages.h"
+#include "cli/guide/Cli_ManPages.h"
 
-#include "cli/Cli_Commands.h"
-#include "cli/Cli_SwitchTable.h"
-#include "src/Norvane_PropertyCatalogue.h"
+#include "cli/run/Cli_Commands.h"
+#include "cli/run/Cli_SwitchTable.h"
+#include "src/scheme/Norvane_PropertyCatalogue.h"
 
 #include <gtest/gtest.h>
 

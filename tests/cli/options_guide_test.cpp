@@ -1,6 +1,6 @@
-#include "cli/Cli_OptionGuide.h"
+#include "cli/guide/Cli_OptionGuide.h"
 
-#include "cli/Cli_OtherProgram.h"
+#include "cli/run/Cli_OtherProgram.h"
 #include "tests/cli/RanCommand.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "cli/Cli_Options.h"
+#include "cli/console/Cli_Options.h"
 
 #include <gtest/gtest.h>
 

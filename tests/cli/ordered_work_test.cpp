@@ -1,4 +1,4 @@
-#include "cli/Cli_OrderedWork.h"
+#include "cli/run/Cli_OrderedWork.h"
 
 #include <gtest/gtest.h>
 

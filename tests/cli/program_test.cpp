@@ -1,4 +1,4 @@
-#include "cli/Cli_Program.h"
+#include "cli/run/Cli_Program.h"
 #include "tests/cli/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "cli/Cli_SchemeFinder.h"
-#include "schemes/NorvaneUI_DiskFileSystem.h"
+#include "cli/scheme/Cli_SchemeFinder.h"
+#include "files/NorvaneUI_DiskFileSystem.h"
 #include "tests/cli/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "cli/Cli_SchemeChecker.h"
-#include "cli/Cli_SchemeShelf.h"
-#include "schemes/NorvaneUI_DiskFileSystem.h"
+#include "cli/scheme/Cli_SchemeChecker.h"
+#include "cli/scheme/Cli_SchemeShelf.h"
+#include "files/NorvaneUI_DiskFileSystem.h"
 #include "tests/cli/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "cli/Cli_TerminalHost.h"
+#include "cli/run/Cli_TerminalHost.h"
 
 #include "addin/Addin_Messages.h"
 

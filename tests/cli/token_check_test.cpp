@@ -1,4 +1,4 @@
-#include "cli/Cli_TokenCheck.h"
+#include "cli/run/Cli_TokenCheck.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "cli/Cli_UnifiedDiff.h"
+#include "cli/files/Cli_UnifiedDiff.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 #define KERFLINE_TESTS_ENGINE_EXPRTESTTOOLS_H
 
 #include "cpp/Cpp_Scanner.h"
-#include "src/Norvane_CppExprFormatter.h"
+#include "src/expr/Norvane_CppExprFormatter.h"
 
 #include <string>
 #include <string_view>

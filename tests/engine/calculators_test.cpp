@@ -1,9 +1,9 @@
 #include "cpp/Cpp_Lexer.h"
 #include "cpp/Cpp_Nodes.h"
 #include "cpp/Cpp_Parser.h"
-#include "src/Norvane_DataOffsetCalculator.h"
-#include "src/Norvane_NameOffsetCalculator.h"
-#include "src/Norvane_PropertySet.h"
+#include "src/format/Norvane_DataOffsetCalculator.h"
+#include "src/format/Norvane_NameOffsetCalculator.h"
+#include "src/scheme/Norvane_PropertySet.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "src/Norvane_PropertyCatalogue.h"
+#include "src/scheme/Norvane_PropertyCatalogue.h"
 
-#include "src/Norvane_PropertySet.h"
+#include "src/scheme/Norvane_PropertySet.h"
 
 #include <gtest/gtest.h>
 

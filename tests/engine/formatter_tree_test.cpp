@@ -1,4 +1,4 @@
-#include "src/Norvane_CppFormatter.h"
+#include "src/format/Norvane_CppFormatter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "src/Norvane_Gap.h"
+#include "src/expr/Norvane_Gap.h"
 #include "streams/Zelmar_IndentWriter.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "src/Norvane_CppPreFormatter.h"
+#include "src/format/Norvane_CppPreFormatter.h"
 
 #include "cpp/Cpp_Nodes.h"
 

@@ -1,4 +1,4 @@
-#include "src/Norvane_PropertySet.h"
+#include "src/scheme/Norvane_PropertySet.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "src/Norvane_WrapIndexSet.h"
+#include "src/wrap/Norvane_WrapIndexSet.h"
 
 #include <gtest/gtest.h>
 

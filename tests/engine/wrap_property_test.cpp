@@ -1,4 +1,4 @@
-#include "src/Norvane_CppExprLineWrapper.h"
+#include "src/wrap/Norvane_CppExprLineWrapper.h"
 
 #include "cpp/Cpp_Scanner.h"
 

@@ -1,10 +1,10 @@
-#include "src/Norvane_CppLineWrapper.h"
+#include "src/wrap/Norvane_CppLineWrapper.h"
 
 #include "cpp/Cpp_Lexer.h"
 #include "cpp/Cpp_Nodes.h"
 #include "cpp/Cpp_Parser.h"
-#include "src/Norvane_CppPreFormatter.h"
-#include "src/Norvane_FormatMarkerTable.h"
+#include "src/format/Norvane_CppPreFormatter.h"
+#include "src/scheme/Norvane_FormatMarkerTable.h"
 
 #include <gtest/gtest.h>
 

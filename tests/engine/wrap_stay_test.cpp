@@ -1,4 +1,4 @@
-#include "src/Norvane_WrapStay.h"
+#include "src/wrap/Norvane_WrapStay.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "src/Norvane_WrapFinders.h"
-#include "src/Norvane_WrapText.h"
+#include "src/wrap/Norvane_WrapFinders.h"
+#include "src/wrap/Norvane_WrapText.h"
 
 #include "cpp/Cpp_Tokens.h"
 

@@ -2,7 +2,7 @@
 
 #include "help/Help_Difference.h"
 #include "help/Help_SampleTable.h"
-#include "src/Norvane_PropertySet.h"
+#include "src/scheme/Norvane_PropertySet.h"
 
 #include <gtest/gtest.h>
 

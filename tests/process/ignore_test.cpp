@@ -1,5 +1,5 @@
-#include "cli/Cli_IgnoreRules.h"
-#include "schemes/NorvaneUI_DiskFileSystem.h"
+#include "cli/files/Cli_IgnoreRules.h"
+#include "files/NorvaneUI_DiskFileSystem.h"
 #include "tests/cli/TempFolder.h"
 #include "tests/process/Process.h"
 

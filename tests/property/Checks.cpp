@@ -1,6 +1,6 @@
 #include "tests/property/Checks.h"
 
-#include "cli/Cli_TokenCheck.h"
+#include "cli/run/Cli_TokenCheck.h"
 #include "streams/Zelmar_SourceText.h"
 #include "tests/format/runner/GoldenEngine.h"
 

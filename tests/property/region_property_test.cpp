@@ -1,8 +1,8 @@
 #include "cpp/Cpp_Lexer.h"
 #include "cpp/Cpp_Nodes.h"
 #include "cpp/Cpp_Parser.h"
-#include "src/Norvane_CppCommentWalker.h"
-#include "src/Norvane_CppPreFormatter.h"
+#include "src/format/Norvane_CppCommentWalker.h"
+#include "src/format/Norvane_CppPreFormatter.h"
 #include "tests/property/Checks.h"
 
 #include <gtest/gtest.h>

@@ -1,11 +1,11 @@
 #ifndef KERFLINE_TESTS_WINDOWTEST_H
 #define KERFLINE_TESTS_WINDOWTEST_H
 
+#include "qt/NorvaneQt_OptionsWindow.h"
 #include "tests/qt/Responder.h"
 #include "tests/store/FakeFileSystem.h"
 #include "ui/NorvaneUI_OptionsDlg.h"
 #include "ui/NorvaneUI_StylesDlg.h"
-#include "ui/qt/NorvaneQt_OptionsWindow.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

@@ -1,7 +1,7 @@
 #include "tests/qt/WindowTest.h"
 
+#include "qt/NorvaneQt_PreviewRunner.h"
 #include "ui/NorvaneUI_Texts.h"
-#include "ui/qt/NorvaneQt_PreviewRunner.h"
 
 #include <QCheckBox>
 #include <QElapsedTimer>

@@ -1,7 +1,7 @@
 #include "tests/qt/WindowTest.h"
 
 #include "addin/Addin_Texts.h"
-#include "schemes/NorvaneUI_Text.h"
+#include "files/NorvaneUI_Text.h"
 #include "ui/NorvaneUI_Texts.h"
 
 #include <QListWidget>

@@ -1,9 +1,9 @@
 #include "tests/qt/WindowTest.h"
 
-#include "schemes/NorvaneUI_DiskFileSystem.h"
+#include "files/NorvaneUI_DiskFileSystem.h"
+#include "qt/NorvaneQt_HelpWindow.h"
+#include "qt/NorvaneQt_WindowHost.h"
 #include "ui/NorvaneUI_Texts.h"
-#include "ui/qt/NorvaneQt_HelpWindow.h"
-#include "ui/qt/NorvaneQt_WindowHost.h"
 
 #include <QCheckBox>
 

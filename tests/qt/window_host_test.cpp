@@ -3,11 +3,11 @@
 
 #include "addin/Addin_AddIn.h"
 #include "addin/Addin_Texts.h"
-#include "schemes/NorvaneUI_Text.h"
-#include "schemes/Zelmar_Trace.h"
+#include "files/NorvaneUI_Text.h"
+#include "files/Zelmar_Trace.h"
+#include "qt/NorvaneQt_OptionsWindow.h"
+#include "qt/NorvaneQt_WindowHost.h"
 #include "ui/NorvaneUI_Texts.h"
-#include "ui/qt/NorvaneQt_OptionsWindow.h"
-#include "ui/qt/NorvaneQt_WindowHost.h"
 
 #include <QCheckBox>
 #include <QComboBox>

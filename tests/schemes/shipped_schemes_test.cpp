@@ -1,6 +1,6 @@
-#include "cli/Cli_SchemeChecker.h"
-#include "cli/Cli_ShippedSchemes.h"
-#include "src/Norvane_PropertyCatalogue.h"
+#include "cli/scheme/Cli_SchemeChecker.h"
+#include "cli/scheme/Cli_ShippedSchemes.h"
+#include "src/scheme/Norvane_PropertyCatalogue.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #ifndef KERFLINE_TESTS_FAKEFILESYSTEM_H
 #define KERFLINE_TESTS_FAKEFILESYSTEM_H
 
-#include "schemes/NorvaneUI_FileSystem.h"
+#include "files/NorvaneUI_FileSystem.h"
 
 #include <functional>
 #include <map>

@@ -1,4 +1,4 @@
-#include "schemes/NorvaneUI_DiskFileSystem.h"
+#include "files/NorvaneUI_DiskFileSystem.h"
 #include "tests/cli/TempFolder.h"
 
 #include <gtest/gtest.h>

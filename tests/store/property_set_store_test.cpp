@@ -1,5 +1,5 @@
+#include "files/Zelmar_Trace.h"
 #include "schemes/NorvaneUI_PropertySetStore.h"
-#include "schemes/Zelmar_Trace.h"
 #include "tests/store/FakeFileSystem.h"
 
 #include <gtest/gtest.h>

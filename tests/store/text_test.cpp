@@ -1,5 +1,5 @@
-#include "schemes/NorvaneUI_Text.h"
-#include "schemes/Zelmar_Trace.h"
+#include "files/NorvaneUI_Text.h"
+#include "files/Zelmar_Trace.h"
 
 #include <gtest/gtest.h>
 

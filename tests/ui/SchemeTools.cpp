@@ -1,7 +1,7 @@
 #include "tests/ui/SchemeTools.h"
 
-#include "cli/Cli_ShippedSchemes.h"
-#include "src/Norvane_PropertyCatalogue.h"
+#include "cli/scheme/Cli_ShippedSchemes.h"
+#include "src/scheme/Norvane_PropertyCatalogue.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 #define KERFLINE_TESTS_SCHEMETOOLS_H
 
 #include "schemes/NorvaneUI_PropertySetStore.h"
-#include "src/Norvane_PropertySet.h"
+#include "src/scheme/Norvane_PropertySet.h"
 
 #include <random>
 #include <string>

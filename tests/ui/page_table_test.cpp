@@ -1,6 +1,6 @@
 #include "ui/NorvaneUI_PageTable.h"
 
-#include "src/Norvane_PropertyCatalogue.h"
+#include "src/scheme/Norvane_PropertyCatalogue.h"
 
 #include <gtest/gtest.h>
 

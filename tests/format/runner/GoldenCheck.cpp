@@ -1,6 +1,6 @@
 #include "tests/format/runner/GoldenCheck.h"
 
-#include "cli/Cli_TokenCheck.h"
+#include "cli/run/Cli_TokenCheck.h"
 #include "tests/format/runner/GoldenEngine.h"
 
 #include <fstream>

@@ -1,8 +1,8 @@
 #include "tests/format/runner/GoldenEngine.h"
 
 #include "src/Norvane_FormatDriver.h"
-#include "src/Norvane_FormatMarkerTable.h"
 #include "src/Norvane_UpdateFunctor.h"
+#include "src/scheme/Norvane_FormatMarkerTable.h"
 
 #include <sstream>
 

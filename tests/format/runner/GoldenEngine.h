@@ -1,7 +1,7 @@
 #ifndef KERFLINE_TESTS_GOLDENENGINE_H
 #define KERFLINE_TESTS_GOLDENENGINE_H
 
-#include "src/Norvane_FormatOptions.h"
+#include "src/scheme/Norvane_FormatOptions.h"
 #include "trn/Trn_Message.h"
 
 #include <optional>

@@ -1,10 +1,10 @@
 #include "tests/format/runner/GoldenFile.h"
 
-#include "cli/Cli_Options.h"
-#include "cli/Cli_Report.h"
-#include "cli/Cli_SchemeChecker.h"
-#include "cli/Cli_SchemeLoader.h"
-#include "cli/Cli_ShippedSchemes.h"
+#include "cli/console/Cli_Options.h"
+#include "cli/console/Cli_Report.h"
+#include "cli/scheme/Cli_SchemeChecker.h"
+#include "cli/scheme/Cli_SchemeLoader.h"
+#include "cli/scheme/Cli_ShippedSchemes.h"
 
 #include <fstream>
 #include <sstream>

@@ -1,7 +1,7 @@
 #ifndef KERFLINE_TESTS_GOLDENFILE_H
 #define KERFLINE_TESTS_GOLDENFILE_H
 
-#include "src/Norvane_PropertySet.h"
+#include "src/scheme/Norvane_PropertySet.h"
 
 #include <optional>
 #include <stdexcept>

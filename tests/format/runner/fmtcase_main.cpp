@@ -2,7 +2,7 @@
 
 #include "tests/format/runner/GoldenCheck.h"
 
-#include "cli/Cli_Dump.h"
+#include "cli/run/Cli_Dump.h"
 
 #include <filesystem>
 #include <functional>

@@ -1,0 +1,122 @@
+#include "cli/console/Cli_Report.h"
+
+#include <nlohmann/json.hpp>
+
+#include <cerrno>
+#include <iterator>
+#include <system_error>
+
+namespace Cli {
+
+namespace {
+
+void appendPrintable(std::string& line, std::string_view text) {
+    constexpr std::string_view digits = "0123456789abcdef";
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '\n') {
+            line += "\\n";
+        } else if (c == '\t') {
+            line += "\\t";
+        } else if (byte < 0x20 || byte == 0x7f) {
+            line += "\\x";
+            line += digits[byte >> 4];
+            line += digits[byte & 0xf];
+        } else {
+            line += c;
+        }
+    }
+}
+
+std::string_view colorOf(std::string_view severity) {
+    if (severity == "error") return "\x1b[1;31m";
+    return severity == "warning" ? "\x1b[1;35m" : "\x1b[1;36m";
+}
+
+void appendSeverity(std::string& line, std::string_view severity, const MessageStyle& style) {
+    if (style.isColored) line += colorOf(severity);
+    line.append(severity).append(": ");
+    if (style.isColored) line += "\x1b[0m";
+}
+
+/// Bytes that are no UTF-8 are replaced: a reader of JSON would refuse the whole line.
+std::string dumped(const nlohmann::ordered_json& object) {
+    return object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+}
+
+std::string jsonLine(const Place& place, std::string_view severity, std::string_view text) {
+    return dumped({{"path", place.path}, {"line", place.line}, {"column", place.column},
+                   {"severity", severity}, {"text", text}});
+}
+
+std::string msvcLine(const Place& place, std::string_view severity, std::string_view text) {
+    std::string line;
+    appendPrintable(line, place.path);
+    line += '(' + std::to_string(place.line) + ") : ";
+    line.append(severity == "note" ? "information" : severity);
+    line += ": col " + std::to_string(place.column) + ": ";
+    appendPrintable(line, text);
+    return line;
+}
+
+} // namespace
+
+std::string messageLine(const Place& place, std::string_view severity, std::string_view text,
+                        const MessageStyle& style) {
+    if (style.format == MessageFormat::json) return jsonLine(place, severity, text);
+    if (style.format == MessageFormat::msvc) return msvcLine(place, severity, text);
+    std::string line;
+    appendPrintable(line, place.path);
+    line += ':' + std::to_string(place.line) + ':' + std::to_string(place.column) + ": ";
+    appendSeverity(line, severity, style);
+    appendPrintable(line, text);
+    return line;
+}
+
+std::string programLine(std::string_view severity, std::string_view text, const MessageStyle& style) {
+    if (style.format == MessageFormat::json) return dumped({{"severity", severity}, {"text", text}});
+    std::string line = "kerfline: ";
+    appendSeverity(line, severity, style);
+    appendPrintable(line, text);
+    return line;
+}
+
+void Report::error(const Place& place, std::string_view text, ExitStatus status) {
+    add(place, "error", text);
+    raise(status);
+}
+
+void Report::add(const Place& place, std::string_view severity, std::string_view text) {
+    lines_.push_back(messageLine(place, severity, text, style_));
+}
+
+void Report::addGeneral(std::string_view severity, std::string_view text) {
+    lines_.push_back(programLine(severity, text, style_));
+}
+
+void Report::checkOutput(std::ostream& out) {
+    errno = 0;
+    out.flush();
+    if (out) return;
+    const std::string reason = errno != 0 ? std::generic_category().message(errno) : "cannot be written";
+    error({"<stdout>"}, reason, ExitStatus::fileFailed);
+}
+
+void Report::raise(ExitStatus status) {
+    if (status > status_) status_ = status;
+}
+
+void Report::merge(Report&& other) {
+    lines_.insert(lines_.end(), std::make_move_iterator(other.lines_.begin()),
+                  std::make_move_iterator(other.lines_.end()));
+    raise(other.status_);
+    other.lines_.clear();
+}
+
+void Report::flush(std::ostream& out) {
+    for (const std::string& line : lines_) out << line << '\n';
+    out.flush();
+    lines_.clear();
+}
+
+} // namespace Cli

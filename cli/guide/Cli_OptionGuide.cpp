@@ -1,0 +1,67 @@
+#include "cli/guide/Cli_OptionGuide.h"
+
+#include "cli/guide/Cli_OptionList.h"
+#include "cli/run/Cli_Commands.h"
+#include "cli/run/Cli_OtherProgram.h"
+#include "cli/scheme/Cli_NearestName.h"
+#include "help/Help_OptionEntry.h"
+#include "help/Help_PlainText.h"
+#include "help/Help_Topic.h"
+
+namespace Cli {
+
+namespace {
+
+ExitStatus failUnknownOption(const std::string& name, const Streams& streams) {
+    std::vector<std::string_view> names;
+    for (const auto table : {Norvane::propertyCatalogue(), Norvane::pageKeyCatalogue()}) {
+        for (const Norvane::PropertyInfo& option : table) names.push_back(option.name);
+    }
+    const std::string hint = nearestNameHint(name, names);
+    const std::string rest = hint.empty() ? "; kerfline options lists all" : hint;
+    return failUsage("unknown option \"" + name + '"' + rest, streams);
+}
+
+ExitStatus openWindow(const Streams& streams) {
+    constexpr int kCannotRun = 127;
+    const auto status = runOtherProgram({besideThisProgram("kerfline-options")});
+    if (status && *status != kCannotRun) return *status == 0 ? ExitStatus::done : ExitStatus::fileFailed;
+    streams.err << "kerfline: error: the window for options, kerfline-options, is not installed\n";
+    return ExitStatus::fileFailed;
+}
+
+} // namespace
+
+std::string optionGuide(const Norvane::PropertyInfo& option) {
+    Help::Document document;
+    Help::appendOption(document, option);
+    std::string text = Help::plainText(document);
+    if (const Help::Topic* topic = Help::topicOf(option.name)) {
+        const std::string_view name = topic->file.substr(0, topic->file.find('.'));
+        text.append("\n\"kerfline help ").append(name).append("\" tells of all options like it.\n");
+    }
+    return text;
+}
+
+ExitStatus runOptionsCommand(const std::vector<std::string>& arguments, const Streams& streams) {
+    if (arguments == std::vector<std::string>{"--edit"}) return openWindow(streams);
+    std::vector<const Norvane::PropertyInfo*> options;
+    for (const std::string& name : arguments) {
+        if (name.starts_with('-')) {
+            return failUsage("\"kerfline options\" takes names of options or \"--edit\", and no \"" + name + '"',
+                             streams);
+        }
+        options.push_back(Norvane::findProperty(name));
+        if (!options.back()) return failUnknownOption(name, streams);
+    }
+    if (options.empty()) {
+        listSchemeOptions(streams.out);
+        streams.out << "\n\"kerfline options NAME\" tells more of one, with examples.\n";
+    }
+    for (const Norvane::PropertyInfo* option : options) {
+        streams.out << (option == options.front() ? "" : "\n") << optionGuide(*option);
+    }
+    return ExitStatus::done;
+}
+
+} // namespace Cli

@@ -1,0 +1,33 @@
+#include "cli/run/Cli_OtherProgram.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace Cli {
+
+std::optional<int> runOtherProgram(std::vector<std::string> words) {
+    std::vector<char*> arguments;
+    for (std::string& word : words) arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    pid_t child = 0;
+    if (::posix_spawnp(&child, arguments.front(), nullptr, nullptr, arguments.data(), environ) != 0) return {};
+    int status = 0;
+    while (::waitpid(child, &status, 0) < 0) {
+        if (errno != EINTR) return {};
+    }
+    if (!WIFEXITED(status)) return {};
+    return WEXITSTATUS(status);
+}
+
+std::string besideThisProgram(const std::string& name) {
+    std::error_code failure;
+    const auto path = std::filesystem::read_symlink("/proc/self/exe", failure).parent_path() / name;
+    return std::filesystem::exists(path, failure) ? path.string() : name;
+}
+
+} // namespace Cli

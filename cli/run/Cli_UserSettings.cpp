@@ -1,0 +1,20 @@
+#include "cli/run/Cli_UserSettings.h"
+
+#include "addin/Addin_Settings.h"
+
+namespace Cli {
+
+Addin::AddInOptions readUserSettings(NorvaneUI::FileSystem& files, Addin::Host& host) {
+    Addin::AddInOptions options;
+    options.createBackups = false;
+    const std::string path = host.settingsFile();
+    if (path.empty()) return options;
+    Addin::Settings settings(files, path);
+    const NorvaneUI::PropertySetStore noSchemes({}, files);
+    Addin::ReadRegOptions(host, settings, noSchemes, options);
+    options.createBackups = false;
+    settings.getBool("CreateBackups", options.createBackups);
+    return options;
+}
+
+} // namespace Cli

@@ -1,0 +1,144 @@
+#include "src/expr/Norvane_ExprCopier.h"
+
+#include "src/expr/Norvane_Gap.h"
+#include "streams/Zelmar_Columns.h"
+
+#include <algorithm>
+#include <string>
+
+namespace Norvane {
+
+int hangingColumn(const OptionalString& wsBefore, std::string_view hanging, int column, int tabSize) {
+    if (!wsBefore.breaksLine()) return column;
+    std::string left = wsBefore.value;
+    const std::size_t feed = left.rfind('\n');
+    left.erase(0, feed == 0 ? 1 : feed - 1);
+    left.append(hanging);
+    return Zelmar::textColumnBack(left, column, tabSize);
+}
+
+void ExprCopier::copyTo(std::size_t offset) {
+    const std::vector<std::size_t>& multiLine = tokens_.multiLineTokens();
+    while (nextMultiLine_ < multiLine.size() && tokens_.begin(multiLine[nextMultiLine_]) < offset) {
+        const std::size_t index = multiLine[nextMultiLine_];
+        if (tokens_.kind(index) == Cpp::tkStringLiteral) {
+            copyString(index, offset);
+        } else if (at_ < tokens_.end(index)) {
+            copyMoved(index);
+        }
+        if (at_ < tokens_.end(index)) return;
+        ++nextMultiLine_;
+    }
+    copyPlain(offset);
+}
+
+/// The first character still goes by the rules: the literal can stand at the start of a line.
+void ExprCopier::copyString(std::size_t index, std::size_t offset) {
+    const std::size_t end = std::min(offset, tokens_.end(index));
+    copyPlain(tokens_.begin(index) + 1);
+    if (end <= at_) return;
+    output_.writeVerbatim(tokens_.text().substr(at_, end - at_));
+    at_ = end;
+}
+
+void ExprCopier::copyPlain(std::size_t offset) {
+    const std::string_view text = tokens_.text();
+    while (keepsShape() && at_ < offset) {
+        const std::size_t stop = std::min(offset, shape_.end);
+        const std::size_t feed = text.substr(0, stop).find('\n', at_);
+        const std::size_t end = feed == std::string_view::npos ? stop : feed + 1;
+        output_.write(text.substr(at_, end - at_));
+        at_ = end;
+        if (feed != std::string_view::npos) indentLine(at_);
+    }
+    if (shape_.end > 0 && !keepsShape()) leaveShape();
+    if (offset <= at_) return;
+    output_.write(text.substr(at_, offset - at_));
+    at_ = offset;
+}
+
+void ExprCopier::keepShapeUpTo(std::size_t close) {
+    if (output_.keepLeadingWs() || keepsShape()) return;
+    std::string_view before = tokens_.gap(close);
+    const std::size_t feed = before.rfind('\n');
+    if (feed == std::string_view::npos && !tokens_.endsLine(close - 1)) return;
+    if (feed != std::string_view::npos) before.remove_prefix(feed + 1);
+    if (!isBlank(before)) return;
+    shape_ = {tokens_.begin(close), Zelmar::textColumn(before, 0, output_.tabSize()), output_.indent()};
+}
+
+void ExprCopier::leaveShape() {
+    output_.setIndent(shape_.indent);
+    shape_.end = 0;
+}
+
+/// Sets the indent of a line inside braces that keep their shape.
+void ExprCopier::indentLine(std::size_t lineBegin) {
+    const std::string_view text = tokens_.text();
+    std::size_t first = lineBegin;
+    while (first < shape_.end && (text[first] == ' ' || text[first] == '\t')) ++first;
+    const int tabSize = output_.tabSize();
+    const int column = Zelmar::textColumn(text.substr(lineBegin, first - lineBegin), 0, tabSize);
+    const int distance = first < shape_.end ? std::max(column - shape_.column, 0) : 0;
+    const int width = Zelmar::textColumn(shape_.indent, 0, tabSize) + distance;
+    output_.setIndent(distance > 0 ? Zelmar::makeIndent(shape_.indent, output_.wsMode(), tabSize, width)
+                                   : shape_.indent);
+}
+
+bool ExprCopier::isReplaceable(std::size_t index) const {
+    if (index > 0 && tokens_.endsLine(index - 1)) return false;
+    if (index < tokens_.size() && tokens_.kind(index) == Cpp::tkDirective) return false;
+    if (index < tokens_.size() && tokens_.endsSpaceship(index)) return false;
+    return isBlank(tokens_.gap(index));
+}
+
+std::string_view ExprCopier::safeValue(std::size_t index, std::string_view ws) const {
+    if (!ws.empty() || index == 0 || index >= tokens_.size()) return ws;
+    const std::size_t left = tokens_.gapBegin(index);
+    const std::size_t right = tokens_.gapEnd(index);
+    if (left == right || left == 0 || right >= tokens_.text().size()) return ws;
+    const std::string_view last = tokens_.token(index - 1);
+    const std::string_view next = tokens_.text().substr(right);
+    const bool makesMemberPointer = last == "->" && next.front() == '*';
+    return makesMemberPointer || Cpp::needsBlank(last, next) ? " " : ws;
+}
+
+void ExprCopier::replaceGap(std::size_t index, std::string_view ws, bool exact) {
+    copyTo(tokens_.gapBegin(index));
+    if (at_ > tokens_.gapBegin(index) || !isReplaceable(index)) return;
+    if (keepsShape() && tokens_.gapEnd(index) >= shape_.end) leaveShape();
+    const std::string_view value = safeValue(index, ws);
+    if (exact) {
+        output_.writeExact(value);
+    } else {
+        output_.write(value);
+    }
+    skipTo(tokens_.gapEnd(index));
+}
+
+void ExprCopier::copyDirective(std::size_t index, const DirectivePlace& place) {
+    copyTo(tokens_.gapBegin(index));
+    const std::string_view gap = tokens_.text().substr(at_, std::max(tokens_.begin(index), at_) - at_);
+    const std::size_t feed = gap.rfind('\n');
+    if (keepsShape() && feed != std::string_view::npos) indentLine(at_ + feed + 1);
+    writeDirective(gap, tokens_.token(index), sourceColumn(index), place, output_);
+    at_ = std::max(at_, tokens_.end(index));
+    if (keepsShape() && tokens_.endsLine(index)) indentLine(at_);
+}
+
+void ExprCopier::copyMoved(std::size_t index) {
+    copyPlain(tokens_.begin(index));
+    writeMovedToken(tokens_.token(index), sourceColumn(index), output_);
+    at_ = std::max(at_, tokens_.end(index));
+}
+
+/// Column of a token in its line, from 0; -1 on the first line of the text, of which nobody knows
+/// where in the source it began.
+int ExprCopier::sourceColumn(std::size_t index) const {
+    const std::string_view before = tokens_.text().substr(0, tokens_.begin(index));
+    const std::size_t feed = before.rfind('\n');
+    if (feed == std::string_view::npos) return -1;
+    return Zelmar::textColumn(before.substr(feed + 1), 0, output_.tabSize());
+}
+
+} // namespace Norvane

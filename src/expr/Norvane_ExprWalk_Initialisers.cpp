@@ -1,0 +1,67 @@
+#include "src/expr/Norvane_ExprWalk.h"
+
+#include "src/expr/Norvane_Gap.h"
+
+namespace Norvane {
+
+namespace {
+
+// Initialisers nested deeper add no more to the indent: with every level the lines would get longer
+// than anyone can read, and with brackets in brackets the white space would outgrow the text by far.
+constexpr int kMaxIndentedBraces = 200;
+
+} // namespace
+
+void ExprWalk::writeAssignment() {
+    noteOperator(Cpp::tkAssign);
+    if (!writeBraces(at_)) writeDefault();
+}
+
+/// Writes the opening brace behind `assign` and enters its group. Returns false if there is none.
+bool ExprWalk::writeBraces(std::size_t assign) {
+    std::size_t open = assign + 1;
+    while (Cpp::isCommentOrDirective(kindAt(open))) ++open;
+    if (kindAt(open) != Cpp::tkOpenBrace) return false;
+    skipComments();
+    decide(open, options_.beforeInitBrace);
+    at_ = open;
+    const std::size_t close = mateInFrame(open);
+    if (close == ExprTokens::kNone) {
+        ++at_;
+    } else if (close == open + 1) {
+        if (options_.initBraces.isSet()) decide(close, std::string_view());
+        at_ = close;
+    } else {
+        enterBraces(open, close);
+    }
+    return true;
+}
+
+/// The value behind the brace still goes by the indent of what stands outside.
+void ExprWalk::enterBraces(std::size_t open, std::size_t close) {
+    const bool keepsComment =
+        tokens_.kind(open + 1) == Cpp::tkLineComment && !hasLineFeed(tokens_.gap(open + 1));
+    if (!keepsComment) decide(open + 1, options_.initBraces.afterOpen);
+    settle();
+    copier_.copyTo(tokens_.end(open));
+    pushGroup(ExprGroup::kInitialiser, open, close, options_.initBraces);
+    if (options_.initElements.isSet()) frame().list = &options_.initElements;
+    const bool isDeep = ++indentedBraces_ > kMaxIndentedBraces;
+    if (isDeep || !options_.initIndent.set || copier_.keepsShape()) return;
+    frame().addedIndent = true;
+    frame().indentLength = output_.indent().size();
+    frame().keepLeadingWs = output_.keepLeadingWs();
+    output_.setIndent(output_.indent() + options_.initIndent.value);
+    output_.setKeepLeadingWs(false);
+}
+
+void ExprWalk::leaveBraces(const ExprFrame& left) {
+    settle();
+    copier_.copyTo(tokens_.gapBegin(left.end));
+    --indentedBraces_;
+    if (!left.addedIndent) return;
+    output_.setIndent(output_.indent().substr(0, left.indentLength));
+    output_.setKeepLeadingWs(left.keepLeadingWs);
+}
+
+} // namespace Norvane

@@ -1,0 +1,277 @@
+#include "src/format/Norvane_CppFormatter.h"
+
+#include "src/expr/Norvane_Gap.h"
+#include "src/format/Norvane_CppFormatter_Guards.h"
+#include "src/format/Norvane_CppFormatter_Text.h"
+
+#include <algorithm>
+
+namespace Norvane {
+
+namespace {
+
+std::string withoutFeeds(std::string_view value) {
+    std::string text(value);
+    eraseChar(text, '\n');
+    return text;
+}
+
+bool endsInFeed(std::string_view value) {
+    return !value.empty() && value.back() == '\n';
+}
+
+/// The elements of a list in the order of the text. A comment inside a parameter may stand in front
+/// of it in the tree; it is copied with the parameter then.
+std::vector<Cpp::SyntaxNode*> elementsInOrder(Cpp::InteriorNode& list) {
+    std::vector<Cpp::SyntaxNode*> elements;
+    elements.reserve(list.size());
+    for (auto it = list.childBegin(); it != list.childEnd(); ++it) elements.push_back(it->get());
+    const auto isBefore = [](const auto* a, const auto* b) { return a->start() < b->start(); };
+    std::stable_sort(elements.begin(), elements.end(), isBefore);
+    Trn::Position reached;
+    std::erase_if(elements, [&reached](const Cpp::SyntaxNode* element) {
+        if (element->start() <= reached) return true;
+        reached = std::max(reached, element->end());
+        return false;
+    });
+    return elements;
+}
+
+} // namespace
+
+// A body without braces takes its extent from its only child.
+bool CppFormatter::hasBrace(const Cpp::InteriorNode& node) {
+    if (node.empty()) return node.start() != node.end();
+    return node.start() != node.child(0)->start();
+}
+
+void CppFormatter::writeChildren(Cpp::InteriorNode& node, const OptionalString& indent) {
+    const Edge edge(*this, indent);
+    const ChildScope scope(*this);
+    for (auto it = node.childBegin(); it != node.childEnd(); ++it) {
+        // Only the declarators right behind a class body belong to it.
+        if (afterClassBody_ && dynamic_cast<const Cpp::DataDeclNode*>(it->get()) == nullptr) {
+            afterClassBody_ = false;
+        }
+        (*it)->accept(*this);
+        if (!afterCaseLabel_) continue;
+        afterCaseLabel_ = false;
+        if (const auto next = std::next(it); next != node.childEnd()) writeBehindLabel(**next);
+    }
+}
+
+// The white space of the label is left to what follows where that has rules of its own: a directive
+// stands on its own line, and the gap in front of a block belongs to its brace.
+void CppFormatter::writeBehindLabel(const Cpp::SyntaxNode& next) {
+    if (!options_.wsAfterCsCaseLabels.set || isDirective(next)) return;
+    if (options_.globalWsBeforeOpenBrace.set && sourceChar(next.start()) == '{') return;
+    const std::string_view value = options_.wsAfterCsCaseLabels.value;
+    const std::string_view gap = readGapBefore(next, value);
+    if (isBlank(gap)) {
+        writeInPlace(splitGapEnd(gap, value).value, next);
+    } else {
+        output_.writeExact(value);
+        writeSource(trimmedLeft(gap));
+    }
+}
+
+// A child on its own line keeps the indentation of that line for itself, so that it can still
+// decide about it.
+std::string_view CppFormatter::readGapBefore(const Cpp::SyntaxNode& child, std::string_view value) {
+    const Position start = child.start();
+    return readUpTo(leavesIndent(child, value) ? Position{start.line, 1} : start);
+}
+
+bool CppFormatter::leavesIndent(const Cpp::SyntaxNode& child, std::string_view value) const {
+    return (endsInFeed(value) || isDirective(child)) && startsLine(child.start());
+}
+
+void CppFormatter::writeInPlace(std::string_view value, const Cpp::SyntaxNode& child) {
+    if (leavesIndent(child, value)) {
+        output_.writeExact(value);
+    } else {
+        writeInPlace(value);
+    }
+}
+
+void CppFormatter::writeBody(Cpp::InteriorNode& node, const BodyStyle& style) {
+    const bool braced = hasBrace(node);
+    writeBodyStart(node, style, braced);
+    if (node.empty()) {
+        if (braced) return writeEmptyBraces(node, style);
+        const Edge edge(*this, style.indent);
+        return copyThrough(node.end());
+    }
+    if (braced) writeOpenBrace(node, style);
+    writeChildren(node, style.indent);
+    if (braced) return writeCloseBrace(node, style);
+    copyThrough(node.end());
+}
+
+void CppFormatter::writeBodyStart(const Cpp::InteriorNode& node, const BodyStyle& style, bool braced) {
+    std::string_view value;
+    if (!takePending(node.start(), value)) return;
+    if (braced) {
+        const std::string_view gap = readUpTo(node.start());
+        if (gapIsInRegion_) return writeSource(gap);
+        const GapEnd end = splitGapEnd(gap, value);
+        writeKept(end.kept, holdsLineComment(gap) ? style.indent : noWs());
+        return writeAtBase(end.value, base());
+    }
+    const Cpp::SyntaxNode& first = node.empty() ? static_cast<const Cpp::SyntaxNode&>(node) : *node.child(0);
+    const GapEnd end = splitGapEnd(readGapBefore(first, value), value);
+    const Edge edge(*this, style.indent);
+    writeSource(end.kept);
+    writeInPlace(end.value, first);
+}
+
+void CppFormatter::writeKept(std::string_view text, const OptionalString& indent) {
+    const Edge edge(*this, indent);
+    writeSource(text);
+}
+
+void CppFormatter::writeOpenBrace(const Cpp::InteriorNode& node, const BodyStyle& style) {
+    copyThrough(node.start());
+    if (isInRegion(node.start())) return;
+    const Cpp::SyntaxNode& first = *node.child(0);
+    const Edge edge(*this, style.indent);
+    if (!style.wsAfterOpen.set) {
+        // With an option of its own the child would add its white space to that of the source.
+        if (!ownsGap(first)) writeSource(readUpTo(lineOrStart(first)));
+        return;
+    }
+    std::string_view value = style.wsAfterOpen.value;
+    if (isDirective(first) && startsLine(first.start())) {
+        value = style.wsAfterOpen.breaksLine() ? throughLastFeed(value) : std::string_view("\n");
+    }
+    const std::string_view gap = readGapBefore(first, value);
+    if (!isBlank(gap)) {
+        writeAfterOpen(gap, value);
+    } else if (sourceOwnsEdge()) {
+        writeInPlace(value, first);
+    } else {
+        output_.write(value);
+    }
+}
+
+bool CppFormatter::ownsGap(const Cpp::SyntaxNode& child) const {
+    if (options_.globalWsBeforeOpenBrace.set && sourceChar(child.start()) == '{') return true;
+    return options_.wsBeforeAccessSpecs.set && dynamic_cast<const Cpp::AccessSpecNode*>(&child) != nullptr;
+}
+
+Trn::Position CppFormatter::lineOrStart(const Cpp::SyntaxNode& child) const {
+    const Position start = child.start();
+    return startsLine(start) ? Position{start.line, 1} : start;
+}
+
+void CppFormatter::writeAfterOpen(std::string_view gap, std::string_view value) {
+    if (!startsInLineComment(gap)) {
+        output_.write(value);
+        return writeSource(trimmedLeft(gap));
+    }
+    std::string text(gap);
+    replaceGapStart(text, hasLineFeed(value) ? value.substr(value.find('\n') + 1) : std::string_view());
+    output_.write(text);
+}
+
+void CppFormatter::writeCloseBrace(const Cpp::InteriorNode& node, const BodyStyle& style) {
+    const std::string_view gap = readUpTo(node.end());
+    if (style.wsBeforeClose.set) {
+        const GapEnd end = splitGapEnd(gap, style.wsBeforeClose.value);
+        writeKept(end.kept, style.indent);
+        // A comment or a directive has ended the line already.
+        if (output_.column() == 0) {
+            writeAtBase(withoutFeeds(end.value), base());
+        } else {
+            writeAtBase(end.value, base());
+        }
+    } else {
+        const std::size_t kept = trimmedRight(gap).size();
+        writeKept(gap.substr(0, kept), style.indent);
+        writeSource(gap.substr(kept));
+    }
+    copyThrough(node.end());
+}
+
+// Both values may break the line, but an empty pair takes one line feed only.
+void CppFormatter::writeEmptyBraces(const Cpp::InteriorNode& node, const BodyStyle& style) {
+    copyThrough(node.start());
+    const std::string_view gap = readUpTo(node.end());
+    const OptionalString& after = style.wsAfterOpen;
+    const OptionalString& before = style.wsBeforeClose;
+    if (!after.set && !before.set) {
+        writeKept(gap, style.indent);
+    } else if (isBlank(gap)) {
+        std::string value = after.value;
+        value += after.breaksLine() && before.breaksLine() ? withoutFeeds(before.value) : before.value;
+        writeAtBase(value, base());
+    } else {
+        const Edge edge(*this, style.indent);
+        const GapEnd end = before.set ? splitGapEnd(gap, before.value) : GapEnd{gap, {}};
+        if (after.set) {
+            writeAfterOpen(end.kept, after.value);
+        } else {
+            writeSource(end.kept);
+        }
+        writeAtBase(end.value, base());
+    }
+    copyThrough(node.end());
+}
+
+void CppFormatter::writeList(Cpp::InteriorNode& list, const ListStyle& style) {
+    const std::vector<Cpp::SyntaxNode*> elements = elementsInOrder(list);
+    if (elements.empty()) return;
+    const bool breaks = style.wsComma.breaksLine() || style.wsBetween.breaksLine();
+    if (!breaks) return writeElementsOf(elements, style);
+    const std::string indent = baseIndent(beginAt(elements.front()->start()));
+    const Edge edge(*this, indent, false);
+    writeElementsOf(elements, style);
+}
+
+void CppFormatter::writeElementsOf(const std::vector<Cpp::SyntaxNode*>& elements, const ListStyle& style) {
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        elements[i]->accept(*this);
+        if (i + 1 < elements.size()) writeListGap(*elements[i], *elements[i + 1], style);
+    }
+}
+
+void CppFormatter::writeListGap(const Cpp::SyntaxNode& element, const Cpp::SyntaxNode& next,
+                                const ListStyle& style) {
+    const bool directive = isDirective(next);
+    const OptionalString* between = &style.wsBetween;
+    if (between->breaksLine()) {
+        if (isLineComment(element) || isLineComment(next) || directive) between = &noWs();
+    } else if (directive && between->set) {
+        between = &lineFeedWs();
+    }
+    const std::string_view gap = readUpTo(directive ? lineOrStart(next) : next.start());
+    if (!style.wsComma.set && !between->set) return writeSource(gap);
+    if (!style.wsComma.breaksLine() && gap.find_first_of("/#\"'(<[{\\") == std::string_view::npos) {
+        return writePlainListGap(gap, {style.wsComma, *between});
+    }
+    std::string text(gap);
+    if (between->breaksLine() && holdsLineComment(gap)) trimGapRight(text);
+    const Zelmar::IndentStreamState state = output_.state();
+    output_.writeRaw(exprFormatter_.formatAlignedList(text, Cpp::tkComma, style.wsComma, *between, state));
+}
+
+// A gap without a comma lies beside a comment and stays.
+void CppFormatter::writePlainListGap(std::string_view gap, const ListStyle& style) {
+    const std::size_t comma = gap.find(',');
+    if (comma == std::string_view::npos) return writeSource(gap);
+    if (style.wsComma.set) {
+        output_.write(trimmedRight(gap.substr(0, comma)));
+        output_.writeExact(style.wsComma.value);
+    } else {
+        output_.write(gap.substr(0, comma));
+    }
+    output_.put(',');
+    const std::string_view behind = gap.substr(comma + 1);
+    if (style.wsBetween.set && isBlank(behind)) {
+        output_.writeExact(style.wsBetween.value);
+    } else {
+        output_.write(behind);
+    }
+}
+
+} // namespace Norvane

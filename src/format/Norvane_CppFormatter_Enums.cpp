@@ -1,0 +1,73 @@
+#include "src/format/Norvane_CppFormatter.h"
+
+#include "src/expr/Norvane_Gap.h"
+#include "src/format/Norvane_CppFormatter_Guards.h"
+
+#include <cstdint>
+
+namespace Norvane {
+
+void CppFormatter::visit(Cpp::EnumDeclNode& node) {
+    beginDeclaration(node);
+    Base column = base();
+    const PendingScope pending(*this);
+    if (node.head() != nullptr) {
+        column = beginAt(node.head()->start());
+        node.head()->accept(*this);
+        if (node.body() != nullptr) pushPending(options_.wsBeforeEnumOpenBrace);
+    }
+    const BaseScope scope(*this, column);
+    if (node.body() != nullptr) node.body()->accept(*this);
+}
+
+void CppFormatter::visit(Cpp::EnumBodyNode& node) {
+    const BodyStyle style{options_.indentEnumContent, options_.wsAfterEnumOpenBrace, options_.wsBeforeEnumCloseBrace};
+    const bool isList = options_.wsBeforeEnumComma.set || options_.wsBetweenEnumElements.set || options_.alignEnumInitializers;
+    if (node.empty() || !isList || !hasBrace(node)) return writeBody(node, style);
+    writeBodyStart(node, style, true);
+    writeOpenBrace(node, style);
+    writeElements(node);
+    writeCloseBrace(node, style);
+}
+
+// A value between the elements that breaks no line joins those that no line comment and no directive
+// keeps apart.
+bool CppFormatter::onSeparateLines(const Cpp::EnumBodyNode& node) const {
+    if (options_.wsBeforeEnumComma.breaksLine() || options_.wsBetweenEnumElements.breaksLine()) return true;
+    std::uint32_t last = 0;
+    bool endsLine = true;
+    for (auto it = node.childBegin(); it != node.childEnd(); ++it) {
+        const std::uint32_t line = (*it)->start().line;
+        const bool isLineNote = isLineComment(**it) || isDirective(**it);
+        const bool joined = options_.wsBetweenEnumElements.set && !endsLine && !isLineNote;
+        if (line == last || joined) return false;
+        last = line;
+        endsLine = isLineNote;
+    }
+    return true;
+}
+
+// The elements are laid out as one text, commas and comments included.
+void CppFormatter::writeElements(const Cpp::EnumBodyNode& node) {
+    const Edge edge(*this, options_.indentEnumContent);
+    const OptionalString& comma = options_.wsBeforeEnumComma;
+    const OptionalString& between = options_.wsBetweenEnumElements;
+    std::string text(readThrough(node.child(node.size() - 1)->end()));
+    Zelmar::IndentStreamState state = output_.state();
+    if (sourceOwnsEdge() && (comma.breaksLine() || between.breaksLine())) {
+        // The lines to come get the indentation of the first one.
+        state.keepLeadingWs = false;
+        const std::size_t indent = text.size() - trimmedLeft(text).size();
+        state.indent = output_.column() == 0 ? text.substr(0, indent) : baseIndent(baseHere());
+    }
+    text = exprFormatter_.format(text, state);
+    if (comma.set || between.set) text = exprFormatter_.formatAlignedList(text, Cpp::tkComma, comma, between, state);
+    // A comma behind the last element has brought the white space of one more.
+    trimGapRight(text);
+    if (options_.alignEnumInitializers && node.size() > 1 && onSeparateLines(node)) {
+        text = exprFormatter_.alignAssignments(text, state);
+    }
+    output_.writeRaw(text);
+}
+
+} // namespace Norvane

@@ -1,0 +1,269 @@
+#include "src/format/Norvane_CppFormatter.h"
+
+#include "cpp/Cpp_Scanner.h"
+#include "src/expr/Norvane_Gap.h"
+#include "src/format/Norvane_CppFormatter_Guards.h"
+#include "src/format/Norvane_CppFormatter_Text.h"
+#include "streams/Zelmar_Columns.h"
+
+namespace Norvane {
+
+namespace {
+
+int keywordOf(const Cpp::CtrlSubStmtHeadNode* head) {
+    return head != nullptr && head->keyword() != nullptr ? head->keyword()->keyword() : Cpp::tkInvalid;
+}
+
+/// The "else" part holds nothing but an "if" that follows it directly.
+bool isElseIf(const Cpp::CtrlSubStmtNode& node) {
+    if (keywordOf(node.head()) != Cpp::tkElse || node.block() == nullptr || node.block()->size() != 1) return false;
+    const auto* nested = dynamic_cast<const Cpp::CtrlStmtNode*>(node.block()->child(0));
+    if (nested == nullptr || nested->empty()) return false;
+    const auto* first = dynamic_cast<const Cpp::CtrlSubStmtNode*>(nested->child(0));
+    return first != nullptr && first->start() == node.block()->start() && keywordOf(first->head()) == Cpp::tkIf;
+}
+
+struct Semicolons {
+    std::size_t first = std::string_view::npos;
+    std::size_t last = std::string_view::npos;
+};
+
+/// The semicolons that part the clauses of a "for" head. Those in literals, comments and the bodies
+/// of closures do not.
+Semicolons findSemicolons(std::string_view text) {
+    Semicolons found;
+    Cpp::Scanner scanner(text);
+    int depth = 0;
+    for (Cpp::RawToken token; scanner.next(token);) {
+        depth += bracketStep(token.type);
+        if (token.type != Cpp::tkSemicolon || depth != 0) continue;
+        if (found.first == std::string_view::npos) found.first = token.begin;
+        found.last = token.begin;
+    }
+    return found;
+}
+
+} // namespace
+
+void CppFormatter::visit(Cpp::BlockNode& node) {
+    const PendingScope pending(*this);
+    const BaseScope scope(*this, beginBlock(node));
+    writeBody(node, {options_.globalIndentContent, options_.globalWsAfterOpenBrace, options_.globalWsBeforeCloseBrace});
+}
+
+CppFormatter::Base CppFormatter::beginBlock(const Cpp::BlockNode& node) {
+    const OptionalString& option = options_.globalWsBeforeOpenBrace;
+    const Position start = node.start();
+    if (option.set && output_.column() == 0 && isBlank(input_.peekUpTo(start))) {
+        writeBlockOnNewLine(node);
+    } else if (option.set) {
+        const Base line = lineBase();
+        const GapEnd end = splitGapEnd(readGapBefore(node, option.value), option.value);
+        writeSource(end.kept);
+        if (sourceOwnsEdge() && hasLineFeed(end.value) && !leavesIndent(node, option.value)) {
+            writeAtBase(end.value, line);
+        } else {
+            output_.writeExact(end.value);
+        }
+    }
+    copyUpTo(start);
+    return lineBase();
+}
+
+// The line of the brace has begun: one line feed of the value is there already, and blanks alone
+// part the brace from nothing.
+void CppFormatter::writeBlockOnNewLine(const Cpp::BlockNode& node) {
+    readUpTo(sourceOwnsEdge() ? lineOrStart(node) : node.start());
+    std::string_view value = options_.globalWsBeforeOpenBrace.value;
+    value = value.substr(value.starts_with('\n') ? 1 : value.size());
+    output_.writeExact(sourceOwnsEdge() ? value.substr(0, value.rfind('\n') + 1) : value);
+}
+
+// A block has the indentation of the line on which it opens.
+CppFormatter::Base CppFormatter::lineBase() {
+    Base base = baseHere();
+    base.column = output_.indentWidth();
+    if (base.ofSource) {
+        const std::string_view indent = std::string_view(output_.text()).substr(base.lineBegin, base.indentSize);
+        base.column = Zelmar::textColumn(indent, 0, output_.tabSize());
+    }
+    return base;
+}
+
+void CppFormatter::visit(Cpp::CtrlStmtNode& node) {
+    if (node.empty()) return;
+    Base column = base();
+    if (inElseIf_) {
+        joinElseIf(node.start());
+    } else {
+        column = beginAt(node.start());
+        if (isFunctionTry(node)) column = lineBase();
+    }
+    const BaseScope scope(*this, column);
+    const OptionalString& separator = separatorOf(node);
+    bool previousNoted = false;
+    for (auto it = node.childBegin(); it != node.childEnd(); ++it) {
+        const bool noted = isNote(**it);
+        if (it != node.childBegin() && separator.set && !noted && !previousNoted) {
+            writeGapEnd(readUpTo((*it)->start()), separator.value, base());
+        }
+        (*it)->accept(*this);
+        previousNoted = noted;
+    }
+}
+
+// A "try" behind the parameters of a function is the start of its body.
+bool CppFormatter::isFunctionTry(const Cpp::CtrlStmtNode& node) const {
+    const auto* part = dynamic_cast<const Cpp::CtrlSubStmtNode*>(node.child(0));
+    if (part == nullptr || keywordOf(part->head()) != Cpp::tkTry || startsLine(node.start())) return false;
+    return trimmedRight(sourceText().substr(0, source_.offsetOf(node.start()))).ends_with(')');
+}
+
+// The "if" of an "else if" stands behind its "else". A comment between them keeps its distance.
+void CppFormatter::joinElseIf(const Position& start) {
+    const std::string_view gap = readUpTo(start);
+    if (sourceOwnsEdge() || startsInLineComment(gap) || endsInLineComment(gap)) return writeSource(gap);
+    const std::string_view inner = trimmedBoth(gap);
+    if (!inner.empty()) {
+        output_.writeExact(" ");
+        writeSource(inner);
+    }
+    output_.writeExact(" ");
+}
+
+// Where the first part has no braces, the next one would read as part of its statement.
+const OptionalString& CppFormatter::separatorOf(const Cpp::CtrlStmtNode& node) const {
+    if (!options_.wsBetweenCs.set || node.size() < 2) return noWs();
+    const auto* first = dynamic_cast<const Cpp::CtrlSubStmtNode*>(node.child(0));
+    const bool braced = first != nullptr && first->block() != nullptr && hasBrace(*first->block());
+    return braced ? options_.wsBetweenCs : lineFeedWs();
+}
+
+void CppFormatter::visit(Cpp::CtrlSubStmtNode& node) {
+    inElseIf_ = !inElseIf_ && isElseIf(node);
+    if (node.head() != nullptr) node.head()->accept(*this);
+    if (node.block() != nullptr) writeCtrlBody(*node.block(), node.head());
+}
+
+// An "if" behind an "else" is not indented against it.
+void CppFormatter::writeCtrlBody(Cpp::BlockNode& body, const Cpp::CtrlSubStmtHeadNode* head) {
+    static const OptionalString atBase{true, ""};
+    const OptionalString& after = options_.wsAfterCsOpenBrace;
+    const OptionalString& before = options_.wsBeforeCsCloseBrace;
+    const PendingScope pending(*this);
+    if (inElseIf_) {
+        writeBody(body, {sourceOwnsEdge() ? noWs() : atBase, after, before});
+        inElseIf_ = false;
+        return;
+    }
+    if (head != nullptr) pushPending(hasBrace(body) ? options_.wsBeforeCsOpenBrace : after);
+    const bool isSwitch = keywordOf(head) == Cpp::tkSwitch;
+    writeBody(body, {isSwitch ? options_.indentCsCaseContent : options_.indentCsContent, after, before});
+}
+
+void CppFormatter::visit(Cpp::CtrlSubStmtHeadNode& node) {
+    if (node.keyword() != nullptr) node.keyword()->accept(*this);
+    if (node.condition() == nullptr) return;
+    const Position start = node.condition()->start();
+    const bool sourceEdge = sourceOwnsEdge();
+    const Edge edge(*this, {}, true);
+    if (options_.wsAfterCsKey.set) {
+        std::string gap(readUpTo(start));
+        replaceGapEnds(gap, {}, {});
+        output_.writeExact(gap);
+        // Behind a line comment blanks part the parenthesis from nothing.
+        writeAtBase(output_.column() == 0 ? std::string_view() : options_.wsAfterCsKey.value, base());
+    }
+    copyUpTo(start);
+    writeCondition(keywordOf(&node), readThrough(node.condition()->end()), sourceEdge);
+}
+
+void CppFormatter::writeCondition(int keyword, std::string_view text, bool sourceEdge) {
+    if (text.size() < 2 || text.front() != '(' || text.back() != ')') return formatCondition(keyword, text);
+    output_.put('(');
+    Base paren = baseHere();
+    paren.ofSource = sourceEdge;
+    const bool clauses = keyword == Cpp::tkFor && (options_.alignForClausesLeft || options_.wsBetweenCsForClauses.set);
+    const bool placed = clauses || options_.wsAfterCsOpenParen.set || options_.wsBeforeCsCloseParen.set;
+    writeInParens(keyword, text.substr(1, text.size() - 2), paren);
+    --paren.column;
+    const Edge edge(*this, placed ? baseIndent(paren) : std::string(), true);
+    output_.put(')');
+}
+
+void CppFormatter::writeInParens(int keyword, std::string_view inner, const Base& paren) {
+    const OptionalString& open = options_.wsAfterCsOpenParen;
+    const OptionalString& close = options_.wsBeforeCsCloseParen;
+    if (keyword == Cpp::tkFor && writeForClauses(inner, paren)) return;
+    if (!open.set && !close.set) return formatCondition(keyword, inner);
+    std::string text(inner);
+    if (open.set) replaceGapStart(text, open.value);
+    if (close.set) replaceGapEnd(text, close.value);
+    const Edge edge(*this, baseIndent(paren), false);
+    formatCondition(keyword, text);
+}
+
+// Only the first clause of a "for" can declare anything: in the others "*" and "&" are operators.
+void CppFormatter::formatCondition(int keyword, std::string_view text) {
+    if (keyword == Cpp::tkCatch) {
+        exprFormatter_.formatDeclarationTo(text, output_, options_.wsAfterParamTypeId);
+    } else if (keyword == Cpp::tkFor) {
+        const std::size_t first = findSemicolons(text).first;
+        const std::size_t declared = first == std::string_view::npos ? text.size() : first + 1;
+        exprFormatter_.formatDeclarationTo(text.substr(0, declared), output_, noWs());
+        exprFormatter_.formatTo(text.substr(declared), output_);
+    } else {
+        exprFormatter_.formatTo(text, output_);
+    }
+}
+
+// Returns false where no option asks for it, or where the head has no clauses.
+bool CppFormatter::writeForClauses(std::string_view inner, const Base& paren) {
+    const bool aligned = options_.alignForClausesLeft;
+    if (!aligned && !options_.wsBetweenCsForClauses.set) return false;
+    const Semicolons at = findSemicolons(inner);
+    if (at.first == std::string_view::npos) return false;
+    const std::string_view between = aligned ? std::string_view("\n") : options_.wsBetweenCsForClauses.value;
+    output_.writeExact(options_.wsAfterCsOpenParen.value);
+    Base clause = baseHere();
+    clause.ofSource = paren.ofSource;
+    const Edge edge(*this, baseIndent(aligned ? clause : paren), false);
+    writeForClause(inner.substr(0, at.first + 1), {}, true);
+    if (at.last != at.first) writeForClause(inner.substr(at.first + 1, at.last - at.first), between, false);
+    writeForClause(inner.substr(at.last + 1), between, at.last == at.first);
+    if (output_.column() != 0) output_.writeExact(options_.wsBeforeCsCloseParen.value);
+    return true;
+}
+
+// A comment behind a semicolon stays on its line.
+void CppFormatter::writeForClause(std::string_view clause, std::string_view wsBefore, bool isDeclaration) {
+    const std::string_view visible = trimmedLeft(clause);
+    const std::string_view gap = clause.substr(0, clause.size() - visible.size());
+    const std::string_view text = endsInLineComment(visible) ? visible : trimmedRight(visible);
+    if (text.empty()) return;
+    const bool noteOnLine = startsInLineComment(visible) && !hasLineFeed(gap);
+    output_.writeExact(noteOnLine ? gap : wsBefore);
+    if (visible.front() == '#' && output_.column() != 0) output_.put('\n');
+    if (isDeclaration) {
+        exprFormatter_.formatDeclarationTo(text, output_, noWs());
+    } else {
+        exprFormatter_.formatTo(text, output_);
+    }
+}
+
+void CppFormatter::visit(Cpp::CaseNode& node) {
+    const std::string_view gap = readUpTo(node.start());
+    const std::size_t line = gap.rfind('\n') + 1;
+    writeSource(gap.substr(0, line));
+    const OptionalString& spec = options_.indentCsCaseLabels;
+    afterCaseLabel_ = true;
+    if (!spec.set && sourceOwnsEdge()) {
+        writeSource(gap.substr(line));
+        return copyThrough(node.end());
+    }
+    const Edge edge(*this, spec.set ? baseIndent(scopeBase()) + spec.value : baseIndent(scopeBase()), false);
+    writeSource(gap.substr(line));
+    copyThrough(node.end());
+}
+
+} // namespace Norvane

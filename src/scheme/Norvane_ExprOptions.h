@@ -1,0 +1,60 @@
+#ifndef KERFLINE_NORVANE_EXPROPTIONS_H
+#define KERFLINE_NORVANE_EXPROPTIONS_H
+
+#include "src/scheme/Norvane_OptionalString.h"
+#include "src/scheme/Norvane_PropertySet.h"
+
+namespace Norvane {
+
+/// Where a "*" or "&" stands between a type and a name.
+enum class PointerAnchor { kAsInSource, kAtType, kAtName };
+
+struct PointerStyle {
+    PointerAnchor anchor = PointerAnchor::kAsInSource;
+    /// Between the mark and what it stays with.
+    OptionalString ws;
+};
+
+/// The white space around a separated list and its elements.
+struct ListStyle {
+    OptionalString beforeComma;
+    OptionalString between;
+
+    bool isSet() const { return beforeComma.set || between.set; }
+    bool breaksLine() const { return beforeComma.breaksLine() || between.breaksLine(); }
+};
+
+/// The white space inside a pair of brackets.
+struct BracketStyle {
+    OptionalString afterOpen;
+    OptionalString beforeClose;
+
+    bool isSet() const { return afterOpen.set || beforeClose.set; }
+};
+
+/// The options of a scheme that lay out expressions, read once.
+struct ExprOptions {
+    explicit ExprOptions(const PropertySet& scheme);
+
+    OptionalString aroundOperator;
+    OptionalString afterCallName;
+    BracketStyle parens;
+    BracketStyle squares;
+    BracketStyle angles;
+    ListStyle callArgs;
+    ListStyle templateArgs; // has no white space in front of the comma
+    PointerStyle asterisk;
+    PointerStyle ampersand;
+    OptionalString beforeInitBrace;
+    BracketStyle initBraces;
+    ListStyle initElements;
+    OptionalString initIndent;
+    /// Adjacent string literals come together on one line, to be broken again where needed.
+    bool joinsStrings = false;
+    /// False if no option changes anything.
+    bool any = false;
+};
+
+} // namespace Norvane
+
+#endif

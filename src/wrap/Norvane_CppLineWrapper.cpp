@@ -1,0 +1,252 @@
+#include "src/wrap/Norvane_CppLineWrapper.h"
+
+#include "cpp/Cpp_Tokens.h"
+#include "src/scheme/Norvane_WrapOptions.h"
+#include "src/wrap/Norvane_CppLineWrapper_Scope.h"
+#include "src/wrap/Norvane_WrapStay.h"
+#include "streams/Zelmar_Columns.h"
+
+#include <algorithm>
+
+namespace Norvane {
+
+namespace {
+
+std::string_view firstLine(std::string_view text) {
+    return text.substr(0, text.find('\n'));
+}
+
+int marginOption(const PropertySet& scheme) { return std::max(wrapInt(scheme, "RIGHT_MARGIN", 0), 0); }
+int tabSizeOption(const PropertySet& scheme) { return std::max(wrapInt(scheme, "TAB_SIZE", 1), 1); }
+
+/// `line` has no line feed. Only a line with tabs is wider than it is long.
+bool isBeyond(std::string_view line, int margin, int tabSize) {
+    const bool mayBe = line.size() > static_cast<std::size_t>(margin) || line.find('\t') != std::string_view::npos;
+    return mayBe && Zelmar::textColumn(line, 0, tabSize) > margin;
+}
+
+} // namespace
+
+CppLineWrapper::CppLineWrapper(const PropertySet& scheme, const std::string& formattedText,
+                               std::ostream& wrapped)
+    : props_(scheme), source_(formattedText), reader_(source_), wrapped_(wrapped), exprFormatter_(scheme),
+      exprWrapper_(scheme) {
+    normalizeProperties(props_);
+    readOptions();
+    if (lineWrap_ && rightMargin_ > 0) findOverLines();
+    output_.setTabSize(tabSize_);
+    output_.reserve(formattedText.size() + formattedText.size() / 16);
+}
+
+bool CppLineWrapper::leavesAsItIs(const PropertySet& scheme, std::string_view text) {
+    PropertySet props(scheme);
+    normalizeProperties(props);
+    const int margin = marginOption(props);
+    if (!wrapBool(props, "LINE_WRAP") || margin == 0) return true;
+    const int tabSize = tabSizeOption(props);
+    while (!text.empty()) {
+        const std::string_view line = firstLine(text);
+        if (isBeyond(line, margin, tabSize)) return false;
+        text.remove_prefix(std::min(line.size() + 1, text.size()));
+    }
+    return true;
+}
+
+CppLineWrapper::CommaSpacing CppLineWrapper::spacingOption(const char* before, const char* between,
+                                                           const char* alignSwitch) const {
+    CommaSpacing spacing{wrapString(props_, before), wrapString(props_, between)};
+    if (alignSwitch != nullptr && wrapBool(props_, alignSwitch)) spacing.between = {true, "\n"};
+    return spacing;
+}
+
+void CppLineWrapper::readOptions() {
+    lineWrap_ = wrapBool(props_, "LINE_WRAP");
+    rightMargin_ = marginOption(props_);
+    wrapStyle_ = wrapStyleValue(props_, "WRAP_STYLE", 0, 0);
+    wrapIndent_ = wrapIndentValue(props_, "WRAP_INDENT");
+    commaWrapStyle_ = wrapStyleValue(props_, "COMMA_WRAP_STYLE", 2, 1);
+    joinsElements_ = wrapStyleValue(props_, "LIST_WRAP_STRATEGY", 0, 0) != 0;
+    tabSize_ = tabSizeOption(props_);
+    wsMode_ = wrapStyleValue(props_, "CONVERT_WS", Zelmar::kWsKeep, Zelmar::kWsKeep);
+    readIndents();
+    const char* const alignBases = "ALIGN_BASE_CLAUSES_LEFT";
+    baseSpacing_ = spacingOption("WS_BEFORE_BASE_CLAUSES_COMMA", "WS_BETWEEN_BASE_CLAUSES", alignBases);
+    parameterSpacing_ = spacingOption("WS_BEFORE_FN_COMMA", "WS_BETWEEN_FN_PARAMS", "ALIGN_FN_PARAMS_LEFT");
+    templateSpacing_ = spacingOption("WS_BEFORE_TP_COMMA", "WS_BETWEEN_TP_PARAMS", "ALIGN_TP_PARAMS_LEFT");
+    initSpacing_ = spacingOption("WS_BEFORE_CLASS_INITS_COMMA", "WS_BETWEEN_CLASS_INITS", nullptr);
+    afterTypeId_ = wrapString(props_, "WS_AFTER_DD_TYPE_ID");
+    afterOpenParen_ = wrapString(props_, "WS_AFTER_CS_OPEN_PAREN");
+    beforeCloseParen_ = wrapString(props_, "WS_BEFORE_CS_CLOSE_PAREN");
+    betweenClauses_ = spacingOption("", "WS_BETWEEN_CS_FOR_CLAUSES", "ALIGN_CS_FOR_CLAUSES_LEFT").between;
+    enumSpacing_ = spacingOption("WS_BEFORE_ENUM_COMMA", "WS_BETWEEN_ENUM_ELEMENTS", nullptr);
+}
+
+void CppLineWrapper::readIndents() {
+    leftMargin_ = wrapIndentValue(props_, "LEFT_MARGIN");
+    namespaceIndent_ = wrapIndentValue(props_, "INDENT_NS_CONTENT");
+    blockIndent_ = wrapIndentValue(props_, "GLOBAL_INDENT_CONTENT");
+    classIndent_ = wrapIndentValue(props_, "INDENT_CLASS_CONTENT");
+    functionIndent_ = wrapIndentValue(props_, "INDENT_FN_CONTENT");
+    controlIndent_ = wrapIndentValue(props_, "INDENT_CS_CONTENT");
+    caseIndent_ = wrapIndentValue(props_, "INDENT_CS_CASE_CONTENT");
+    dataIndent_ = wrapIndentValue(props_, "INDENT_DD_CONTENT");
+    enumIndent_ = wrapIndentValue(props_, "INDENT_ENUM_CONTENT");
+}
+
+void CppLineWrapper::findOverLines() {
+    std::string_view rest = source_.text();
+    for (std::uint32_t line = 1; !rest.empty(); ++line) {
+        const std::string_view text = firstLine(rest);
+        if (isBeyond(text, rightMargin_, tabSize_)) overLines_.push_back(line);
+        rest.remove_prefix(std::min(text.size() + 1, rest.size()));
+    }
+}
+
+bool CppLineWrapper::overMargin(const Cpp::SyntaxNode& node) const {
+    const Trn::Position start = node.start();
+    const Trn::Position end = node.end();
+    if (start.line == 0 || end.line == 0 || end < start) return false;
+    const std::uint32_t lastLine = end.column == 0 ? end.line - 1 : end.line;
+    const auto over = std::lower_bound(overLines_.begin(), overLines_.end(), start.line);
+    return over != overLines_.end() && *over <= lastLine;
+}
+
+int CppLineWrapper::copyUpToStart(const Cpp::SyntaxNode& node) {
+    copyUpTo(node.start());
+    return output_.column();
+}
+
+// Close brackets and the punctuation behind them have no place on a line of their own.
+std::string_view CppLineWrapper::stuckPart(std::string_view text) {
+    const std::string_view stuck = text.substr(0, text.find_first_not_of(")]};,{ \t"));
+    return stuck.substr(0, stuck.find_last_not_of(" \t") + 1);
+}
+
+std::string_view CppLineWrapper::follower() const {
+    return stuckPart(source_.text().substr(reader_.offset()));
+}
+
+// For a list in a head nothing behind the list can go to another line, up to the end of the head.
+std::string_view CppLineWrapper::followerThrough(std::size_t headEnd) const {
+    const std::string_view rest = source_.text().substr(reader_.offset());
+    if (headEnd == Zelmar::SourceText::npos || headEnd < reader_.offset()) return stuckPart(rest);
+    const std::size_t length = std::min(headEnd + 1 - reader_.offset(), rest.size());
+    if (rest.substr(0, length).find('\n') != std::string_view::npos) return firstLine(rest);
+    return rest.substr(0, length + stuckPart(rest.substr(length)).size());
+}
+
+// The last character of a head with what belongs to it though the tree doesn't know it: "noexcept",
+// attributes, macros. A list of its own or a comment on the same line isn't part of it.
+std::size_t CppLineWrapper::endOfHead(const Trn::Position& headEnd) const {
+    const std::size_t end = source_.offsetOf(headEnd);
+    if (end == Zelmar::SourceText::npos) return end;
+    const std::string_view behind = source_.text().substr(end + 1);
+    const std::size_t words = std::min(behind.find_first_of("{;:/\n"), behind.size());
+    const bool isHead = words == behind.size() || (behind[words] != ':' && behind[words] != '/');
+    return isHead ? end + words : end;
+}
+
+std::string CppLineWrapper::indentFor(int column) const {
+    return Zelmar::makeIndent(output_.indent(), wsMode_, tabSize_, column);
+}
+
+std::string CppLineWrapper::continuationIndent() const {
+    return wrapStyle_ == 2 ? indentFor(baseColumn()) + wrapIndent_.value : indentFor(baseColumn());
+}
+
+Zelmar::IndentStreamState CppLineWrapper::state() const {
+    return {output_.indent(), output_.keepLeadingWs(), wsMode_, tabSize_, output_.line(), output_.column()};
+}
+
+Zelmar::IndentStreamState CppLineWrapper::stateWith(const std::string& indent) const {
+    return {indent, output_.keepLeadingWs(), wsMode_, tabSize_, output_.line(), output_.column()};
+}
+
+void CppLineWrapper::visitChildren(Cpp::InteriorNode& node) {
+    for (auto child = node.childBegin(); child != node.childEnd(); ++child) (*child)->accept(*this);
+}
+
+void CppLineWrapper::visit(Cpp::RootNode& node) {
+    if (overMargin(node)) {
+        output_.setIndent(leftMargin_.value);
+        output_.setKeepLeadingWs(!leftMargin_.set);
+        visitChildren(node);
+    }
+    output_.writeRaw(reader_.readRest());
+    output_.sync();
+    const std::string& text = output_.text();
+    wrapped_.write(text.data(), static_cast<std::streamsize>(text.size()));
+    wrapped_.flush();
+}
+
+// Where a body has an indent of its own its lines were laid out from the base column.
+void CppLineWrapper::writeBody(Cpp::InteriorNode& body, const OptionalString& indent) {
+    if (!overMargin(body)) return copyNode(body);
+    const bool hasBrace = body.empty() || body.start() != body.child(0)->start();
+    if (hasBrace) copyThrough(body.start());
+    const ColumnScope scope(*this, baseColumn());
+    const ContentIndent content(*this, indent, baseColumn());
+    visitChildren(body);
+    copyNode(body);
+}
+
+void CppLineWrapper::visit(Cpp::ExprNode& node) {
+    copyUpTo(node.start());
+    if (!overMargin(node)) return copyNode(node);
+    const std::string text(reader_.readThrough(node.end()));
+    const auto wrap = [this](const std::string& joined) {
+        return exprWrapper_.wrap(joined, state(), false, false, follower());
+    };
+    const auto layOut = [this](const std::string& wrapped) { return exprFormatter_.format(wrapped, state()); };
+    writeSettled(text, wrap, layOut);
+}
+
+// The next run joins most of the lines broken here and leaves some alone, with an indent of its own. Then
+// there may be room for what was broken, and it would come out otherwise. So the next run is taken in
+// advance, from the lines that stay, until no more of them come in.
+void CppLineWrapper::writeSettled(std::string text, const Rewrite& wrap, const Rewrite& layOut) {
+    static constexpr int kMostRounds = 6;
+    // What reaches beyond the margin for sure is enough: the rest of a line may be a whole file.
+    const std::size_t most = static_cast<std::size_t>(rightMargin_) + 1;
+    const std::string_view behind = firstLine(source_.text().substr(reader_.offset(), most));
+    std::string wrapped = wrap(text);
+    for (int round = 0; round < kMostRounds && wrapped != text; ++round) {
+        std::string next = keepStayingBreaks(text, wrapped, layOut(wrapped));
+        if (next == text) break;
+        text = std::move(next);
+        wrapped = exprWrapper_.fits(text, state(), behind) ? text : wrap(text);
+    }
+    output_.writeRaw(wrapped);
+}
+
+void CppLineWrapper::visit(Cpp::CommentNode& node) {
+    copyUpTo(node.start());
+    const bool spansLines = node.start().line < node.end().line && node.end().column > 0;
+    if (spansLines && !node.verbatim()) return moveComment(node);
+    copyNode(node);
+}
+
+// A comment whose first line has moved takes its other lines along.
+void CppLineWrapper::moveComment(const Cpp::CommentNode& node) {
+    const std::size_t lineStart = source_.lineStart(node.start().line);
+    const std::string_view inFront = source_.text().substr(lineStart, reader_.offset() - lineStart);
+    if (Zelmar::textColumn(inFront, 0, tabSize_) == output_.column()) return copyNode(node);
+    output_.setWsMode(wsMode_);
+    exprWrapper_.formatMultiLineToken(node.start(), node.end(), reader_, output_);
+    output_.setWsMode(Zelmar::kWsKeep);
+}
+
+void CppLineWrapper::visit(Cpp::AsmNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::LabelNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::TextNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::EnumHeadNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::PreprocDirectiveNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::CaseNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::KeywordNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::TypeNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::IdNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::NamespaceHeadNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::AccessSpecNode& node) { copyNode(node); }
+void CppLineWrapper::visit(Cpp::ClassNameNode& node) { copyNode(node); }
+
+} // namespace Norvane
