@@ -7,7 +7,7 @@
 #include "cli/files/Cli_UnifiedDiff.h"
 #include "cli/run/Cli_Dump.h"
 #include "cli/run/Cli_TerminalHost.h"
-#include "cli/run/Cli_TokenCheck.h"
+#include "guard/Guard_Difference.h"
 
 #include <cstdlib>
 #include <new>
@@ -25,9 +25,11 @@ using NorvaneUI::FileKind;
 /// The last line of defence: a fault of the engine must not cost anybody code.
 std::optional<Addin::Objection> objectionTo(const std::string&, const std::string& source,
                                             const std::string& result) {
-    const auto place = firstTokenDifference(source, result);
-    if (!place) return std::nullopt;
-    return Addin::Objection{"internal error: the layout would have changed this token", *place};
+    const auto difference = Guard::firstDifference(source, result);
+    if (!difference) return std::nullopt;
+    const Trn::Position place{static_cast<std::uint32_t>(difference->inSource.line),
+                              static_cast<std::uint32_t>(difference->inSource.column)};
+    return Addin::Objection{"internal error: the layout would have changed this token", place};
 }
 
 /// The name that a patch gives to a file: from the current folder, or else from the root.

@@ -1,6 +1,6 @@
 #include "tests/property/Checks.h"
 
-#include "cli/run/Cli_TokenCheck.h"
+#include "guard/Guard_Difference.h"
 #include "streams/Zelmar_SourceText.h"
 #include "tests/format/runner/GoldenEngine.h"
 
@@ -26,7 +26,7 @@ std::string breach(const Golden::Engine& engine, const std::string& text, Demand
     if (demand == Demand::giveBack) {
         return *first.text == text ? "" : "not given back" + difference(text, *first.text);
     }
-    if (Cli::firstTokenDifference(text, *first.text)) return "a token changed" + difference(text, *first.text);
+    if (Guard::firstDifference(text, *first.text)) return "a token changed" + difference(text, *first.text);
     if (demand == Demand::keepTokens) return "";
     const Golden::Outcome second = engine.format(*first.text);
     if (!second.text) return "the result does not parse: " + second.messages.front().text;

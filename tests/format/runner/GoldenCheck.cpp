@@ -1,6 +1,6 @@
 #include "tests/format/runner/GoldenCheck.h"
 
-#include "cli/run/Cli_TokenCheck.h"
+#include "guard/Guard_Difference.h"
 #include "tests/format/runner/GoldenEngine.h"
 
 #include <fstream>
@@ -20,10 +20,10 @@ std::string messagesAsText(const Trn::MessageList& messages) {
 }
 
 std::string describeDifference(const std::string& source, const std::string& result) {
-    const auto place = Cli::firstTokenDifference(source, result);
-    if (!place) return "";
-    return "the token at " + std::to_string(place->line) + ':' + std::to_string(place->column) +
-           " of the source is not in the result";
+    const auto difference = Guard::firstDifference(source, result);
+    if (!difference) return "";
+    const Guard::Place& place = difference->inSource;
+    return std::to_string(place.line) + ':' + std::to_string(place.column) + " of the source: " + std::string(difference->reason);
 }
 
 /// The lines of a file under change. Texts are replaced from the last to the first, so that the
