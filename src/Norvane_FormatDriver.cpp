@@ -5,6 +5,7 @@
 #include "cpp/Cpp_Parser.h"
 #include "src/format/Norvane_CppFormatter.h"
 #include "src/format/Norvane_CppPreFormatter.h"
+#include "src/scheme/Norvane_LayoutOptions.h"
 #include "src/wrap/Norvane_CppLineWrapper.h"
 #include "streams/Zelmar_ITextDocStream.h"
 #include "streams/Zelmar_SourceText.h"
@@ -63,11 +64,13 @@ void checkWritten(const std::ostream& text) {
 class Run {
 public:
     Run(const FormatOptions& options, Trn::MessageList& messages, UpdateFunctor& update)
-        : preFormatter_(options.markers()), options_(options), messages_(messages), update_(update) {}
+        : preFormatter_(options.markers()), options_(readOptions(options)), messages_(messages), update_(update) {}
 
     /// Both return 0, or the number of messages with which the run ends.
     std::int32_t format(std::stringstream& source, std::stringstream& formatted);
     std::int32_t wrap(std::stringstream& formatted, std::ostream& wrapped);
+    /// True if no line of the text is to be broken.
+    bool fits(std::string_view formatted) const { return CppLineWrapper::leavesAsItIs(*options_, formatted); }
 
 private:
     std::int32_t parse(Cpp::Lexer& lexer, Cpp::RootNode& root);
@@ -75,7 +78,7 @@ private:
 
     CppPreFormatter preFormatter_;
     Cpp::Parser parser_;
-    const FormatOptions& options_;
+    SharedOptions options_;
     Trn::MessageList& messages_;
     UpdateFunctor& update_;
 };
@@ -132,7 +135,7 @@ std::int32_t FormatDriver::format(const FormatOptions& options, std::istream& in
     std::stringstream formatted = streamWithRoom(source.view());
     const std::int32_t ended = run.format(source, formatted);
     if (ended != 0) return ended;
-    if (CppLineWrapper::leavesAsItIs(options, formatted.view())) {
+    if (run.fits(formatted.view())) {
         writeAll(formatted.view(), output);
         return 0;
     }

@@ -23,9 +23,6 @@ bool holdsRuled(std::string_view text) {
 
 } // namespace
 
-CppExprFormatter::CppExprFormatter(const PropertySet& scheme)
-    : CppExprFormatterBase(scheme), options_(props_) {}
-
 std::string CppExprFormatter::format(const std::string& text, const Zelmar::IndentStreamState& state) {
     Zelmar::IndentWriter output(state);
     formatTo(text, output);
@@ -52,7 +49,7 @@ void CppExprFormatter::formatDeclarationTo(std::string_view text, Zelmar::Indent
 /// Directives and literals over lines are not copied like other text, so that even with no option
 /// set a text of several lines is looked at.
 bool CppExprFormatter::needsWalk(std::string_view text) const {
-    if (options_.any) return holdsRuled(text);
+    if (options().expr.any) return holdsRuled(text);
     return text.find('\n') != std::string_view::npos && text.find_first_of("#\"") != std::string_view::npos;
 }
 
@@ -60,7 +57,7 @@ void CppExprFormatter::walk(std::string_view text, Zelmar::IndentWriter& output,
                             const OptionalString* separator) {
     if (!needsWalk(text)) return output.write(text);
     tokens_.assign(text);
-    ExprWalk(options_, directivePlace_, tokens_, frames_, output).run(separator);
+    ExprWalk(options().expr, options().directives, tokens_, frames_, output).run(separator);
 }
 
 } // namespace Norvane

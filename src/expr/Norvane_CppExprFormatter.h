@@ -4,10 +4,10 @@
 #include "src/expr/Norvane_CppExprFormatterBase.h"
 #include "src/expr/Norvane_ExprTokens.h"
 #include "src/expr/Norvane_ExprWalk.h"
-#include "src/scheme/Norvane_ExprOptions.h"
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace Norvane {
@@ -27,7 +27,8 @@ namespace Norvane {
 /// in step with the text, however deep its brackets nest.
 class CppExprFormatter : public CppExprFormatterBase {
 public:
-    explicit CppExprFormatter(const PropertySet& scheme);
+    explicit CppExprFormatter(SharedOptions options) : CppExprFormatterBase(std::move(options)) {}
+    explicit CppExprFormatter(const PropertySet& scheme) : CppExprFormatter(readOptions(scheme)) {}
 
     /// Returns `text` laid out as it would stand at `state`.
     std::string format(const std::string& text, const Zelmar::IndentStreamState& state);
@@ -49,7 +50,6 @@ private:
     void walk(std::string_view text, Zelmar::IndentWriter& output, const OptionalString* separator);
     bool needsWalk(std::string_view text) const;
 
-    ExprOptions options_;
     // Buffers, empty of meaning between two calls.
     ExprTokens tokens_;
     std::vector<ExprFrame> frames_;

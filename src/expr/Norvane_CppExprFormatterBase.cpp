@@ -10,11 +10,6 @@ namespace Norvane {
 
 namespace {
 
-PropertySet normalised(PropertySet scheme) {
-    normalizeProperties(scheme);
-    return scheme;
-}
-
 std::string_view takeLine(std::string_view& text) {
     const std::size_t feed = text.find('\n');
     const std::string_view line = text.substr(0, feed == std::string_view::npos ? feed : feed + 1);
@@ -45,17 +40,6 @@ void writeMovedLines(std::string_view text, int sourceColumn, int column, Zelmar
 
 } // namespace
 
-OptionalString readOption(const PropertySet& scheme, std::string_view name) {
-    OptionalString option;
-    option.set = scheme.getString(name, option.value);
-    return option;
-}
-
-DirectivePlace::DirectivePlace(const PropertySet& scheme)
-    : found(scheme.exists("ALIGN_PPD_LEFT_MOST")), leftMargin(readOption(scheme, "LEFT_MARGIN")) {
-    scheme.getBool("ALIGN_PPD_LEFT_MOST", leftMost);
-}
-
 void writeMovedToken(std::string_view token, int sourceColumn, Zelmar::IndentWriter& output) {
     output.write(token.substr(0, 1));
     const int column = lastColumn(output);
@@ -81,15 +65,6 @@ void writeDirective(std::string_view gap, std::string_view directive, int source
     writeMovedToken(directive, sourceColumn, output);
 }
 
-CppExprFormatterBase::CppExprFormatterBase(const PropertySet& scheme)
-    : props_(normalised(scheme)), directivePlace_(props_) {
-    props_.getInt("TAB_SIZE", tabSize_);
-    tabSize_ = std::max(tabSize_, 0);
-    leftMargin_ = directivePlace_.leftMargin;
-    ppdFound_ = directivePlace_.found;
-    ppdLeftMost_ = directivePlace_.leftMost;
-}
-
 namespace {
 
 /// The column, with tabs expanded, of the character at `place`.
@@ -112,7 +87,7 @@ void CppExprFormatterBase::formatDirective(const Trn::Position& start, const Trn
                                            Zelmar::SourceReader& input, Zelmar::IndentWriter& output) {
     const int column = columnInSource(input.source(), start, output.tabSize());
     const std::string_view gap = input.readUpTo(start);
-    writeDirective(gap, input.readThrough(end), column, directivePlace_, output);
+    writeDirective(gap, input.readThrough(end), column, options().directives, output);
 }
 
 bool CppExprFormatterBase::isBinaryOperator(int kind) {

@@ -2,28 +2,17 @@
 #define KERFLINE_NORVANE_CPPEXPRFORMATTERBASE_H
 
 #include "src/expr/Norvane_ExprTokens.h"
+#include "src/scheme/Norvane_LayoutOptions.h"
 #include "src/scheme/Norvane_OptionalString.h"
-#include "src/scheme/Norvane_PropertySet.h"
 #include "streams/Zelmar_IndentWriter.h"
 #include "streams/Zelmar_SourceText.h"
 #include "trn/Trn_Position.h"
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace Norvane {
-
-/// The white-space option `name` of `scheme`: set if the scheme holds it as a string.
-OptionalString readOption(const PropertySet& scheme, std::string_view name);
-
-/// Where ALIGN_PPD_LEFT_MOST and LEFT_MARGIN put a directive that stands inside other text.
-struct DirectivePlace {
-    bool found = false; // unless set, directives stay where the source has them
-    bool leftMost = false;
-    OptionalString leftMargin;
-
-    explicit DirectivePlace(const PropertySet& scheme);
-};
 
 /// Writes `token`, which may span lines, and moves its further lines with its first one: they lose
 /// the white space in front of `sourceColumn`, where the token stood in the source, and get the
@@ -39,8 +28,7 @@ void writeDirective(std::string_view gap, std::string_view directive, int source
 /// whatever no rule touches comes out byte for byte.
 class CppExprFormatterBase {
 public:
-    /// Takes a private, normalised copy of `scheme`.
-    explicit CppExprFormatterBase(const PropertySet& scheme);
+    explicit CppExprFormatterBase(SharedOptions options) : options_(std::move(options)) {}
 
     /// Puts white space around each `separatorKind` of `text` at bracket depth 0, and lines the
     /// elements up in the column of the first where a value breaks the line. Angle brackets count
@@ -75,18 +63,14 @@ protected:
     CppExprFormatterBase(const CppExprFormatterBase&) = default;
     CppExprFormatterBase& operator=(const CppExprFormatterBase&) = default;
 
-    PropertySet props_;
-    int tabSize_ = 1;
-    OptionalString leftMargin_;
-    bool ppdFound_ = false;
-    bool ppdLeftMost_ = false;
-    DirectivePlace directivePlace_;
+    const LayoutOptions& options() const { return *options_; }
 
 private:
     std::string writeList(std::string_view text, int separatorKind, bool aligned,
                           const OptionalString& wsBefore, const OptionalString& wsBetween,
                           const Zelmar::IndentStreamState& state);
 
+    SharedOptions options_;
     // Kept for its memory: lists are laid out gap by gap.
     ExprTokens listTokens_;
 };

@@ -159,7 +159,7 @@ std::string CppExprFormatterBase::writeList(std::string_view text, int separator
                                             const Zelmar::IndentStreamState& state) {
     listTokens_.assign(text);
     Zelmar::IndentWriter output(state);
-    ListWriter(listTokens_, wsBefore, wsBetween, directivePlace_, output).write(separatorKind, aligned);
+    ListWriter(listTokens_, wsBefore, wsBetween, options().directives, output).write(separatorKind, aligned);
     return output.takeText();
 }
 

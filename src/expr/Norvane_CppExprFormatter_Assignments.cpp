@@ -86,7 +86,7 @@ std::string CppExprFormatter::alignAssignments(const std::string& text,
     ExprCopier copier(tokens_, output);
     for (const Line& line : lines) {
         for (std::size_t i = line.firstToken; i < line.assignment; ++i) {
-            if (tokens_.kind(i) == Cpp::tkDirective) copier.copyDirective(i, directivePlace_);
+            if (tokens_.kind(i) == Cpp::tkDirective) copier.copyDirective(i, options().directives);
         }
         const bool isAligned = line.assignment < line.endToken && isBlank(tokens_.gap(line.assignment)) &&
                                line.assignment > line.firstToken;

@@ -18,11 +18,6 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-PropertySet normalised(PropertySet scheme) {
-    normalizeProperties(scheme);
-    return scheme;
-}
-
 /// Some literal of `text` goes on behind a line feed: one that a backslash joins, or a raw one.
 bool joinsLiteral(std::string_view text) {
     if (text.find('\n') + 1 >= text.size() || text.find('"') == std::string_view::npos) return false;
@@ -69,8 +64,11 @@ CppFormatter::CppFormatter(std::istream& source, std::ostream& output)
     : CppFormatter(source, output, PropertySet("FormatterProperties")) {}
 
 CppFormatter::CppFormatter(std::istream& source, std::ostream& output, const PropertySet& scheme)
-    : props_(normalised(scheme)), options_(props_), source_(Zelmar::readAll(source)), destination_(output),
-      exprFormatter_(props_), input_(source_) {
+    : CppFormatter(source, output, readOptions(scheme)) {}
+
+CppFormatter::CppFormatter(std::istream& source, std::ostream& output, SharedOptions options)
+    : sharedOptions_(std::move(options)), options_(*sharedOptions_), source_(Zelmar::readAll(source)),
+      destination_(output), exprFormatter_(sharedOptions_), input_(source_) {
     output_.setTabSize(options_.tabSize);
     output_.setWsMode(options_.convertWs);
 }
@@ -80,13 +78,13 @@ void CppFormatter::visit(Cpp::RootNode& node) {
     node.accept(finder);
     regions_ = finder.takeInOrder();
     if (options_.alignClassMemberNamesLeft || options_.alignFnDeclNamesLeft || options_.alignDdNamesLeft) {
-        NameOffsetCalculator calculator(props_);
+        NameOffsetCalculator calculator(sharedOptions_);
         node.accept(calculator);
         fnNameColumns_ = calculator.fnColumns();
         nameColumns_ = calculator.dataColumns();
     }
     if (options_.alignDdInitializers) {
-        DataOffsetCalculator calculator(props_);
+        DataOffsetCalculator calculator(sharedOptions_);
         node.accept(calculator);
         initializerColumns_ = calculator.columns();
     }

@@ -4,7 +4,7 @@
 #include "cpp/Cpp_Emitter.h"
 #include "cpp/Cpp_Nodes.h"
 #include "src/expr/Norvane_CppExprFormatter.h"
-#include "src/scheme/Norvane_FormatterOptions.h"
+#include "src/scheme/Norvane_LayoutOptions.h"
 #include "src/scheme/Norvane_PropertySet.h"
 #include "streams/Zelmar_IndentWriter.h"
 #include "streams/Zelmar_SourceText.h"
@@ -42,6 +42,7 @@ public:
     /// must outlive the pass.
     CppFormatter(std::istream& source, std::ostream& output);
     CppFormatter(std::istream& source, std::ostream& output, const PropertySet& scheme);
+    CppFormatter(std::istream& source, std::ostream& output, SharedOptions options);
 
     using Cpp::Emitter::visit;
     void visit(Cpp::AsmNode& node) override;
@@ -274,8 +275,8 @@ private:
     void formatCondition(int keyword, std::string_view text);
 
     // Fixed at construction.
-    PropertySet props_;
-    FormatterOptions options_;
+    SharedOptions sharedOptions_;
+    const LayoutOptions& options_;
     Zelmar::SourceText source_;
     std::ostream& destination_;
     CppExprFormatter exprFormatter_;

@@ -15,11 +15,6 @@ int inclusiveWidth(const Trn::Position& first, const Trn::Position& last) {
 
 } // namespace
 
-DataOffsetCalculator::DataOffsetCalculator(const PropertySet& scheme) : OffsetCalculator(scheme) {
-    alignDataNames_ = boolProperty("ALIGN_DD_NAMES_LEFT");
-    alignClassMembers_ = boolProperty("ALIGN_CLASS_MEMBER_NAMES_LEFT");
-}
-
 void DataOffsetCalculator::visit(Cpp::CtrlSubStmtNode& node) { flushAndEnter(node.block()); }
 
 void DataOffsetCalculator::visit(Cpp::FunctionDeclNode& node) {
@@ -37,7 +32,7 @@ int DataOffsetCalculator::measure(const Cpp::DataDeclNode& node) const {
     const Cpp::TypeNode* type = node.type();
     const Cpp::IdNode* name = node.name();
     if (!name) return type ? inclusiveWidth(type->start(), type->end()) : 0;
-    const bool fromName = !type || namesAligned();
+    const bool fromName = !type || alignsDataNames();
     return inclusiveWidth(fromName ? name->start() : type->start(), name->end());
 }
 

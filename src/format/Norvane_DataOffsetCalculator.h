@@ -13,7 +13,8 @@ class DataOffsetCalculator : public OffsetCalculator {
 public:
     using OffsetCalculator::visit;
 
-    explicit DataOffsetCalculator(const PropertySet& scheme);
+    explicit DataOffsetCalculator(SharedOptions options) : OffsetCalculator(std::move(options)) {}
+    explicit DataOffsetCalculator(const PropertySet& scheme) : DataOffsetCalculator(readOptions(scheme)) {}
 
     void visit(Cpp::CtrlSubStmtNode& node) override;
     void visit(Cpp::DataDeclNode& node) override;
@@ -21,11 +22,7 @@ public:
     void visit(Cpp::CtorDeclNode& node) override;
 
 private:
-    bool namesAligned() const { return alignDataNames_ || (alignClassMembers_ && inClassBody_); }
     int measure(const Cpp::DataDeclNode& node) const;
-
-    bool alignDataNames_ = false;
-    bool alignClassMembers_ = false;
 };
 
 } // namespace Norvane

@@ -4,6 +4,7 @@
 #include "streams/Zelmar_Columns.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Norvane {
 
@@ -13,30 +14,27 @@ enum AnchorPlace : int { kAtType = 0, kAtName = 1 };
 
 } // namespace
 
-NameOffsetCalculator::NameOffsetCalculator(const PropertySet& scheme) : OffsetCalculator(scheme) {
-    alignClassMembers_ = boolProperty("ALIGN_CLASS_MEMBER_NAMES_LEFT");
-    alignFnDecls_ = boolProperty("ALIGN_FN_DECL_NAMES_LEFT");
-    alignDataNames_ = boolProperty("ALIGN_DD_NAMES_LEFT");
-    asterisk_ = readAnchor("ASTERISK_ANCHOR", "WS_BETWEEN_ASTERISK_ANCHOR", "HANGING_ASTERISK");
-    ampersand_ = readAnchor("AMPERSAND_ANCHOR", "WS_BETWEEN_AMPERSAND_ANCHOR", "HANGING_AMPERSAND");
+NameOffsetCalculator::NameOffsetCalculator(SharedOptions shared) : OffsetCalculator(std::move(shared)) {
+    const LayoutOptions& from = options();
+    asterisk_ = anchorAt(from.asteriskAnchor, from.wsBetweenAsteriskAnchor, from.hangingAsterisk);
+    ampersand_ = anchorAt(from.ampersandAnchor, from.wsBetweenAmpersandAnchor, from.hangingAmpersand);
 }
 
-NameOffsetCalculator::Anchor NameOffsetCalculator::readAnchor(const char* place, const char* gap,
-                                                              const char* hanging) const {
+// A place that means nothing leaves the mark where it is.
+NameOffsetCalculator::Anchor NameOffsetCalculator::anchorAt(int place, const OptionalString& gap,
+                                                            bool hanging) const {
     Anchor anchor;
-    anchor.hanging = boolProperty(hanging);
-    anchor.place = intProperty(place, -1);
-    // A place that means nothing leaves the mark where it is.
-    if (anchor.place != kAtType && anchor.place != kAtName) anchor.place = -1;
-    std::string value;
-    if (anchor.place >= 0 && props_.getString(gap, value)) anchor.gap = Zelmar::textColumn(value, 0, tabSize_);
+    anchor.hanging = hanging;
+    if (place != kAtType && place != kAtName) return anchor;
+    anchor.place = place;
+    if (gap.set) anchor.gap = Zelmar::textColumn(gap.value, 0, options().tabSize);
     return anchor;
 }
 
 void NameOffsetCalculator::flushGroup() {
     int dataColumn = groupColumn(widestData_);
     int fnColumn = groupColumn(widest_);
-    if (alignClassMembers_ && (inClassBody_ || classBodyEnded_)) {
+    if (options().alignClassMemberNamesLeft && (inClassBody_ || classBodyEnded_)) {
         classBodyEnded_ = false;
         dataColumn = fnColumn = std::max(dataColumn, fnColumn);
     }
@@ -72,7 +70,7 @@ void NameOffsetCalculator::addFunction(const Cpp::FunctionDeclNode& node) {
         flushAndEnter(node.block());
         return;
     }
-    if (!alignFnDecls_ && !(alignClassMembers_ && inClassBody_)) return;
+    if (!alignsFnNames()) return;
     const Cpp::FunctionReturnNode* returnType = node.head() ? node.head()->returnType() : nullptr;
     if (returnType && holdsComment(returnType->text())) return;
     fnPending_.push_back(&node);
@@ -82,8 +80,7 @@ void NameOffsetCalculator::addFunction(const Cpp::FunctionDeclNode& node) {
 }
 
 void NameOffsetCalculator::visit(Cpp::DataDeclNode& node) {
-    const bool aligned = alignDataNames_ || (alignClassMembers_ && inClassBody_);
-    if (aligned && !afterClassBody_) {
+    if (alignsDataNames() && !afterClassBody_) {
         // A type with a comment in it is written as it stands, and so is what a template head in
         // front of it waits for.
         if (node.type() && holdsComment(node.type()->text())) return;
@@ -114,17 +111,17 @@ int NameOffsetCalculator::measureType(const Cpp::TypeNode& type, const Trn::Posi
     if (anchor.place == kAtName) return measureUpToMark(text, lead, anchor.hanging);
     // A mark in place ends the type by itself: the blank behind it is not wanted twice.
     if (anchor.gap < 0) return toEnd;
-    return lead + Zelmar::textColumn(text, 0, tabSize_) + anchor.gap;
+    return lead + Zelmar::textColumn(text, 0, options().tabSize) + anchor.gap;
 }
 
 int NameOffsetCalculator::measureUpToMark(const std::string& type, int startColumn, bool hanging) const {
     std::string_view head = trimmedRight(type);
     head.remove_suffix(1);
-    int width = startColumn + Zelmar::textColumn(trimmedRight(head), 0, tabSize_);
+    int width = startColumn + Zelmar::textColumn(trimmedRight(head), 0, options().tabSize);
     if (!hanging) return width;
     // A mark that hangs in front of the column needs a place between the type and itself.
-    const int next = Zelmar::roundUpToMultiple(width + 1, tabSize_);
-    if (next - width <= 1) width += tabSize_;
+    const int next = Zelmar::roundUpToMultiple(width + 1, options().tabSize);
+    if (next - width <= 1) width += options().tabSize;
     return width;
 }
 

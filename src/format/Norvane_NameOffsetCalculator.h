@@ -17,7 +17,8 @@ class NameOffsetCalculator : public OffsetCalculator {
 public:
     using OffsetCalculator::visit;
 
-    explicit NameOffsetCalculator(const PropertySet& scheme);
+    explicit NameOffsetCalculator(SharedOptions options);
+    explicit NameOffsetCalculator(const PropertySet& scheme) : NameOffsetCalculator(readOptions(scheme)) {}
 
     const Columns& dataColumns() const { return dataColumns_; }
     const Columns& fnColumns() const { return fnColumns_; }
@@ -39,7 +40,7 @@ private:
         bool hanging = false;
     };
 
-    Anchor readAnchor(const char* place, const char* gap, const char* hanging) const;
+    Anchor anchorAt(int place, const OptionalString& gap, bool hanging) const;
     const Anchor& anchorOf(const std::string& type) const;
     void addFunction(const Cpp::FunctionDeclNode& node);
     Trn::Position declarationStart(const Cpp::SyntaxNode& node) const;
@@ -48,9 +49,6 @@ private:
     int measureUpToMark(const std::string& type, int startColumn, bool hanging) const;
 
     // Fixed at construction.
-    bool alignClassMembers_ = false;
-    bool alignFnDecls_ = false;
-    bool alignDataNames_ = false;
     Anchor asterisk_;
     Anchor ampersand_;
     Anchor noMark_;

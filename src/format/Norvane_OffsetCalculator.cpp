@@ -2,26 +2,7 @@
 
 #include "streams/Zelmar_Columns.h"
 
-#include <algorithm>
-
 namespace Norvane {
-
-OffsetCalculator::OffsetCalculator(const PropertySet& scheme) : props_(scheme) {
-    normalizeProperties(props_);
-    tabSize_ = std::max(1, intProperty("TAB_SIZE", 1));
-}
-
-bool OffsetCalculator::boolProperty(const char* name) const {
-    bool value = false;
-    props_.getBool(name, value);
-    return value;
-}
-
-int OffsetCalculator::intProperty(const char* name, int absent) const {
-    std::int32_t value = absent;
-    props_.getInt(name, value);
-    return value;
-}
 
 void OffsetCalculator::walkChildren(Cpp::InteriorNode& node) {
     for (auto child = node.childBegin(); child != node.childEnd(); ++child) {
@@ -38,7 +19,7 @@ void OffsetCalculator::flushAndEnter(Cpp::SyntaxNode* body) {
 }
 
 int OffsetCalculator::groupColumn(int widest) const {
-    return Zelmar::roundUpToMultiple(widest > 0 ? widest + 1 : widest, tabSize_);
+    return Zelmar::roundUpToMultiple(widest > 0 ? widest + 1 : widest, options().tabSize);
 }
 
 void OffsetCalculator::assignColumn(int column, std::vector<const Cpp::SyntaxNode*>& nodes, Columns& columns) {

@@ -3,10 +3,11 @@
 
 #include "cpp/Cpp_Emitter.h"
 #include "cpp/Cpp_Nodes.h"
-#include "src/scheme/Norvane_PropertySet.h"
+#include "src/scheme/Norvane_LayoutOptions.h"
 #include "trn/Trn_Position.h"
 
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace Norvane {
@@ -30,8 +31,7 @@ public:
     using Columns = std::unordered_map<const Cpp::SyntaxNode*, int>;
     using Cpp::Emitter::visit;
 
-    /// Takes a private, normalised copy of `scheme`.
-    explicit OffsetCalculator(const PropertySet& scheme);
+    explicit OffsetCalculator(SharedOptions options) : options_(std::move(options)) {}
 
     /// The columns of the nodes met so far whose group has ended.
     const Columns& columns() const { return columns_; }
@@ -59,8 +59,11 @@ public:
     virtual void flushGroup();
 
 protected:
-    bool boolProperty(const char* name) const;
-    int intProperty(const char* name, int absent) const;
+    const LayoutOptions& options() const { return *options_; }
+    /// True if the names of data, or of functions, have a column of their own here.
+    bool alignsDataNames() const { return options().alignDdNamesLeft || alignsMembers(); }
+    bool alignsFnNames() const { return options().alignFnDeclNamesLeft || alignsMembers(); }
+    bool alignsMembers() const { return options().alignClassMemberNamesLeft && inClassBody_; }
 
     /// Lets each child of `node` accept this pass.
     void walkChildren(Cpp::InteriorNode& node);
@@ -70,10 +73,6 @@ protected:
     /// The column of a group whose widest member measures `widest`.
     int groupColumn(int widest) const;
     static void assignColumn(int column, std::vector<const Cpp::SyntaxNode*>& nodes, Columns& columns);
-
-    // Fixed at construction.
-    PropertySet props_;
-    int tabSize_ = 1;
 
     // Filled as groups end.
     Columns columns_;
@@ -89,6 +88,9 @@ protected:
     Trn::Position templateStart_;
     bool afterClassBody_ = false;
     bool inClassBody_ = false;
+
+private:
+    SharedOptions options_;
 };
 
 } // namespace Norvane

@@ -2,9 +2,10 @@
 #define KERFLINE_NORVANE_EXPROPTIONS_H
 
 #include "src/scheme/Norvane_OptionalString.h"
-#include "src/scheme/Norvane_PropertySet.h"
 
 namespace Norvane {
+
+struct LayoutOptions;
 
 /// Where a "*" or "&" stands between a type and a name.
 enum class PointerAnchor { kAsInSource, kAtType, kAtName };
@@ -32,9 +33,10 @@ struct BracketStyle {
     bool isSet() const { return afterOpen.set || beforeClose.set; }
 };
 
-/// The options of a scheme that lay out expressions, read once.
+/// The options of a scheme that lay out expressions.
 struct ExprOptions {
-    explicit ExprOptions(const PropertySet& scheme);
+    ExprOptions() = default;
+    explicit ExprOptions(const LayoutOptions& options);
 
     OptionalString aroundOperator;
     OptionalString afterCallName;

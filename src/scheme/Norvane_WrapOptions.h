@@ -1,21 +1,57 @@
 #ifndef KERFLINE_NORVANE_WRAPOPTIONS_H
 #define KERFLINE_NORVANE_WRAPOPTIONS_H
 
+#include "src/scheme/Norvane_ExprOptions.h"
 #include "src/scheme/Norvane_OptionalString.h"
-#include "src/scheme/Norvane_PropertySet.h"
 
 namespace Norvane {
 
-/// How the passes that break lines read a scheme: an option that is absent, or of another kind than
-/// it should be, has its default.
-bool wrapBool(const PropertySet& scheme, const char* name);
-int wrapInt(const PropertySet& scheme, const char* name, int absent);
-/// A style value from 0 to 2; any other counts as `outOfRange`.
-int wrapStyleValue(const PropertySet& scheme, const char* name, int absent, int outOfRange);
-OptionalString wrapString(const PropertySet& scheme, const char* name);
-/// An indent. One that holds more than blanks and tabs is not set: it would become code at the
-/// start of every new line.
-OptionalString wrapIndentValue(const PropertySet& scheme, const char* name);
+struct LayoutOptions;
+
+/// Where new lines start: at column 0, under the first element, or at the indent and WRAP_INDENT.
+enum class WrapStyle { kFlush = 0, kAligned = 1, kIndented = 2 };
+/// Where a line is broken: not at all, in front of the operator, or behind it.
+enum class BreakStyle { kNone = 0, kFirst = 1, kLast = 2 };
+enum class ListStrategy { kKeepLines = 0, kFillLines = 1, kOneToALine = 2 };
+
+/// The options of a scheme that break lines. A style out of range counts as its default. An indent
+/// that holds more than blanks and tabs is not set: it would become code at the start of every new
+/// line.
+struct WrapOptions {
+    WrapOptions() = default;
+    explicit WrapOptions(const LayoutOptions& options);
+
+    /// False if no line is ever too long.
+    bool isOn = false;
+    int rightMargin = 0;
+    WrapStyle style = WrapStyle::kFlush;
+    BreakStyle exprBreak = BreakStyle::kFirst;
+    BreakStyle shiftBreak = BreakStyle::kFirst;
+    BreakStyle commaBreak = BreakStyle::kLast;
+    ListStrategy listStrategy = ListStrategy::kKeepLines;
+    /// Where elements are joined their commas stand right behind them.
+    bool commasStick = true;
+
+    OptionalString indent;
+    OptionalString leftMargin;
+    OptionalString namespaceIndent;
+    OptionalString blockIndent;
+    OptionalString classIndent;
+    OptionalString functionIndent;
+    OptionalString controlIndent;
+    OptionalString caseIndent;
+    OptionalString dataIndent;
+    OptionalString enumIndent;
+
+    OptionalString afterTypeId;
+    BracketStyle conditionParens;
+    OptionalString betweenClauses;
+    ListStyle bases;
+    ListStyle parameters;
+    ListStyle templateParameters;
+    ListStyle initializers;
+    ListStyle enumerators;
+};
 
 } // namespace Norvane
 

@@ -1,7 +1,6 @@
 #include "src/wrap/Norvane_CppExprLineWrapper.h"
 
 #include "cpp/Cpp_Tokens.h"
-#include "src/scheme/Norvane_WrapOptions.h"
 #include "src/wrap/Norvane_WrapFinders.h"
 #include "src/wrap/Norvane_WrapLayout.h"
 #include "streams/Zelmar_Columns.h"
@@ -80,22 +79,11 @@ WrapRange bodyOf(const WrapText& text, const WrapRange& range) {
 
 } // namespace
 
-CppExprLineWrapper::CppExprLineWrapper(const PropertySet& scheme) : CppExprFormatterBase(scheme) {
-    rightMargin_ = std::max(wrapInt(props_, "RIGHT_MARGIN", 0), 0);
-    lineWrap_ = wrapBool(props_, "LINE_WRAP");
-    wrapStyle_ = wrapStyleValue(props_, "WRAP_STYLE", kFlush, kFlush);
-    shiftWrapStyle_ = wrapStyleValue(props_, "SHIFT_WRAP_STYLE", kBreakFirst, kBreakFirst);
-    exprWrapStyle_ = wrapStyleValue(props_, "EXPR_WRAP_STYLE", kBreakFirst, kBreakFirst);
-    commaWrapStyle_ = wrapStyleValue(props_, "COMMA_WRAP_STYLE", kBreakLast, kBreakLast);
-    listWrapStrategy_ = wrapStyleValue(props_, "LIST_WRAP_STRATEGY", kKeepLines, kKeepLines);
-    wrapIndent_ = wrapIndentValue(props_, "WRAP_INDENT");
-}
-
 std::string CppExprLineWrapper::wrap(const std::string& text, const Zelmar::IndentStreamState& state, bool,
                                      bool noWrapIndent, std::string_view follower) {
     if (!isOn() || (fits(text, state, follower) && !mayHoldStringRun(text))) return text;
     const FlagGuard guard(noWrapIndent_, noWrapIndent);
-    WrapLayout layout(text, state, rightMargin_, follower);
+    WrapLayout layout(text, state, rules().rightMargin, follower);
     wrapRange(layout, layout.text().all());
     return layout.result();
 }
@@ -103,11 +91,11 @@ std::string CppExprLineWrapper::wrap(const std::string& text, const Zelmar::Inde
 std::string CppExprLineWrapper::wrapList(const std::string& text, const Zelmar::IndentStreamState& state,
                                          bool noWrapIndent, std::string_view follower) {
     if (!isOn()) return text;
-    const bool over = listWrapStrategy_ != kKeepLines && !fits(text, state, follower);
-    if (over && listWrapStrategy_ == kOneToALine) return wrap(text, state, true, noWrapIndent, follower);
+    const bool over = rules().listStrategy != ListStrategy::kKeepLines && !fits(text, state, follower);
+    if (over && rules().listStrategy == ListStrategy::kOneToALine) return wrap(text, state, true, noWrapIndent, follower);
     if (!over && !mayHoldStringRun(text)) return text;
     const FlagGuard guard(noWrapIndent_, noWrapIndent);
-    WrapLayout layout(text, state, rightMargin_, follower);
+    WrapLayout layout(text, state, rules().rightMargin, follower);
     if (over) wrapListElements(layout);
     breakStrings(layout, layout.text().all());
     return layout.result();
@@ -124,7 +112,7 @@ std::string CppExprLineWrapper::wrapStatementParts(const std::string& text,
                                                    std::string_view follower) {
     if (!isOn() || fits(text, state, follower)) return text;
     const FlagGuard guard(noWrapIndent_, false);
-    WrapLayout layout(text, state, rightMargin_, follower);
+    WrapLayout layout(text, state, rules().rightMargin, follower);
     const WrapRange all = layout.text().all();
     FindFirstElem semicolons(kSemicolon);
     wrapAt(layout, all, semicolons, true, state.indent);
@@ -144,11 +132,11 @@ bool CppExprLineWrapper::fits(std::string_view text, const Zelmar::IndentStreamS
         const std::string_view line = text.substr(0, feed);
         column = Zelmar::textColumn(line, column, tab);
         if (feed == std::string_view::npos) break;
-        if (column > rightMargin_ && !isBlankText(line)) return false;
+        if (column > rules().rightMargin && !isBlankText(line)) return false;
         text.remove_prefix(feed + 1);
         column = 0;
     }
-    return Zelmar::textColumn(follower.substr(0, follower.find('\n')), column, tab) <= rightMargin_;
+    return Zelmar::textColumn(follower.substr(0, follower.find('\n')), column, tab) <= rules().rightMargin;
 }
 
 void CppExprLineWrapper::wrapRange(WrapLayout& layout, const WrapRange& range) const {
@@ -166,15 +154,15 @@ void CppExprLineWrapper::wrapExpression(WrapLayout& layout, const WrapRange& ran
                                         const std::string& indent) const {
     if (!layout.isOver(range)) return;
     FindFirstElem commas(kComma);
-    wrapAt(layout, range, commas, commaWrapStyle_ == kBreakLast, indent);
+    wrapAt(layout, range, commas, rules().commaBreak == BreakStyle::kLast, indent);
     if (!layout.isOver(range)) return;
     wrapShifts(layout, range, indent);
     if (!layout.isOver(range)) return;
     FindFirstElem logicals(kLogicalOperators, kNoOperand);
-    wrapAt(layout, range, logicals, exprWrapStyle_ == kBreakLast, indent);
+    wrapAt(layout, range, logicals, rules().exprBreak == BreakStyle::kLast, indent);
     if (!layout.isOver(range)) return;
     FindFirstBinaryOp operators;
-    wrapAt(layout, range, operators, exprWrapStyle_ == kBreakLast, indent);
+    wrapAt(layout, range, operators, rules().exprBreak == BreakStyle::kLast, indent);
     if (layout.isOver(range)) wrapCasts(layout, range, indent);
 }
 
@@ -245,23 +233,23 @@ bool CppExprLineWrapper::mayGain(const WrapLayout& layout, const GroupFinder& gr
     const int column = layout.column(group.inner().begin);
     const std::string newLine = newLineAt(layout, groupIndent(layout, group), column);
     const int behind = layout.lineEndColumn(group.close()) - layout.column(group.inner().end - 1);
-    return Zelmar::textColumn(newLine, 0, std::max(layout.state().tabSize, 1)) + behind <= rightMargin_;
+    return Zelmar::textColumn(newLine, 0, std::max(layout.state().tabSize, 1)) + behind <= rules().rightMargin;
 }
 
 std::string CppExprLineWrapper::indentTo(const WrapLayout& layout, const std::string& indent,
                                          int column) const {
     const Zelmar::IndentStreamState& state = layout.state();
-    return Zelmar::makeIndent(indent, state.wsMode, state.tabSize, std::min(column, rightMargin_));
+    return Zelmar::makeIndent(indent, state.wsMode, state.tabSize, std::min(column, rules().rightMargin));
 }
 
 std::string CppExprLineWrapper::newLineAt(const WrapLayout& layout, const std::string& indent,
                                           int column) const {
-    const int style = startsAtIndent_ ? kIndented : wrapStyle_;
-    if (style == kAligned) return converted(layout, indentTo(layout, indent, column));
-    if (style != kIndented) return std::string();
-    const std::string wrapped = noWrapIndent_ ? indent : indent + wrapIndent_.value;
+    const WrapStyle style = startsAtIndent_ ? WrapStyle::kIndented : rules().style;
+    if (style == WrapStyle::kAligned) return converted(layout, indentTo(layout, indent, column));
+    if (style != WrapStyle::kIndented) return std::string();
+    const std::string wrapped = noWrapIndent_ ? indent : indent + rules().indent.value;
     const int width = Zelmar::textColumn(wrapped, 0, std::max(layout.state().tabSize, 1));
-    return converted(layout, width > rightMargin_ ? indentTo(layout, std::string(), width) : wrapped);
+    return converted(layout, width > rules().rightMargin ? indentTo(layout, std::string(), width) : wrapped);
 }
 
 // The text was converted before it came here, and its new lines must look as if they had been too.

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace Norvane {
 
@@ -34,8 +35,8 @@ struct WrapRange;
 /// length of the text, however its brackets nest.
 class CppExprLineWrapper : public CppExprFormatterBase {
 public:
-    /// Style values out of range count as the default of their option, WRAP_STYLE as 0.
-    explicit CppExprLineWrapper(const PropertySet& scheme);
+    explicit CppExprLineWrapper(SharedOptions options) : CppExprFormatterBase(std::move(options)) {}
+    explicit CppExprLineWrapper(const PropertySet& scheme) : CppExprLineWrapper(readOptions(scheme)) {}
 
     /// Breaks an expression that stands at the column of `state`. `flag` tells that the text is one of
     /// several parts; no rule asks for it. With `noWrapIndent` WRAP_INDENT is not added to the indent.
@@ -50,7 +51,7 @@ public:
     std::string wrapRows(const std::string& text, const Zelmar::IndentStreamState& state,
                          std::string_view follower = {});
     /// True if LIST_WRAP_STRATEGY has a line take as many elements as fit.
-    bool fillsLists() const { return isOn() && listWrapStrategy_ == kFillLines; }
+    bool fillsLists() const { return isOn() && rules().listStrategy == ListStrategy::kFillLines; }
     /// Breaks several parts side by side, such as the clauses of a "for": behind each ";", and then
     /// each part that is still too long as an expression.
     std::string wrapStatementParts(const std::string& text, const Zelmar::IndentStreamState& state,
@@ -61,11 +62,8 @@ public:
     bool fits(std::string_view text, const Zelmar::IndentStreamState& state, std::string_view follower) const;
 
 private:
-    enum WrapStyle { kFlush = 0, kAligned = 1, kIndented = 2 };
-    enum BreakStyle { kBreakFirst = 1, kBreakLast = 2 };
-    enum ListStrategy { kKeepLines = 0, kFillLines = 1, kOneToALine = 2 };
-
-    bool isOn() const { return lineWrap_ && rightMargin_ > 0; }
+    const WrapOptions& rules() const { return options().wrap; }
+    bool isOn() const { return rules().isOn; }
 
     // The steps of an expression, from the weakest binding to the strongest.
     void wrapRange(WrapLayout& layout, const WrapRange& range) const;
@@ -100,15 +98,6 @@ private:
     std::string indentTo(const WrapLayout& layout, const std::string& indent, int column) const;
     static std::string converted(const WrapLayout& layout, const std::string& indent);
 
-    // Read from the scheme by the constructor, fixed from then on.
-    int rightMargin_ = 0;
-    bool lineWrap_ = false;
-    int wrapStyle_ = kFlush;
-    int shiftWrapStyle_ = kBreakFirst;
-    int exprWrapStyle_ = kBreakFirst;
-    int commaWrapStyle_ = kBreakLast;
-    int listWrapStrategy_ = kKeepLines;
-    OptionalString wrapIndent_;
     // For the length of a call.
     bool noWrapIndent_ = false;
     bool startsAtIndent_ = false;

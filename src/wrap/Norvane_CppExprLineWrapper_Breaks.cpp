@@ -110,14 +110,14 @@ void CppExprLineWrapper::breakInFront(WrapLayout& layout, const WrapRange& range
 // The first operator stays with what stands before it; the column of the others is its own.
 void CppExprLineWrapper::wrapShifts(WrapLayout& layout, const WrapRange& range,
                                     const std::string& indent) const {
-    if (shiftWrapStyle_ != kBreakFirst && shiftWrapStyle_ != kBreakLast) return;
+    if (rules().shiftBreak != BreakStyle::kFirst && rules().shiftBreak != BreakStyle::kLast) return;
     static constexpr WrapKinds kShifts{tkShiftLeft, tkShiftRight};
     FindFirstElem shifts(kShifts);
     const WrapText& text = layout.text();
     std::size_t at = shifts.find(text, range);
     if (at == range.end) return;
     const std::string newLine = newLineAt(layout, indent, layout.column(at));
-    if (shiftWrapStyle_ == kBreakLast) return fillBehind(layout, range, shifts, newLine);
+    if (rules().shiftBreak == BreakStyle::kLast) return fillBehind(layout, range, shifts, newLine);
     while ((at = shifts.find(text, {at + 1, range.end})) < range.end) {
         const std::size_t end = shifts.find(text, {at + 1, range.end});
         if (isPieceOver(layout, {at, end}, range)) layout.breakBefore(at, newLine);
@@ -146,10 +146,10 @@ void CppExprLineWrapper::wrapListElements(WrapLayout& layout) const {
     FindFirstElem commas(kCommas);
     const std::string& indent = layout.state().indent;
     const int column = layout.column(std::min(headOf(text, range), range.end - 1));
-    if (commaWrapStyle_ == kBreakLast) {
+    if (rules().commaBreak == BreakStyle::kLast) {
         return fillBehind(layout, range, commas, newLineAt(layout, indent, column));
     }
-    if (commaWrapStyle_ != kBreakFirst) return;
+    if (rules().commaBreak != BreakStyle::kFirst) return;
     std::size_t at = commas.find(text, range);
     while (at < range.end) {
         const std::size_t end = commas.find(text, {at + 1, range.end});

@@ -1,12 +1,12 @@
 #include "src/wrap/Norvane_CppLineWrapper.h"
 
 #include "cpp/Cpp_Tokens.h"
-#include "src/scheme/Norvane_WrapOptions.h"
 #include "src/wrap/Norvane_CppLineWrapper_Scope.h"
 #include "src/wrap/Norvane_WrapStay.h"
 #include "streams/Zelmar_Columns.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Norvane {
 
@@ -16,9 +16,6 @@ std::string_view firstLine(std::string_view text) {
     return text.substr(0, text.find('\n'));
 }
 
-int marginOption(const PropertySet& scheme) { return std::max(wrapInt(scheme, "RIGHT_MARGIN", 0), 0); }
-int tabSizeOption(const PropertySet& scheme) { return std::max(wrapInt(scheme, "TAB_SIZE", 1), 1); }
-
 /// `line` has no line feed. Only a line with tabs is wider than it is long.
 bool isBeyond(std::string_view line, int margin, int tabSize) {
     const bool mayBe = line.size() > static_cast<std::size_t>(margin) || line.find('\t') != std::string_view::npos;
@@ -27,77 +24,29 @@ bool isBeyond(std::string_view line, int margin, int tabSize) {
 
 } // namespace
 
-CppLineWrapper::CppLineWrapper(const PropertySet& scheme, const std::string& formattedText,
-                               std::ostream& wrapped)
-    : props_(scheme), source_(formattedText), reader_(source_), wrapped_(wrapped), exprFormatter_(scheme),
-      exprWrapper_(scheme) {
-    normalizeProperties(props_);
-    readOptions();
-    if (lineWrap_ && rightMargin_ > 0) findOverLines();
-    output_.setTabSize(tabSize_);
+CppLineWrapper::CppLineWrapper(SharedOptions options, const std::string& formattedText, std::ostream& wrapped)
+    : options_(std::move(options)), source_(formattedText), reader_(source_), wrapped_(wrapped),
+      exprFormatter_(options_), exprWrapper_(options_) {
+    if (rules().isOn) findOverLines();
+    output_.setTabSize(options_->tabSize);
     output_.reserve(formattedText.size() + formattedText.size() / 16);
 }
 
-bool CppLineWrapper::leavesAsItIs(const PropertySet& scheme, std::string_view text) {
-    PropertySet props(scheme);
-    normalizeProperties(props);
-    const int margin = marginOption(props);
-    if (!wrapBool(props, "LINE_WRAP") || margin == 0) return true;
-    const int tabSize = tabSizeOption(props);
+bool CppLineWrapper::leavesAsItIs(const LayoutOptions& options, std::string_view text) {
+    if (!options.wrap.isOn) return true;
     while (!text.empty()) {
         const std::string_view line = firstLine(text);
-        if (isBeyond(line, margin, tabSize)) return false;
+        if (isBeyond(line, options.rightMargin, options.tabSize)) return false;
         text.remove_prefix(std::min(line.size() + 1, text.size()));
     }
     return true;
-}
-
-CppLineWrapper::CommaSpacing CppLineWrapper::spacingOption(const char* before, const char* between,
-                                                           const char* alignSwitch) const {
-    CommaSpacing spacing{wrapString(props_, before), wrapString(props_, between)};
-    if (alignSwitch != nullptr && wrapBool(props_, alignSwitch)) spacing.between = {true, "\n"};
-    return spacing;
-}
-
-void CppLineWrapper::readOptions() {
-    lineWrap_ = wrapBool(props_, "LINE_WRAP");
-    rightMargin_ = marginOption(props_);
-    wrapStyle_ = wrapStyleValue(props_, "WRAP_STYLE", 0, 0);
-    wrapIndent_ = wrapIndentValue(props_, "WRAP_INDENT");
-    commaWrapStyle_ = wrapStyleValue(props_, "COMMA_WRAP_STYLE", 2, 1);
-    joinsElements_ = wrapStyleValue(props_, "LIST_WRAP_STRATEGY", 0, 0) != 0;
-    tabSize_ = tabSizeOption(props_);
-    wsMode_ = wrapStyleValue(props_, "CONVERT_WS", Zelmar::kWsKeep, Zelmar::kWsKeep);
-    readIndents();
-    const char* const alignBases = "ALIGN_BASE_CLAUSES_LEFT";
-    baseSpacing_ = spacingOption("WS_BEFORE_BASE_CLAUSES_COMMA", "WS_BETWEEN_BASE_CLAUSES", alignBases);
-    parameterSpacing_ = spacingOption("WS_BEFORE_FN_COMMA", "WS_BETWEEN_FN_PARAMS", "ALIGN_FN_PARAMS_LEFT");
-    templateSpacing_ = spacingOption("WS_BEFORE_TP_COMMA", "WS_BETWEEN_TP_PARAMS", "ALIGN_TP_PARAMS_LEFT");
-    initSpacing_ = spacingOption("WS_BEFORE_CLASS_INITS_COMMA", "WS_BETWEEN_CLASS_INITS", nullptr);
-    afterTypeId_ = wrapString(props_, "WS_AFTER_DD_TYPE_ID");
-    afterOpenParen_ = wrapString(props_, "WS_AFTER_CS_OPEN_PAREN");
-    beforeCloseParen_ = wrapString(props_, "WS_BEFORE_CS_CLOSE_PAREN");
-    betweenClauses_ = spacingOption("", "WS_BETWEEN_CS_FOR_CLAUSES", "ALIGN_CS_FOR_CLAUSES_LEFT").between;
-    enumSpacing_ = spacingOption("WS_BEFORE_ENUM_COMMA", "WS_BETWEEN_ENUM_ELEMENTS", nullptr);
-}
-
-void CppLineWrapper::readIndents() {
-    leftMargin_ = wrapIndentValue(props_, "LEFT_MARGIN");
-    namespaceIndent_ = wrapIndentValue(props_, "INDENT_NS_CONTENT");
-    blockIndent_ = wrapIndentValue(props_, "GLOBAL_INDENT_CONTENT");
-    classIndent_ = wrapIndentValue(props_, "INDENT_CLASS_CONTENT");
-    functionIndent_ = wrapIndentValue(props_, "INDENT_FN_CONTENT");
-    controlIndent_ = wrapIndentValue(props_, "INDENT_CS_CONTENT");
-    caseIndent_ = wrapIndentValue(props_, "INDENT_CS_CASE_CONTENT");
-    dataIndent_ = wrapIndentValue(props_, "INDENT_DD_CONTENT");
-    enumIndent_ = wrapIndentValue(props_, "INDENT_ENUM_CONTENT");
 }
 
 void CppLineWrapper::findOverLines() {
     std::string_view rest = source_.text();
     for (std::uint32_t line = 1; !rest.empty(); ++line) {
         const std::string_view text = firstLine(rest);
-        if (isBeyond(text, rightMargin_, tabSize_)) overLines_.push_back(line);
+        if (isBeyond(text, rules().rightMargin, options_->tabSize)) overLines_.push_back(line);
         rest.remove_prefix(std::min(text.size() + 1, rest.size()));
     }
 }
@@ -147,19 +96,19 @@ std::size_t CppLineWrapper::endOfHead(const Trn::Position& headEnd) const {
 }
 
 std::string CppLineWrapper::indentFor(int column) const {
-    return Zelmar::makeIndent(output_.indent(), wsMode_, tabSize_, column);
+    return Zelmar::makeIndent(output_.indent(), options_->convertWs, options_->tabSize, column);
 }
 
 std::string CppLineWrapper::continuationIndent() const {
-    return wrapStyle_ == 2 ? indentFor(baseColumn()) + wrapIndent_.value : indentFor(baseColumn());
+    return rules().style == WrapStyle::kIndented ? indentFor(baseColumn()) + rules().indent.value : indentFor(baseColumn());
 }
 
 Zelmar::IndentStreamState CppLineWrapper::state() const {
-    return {output_.indent(), output_.keepLeadingWs(), wsMode_, tabSize_, output_.line(), output_.column()};
+    return {output_.indent(), output_.keepLeadingWs(), options_->convertWs, options_->tabSize, output_.line(), output_.column()};
 }
 
 Zelmar::IndentStreamState CppLineWrapper::stateWith(const std::string& indent) const {
-    return {indent, output_.keepLeadingWs(), wsMode_, tabSize_, output_.line(), output_.column()};
+    return {indent, output_.keepLeadingWs(), options_->convertWs, options_->tabSize, output_.line(), output_.column()};
 }
 
 void CppLineWrapper::visitChildren(Cpp::InteriorNode& node) {
@@ -168,8 +117,8 @@ void CppLineWrapper::visitChildren(Cpp::InteriorNode& node) {
 
 void CppLineWrapper::visit(Cpp::RootNode& node) {
     if (overMargin(node)) {
-        output_.setIndent(leftMargin_.value);
-        output_.setKeepLeadingWs(!leftMargin_.set);
+        output_.setIndent(rules().leftMargin.value);
+        output_.setKeepLeadingWs(!rules().leftMargin.set);
         visitChildren(node);
     }
     output_.writeRaw(reader_.readRest());
@@ -207,7 +156,7 @@ void CppLineWrapper::visit(Cpp::ExprNode& node) {
 void CppLineWrapper::writeSettled(std::string text, const Rewrite& wrap, const Rewrite& layOut) {
     static constexpr int kMostRounds = 6;
     // What reaches beyond the margin for sure is enough: the rest of a line may be a whole file.
-    const std::size_t most = static_cast<std::size_t>(rightMargin_) + 1;
+    const std::size_t most = static_cast<std::size_t>(rules().rightMargin) + 1;
     const std::string_view behind = firstLine(source_.text().substr(reader_.offset(), most));
     std::string wrapped = wrap(text);
     for (int round = 0; round < kMostRounds && wrapped != text; ++round) {
@@ -230,8 +179,8 @@ void CppLineWrapper::visit(Cpp::CommentNode& node) {
 void CppLineWrapper::moveComment(const Cpp::CommentNode& node) {
     const std::size_t lineStart = source_.lineStart(node.start().line);
     const std::string_view inFront = source_.text().substr(lineStart, reader_.offset() - lineStart);
-    if (Zelmar::textColumn(inFront, 0, tabSize_) == output_.column()) return copyNode(node);
-    output_.setWsMode(wsMode_);
+    if (Zelmar::textColumn(inFront, 0, options_->tabSize) == output_.column()) return copyNode(node);
+    output_.setWsMode(options_->convertWs);
     exprWrapper_.formatMultiLineToken(node.start(), node.end(), reader_, output_);
     output_.setWsMode(Zelmar::kWsKeep);
 }

@@ -4,8 +4,7 @@
 #include "cpp/Cpp_Emitter.h"
 #include "cpp/Cpp_Nodes.h"
 #include "src/expr/Norvane_CppExprFormatter.h"
-#include "src/scheme/Norvane_OptionalString.h"
-#include "src/scheme/Norvane_PropertySet.h"
+#include "src/scheme/Norvane_LayoutOptions.h"
 #include "src/wrap/Norvane_CppExprLineWrapper.h"
 #include "streams/Zelmar_IndentWriter.h"
 #include "streams/Zelmar_SourceText.h"
@@ -40,11 +39,13 @@ class CppLineWrapper : public Cpp::Emitter {
 public:
     using Cpp::Emitter::visit;
 
-    CppLineWrapper(const PropertySet& scheme, const std::string& formattedText, std::ostream& wrapped);
+    CppLineWrapper(const PropertySet& scheme, const std::string& formattedText, std::ostream& wrapped)
+        : CppLineWrapper(readOptions(scheme), formattedText, wrapped) {}
+    CppLineWrapper(SharedOptions options, const std::string& formattedText, std::ostream& wrapped);
 
     /// True if the pass would write `text` as it stands, since no line of it is beyond the margin:
     /// then it need not be parsed for the pass.
-    static bool leavesAsItIs(const PropertySet& scheme, std::string_view text);
+    static bool leavesAsItIs(const LayoutOptions& options, std::string_view text);
 
     /// True if `node` has an extent and a line beyond the margin from its first line to its last.
     /// A node that ends at a line feed has nothing on the line behind it.
@@ -95,17 +96,7 @@ private:
     /// Takes a text that stands at the end of the output, and returns it rewritten.
     using Rewrite = std::function<std::string(const std::string&)>;
 
-    /// The white space around the commas of a list, as the scheme has it.
-    struct CommaSpacing {
-        OptionalString before;
-        OptionalString between;
-
-        bool isUnset() const { return !before.set && !between.set; }
-    };
-
-    void readOptions();
-    void readIndents();
-    CommaSpacing spacingOption(const char* before, const char* between, const char* alignSwitch) const;
+    const WrapOptions& rules() const { return options_->wrap; }
     void findOverLines();
 
     // Copies of the formatted text: as it stands, whatever the indent.
@@ -131,12 +122,12 @@ private:
     void wrapHead(Cpp::FunctionHeadNode& head);
     void wrapParameters(Cpp::ParameterListNode& params, const Trn::Position& headEnd);
     void writeFunctionBody(Cpp::BlockNode* block);
-    void wrapCommaList(Cpp::InteriorNode& list, const CommaSpacing& spacing, const std::string& indent,
+    void wrapCommaList(Cpp::InteriorNode& list, const ListStyle& spacing, const std::string& indent,
                        std::size_t headEnd);
     void wrapEnumerators(Cpp::EnumBodyNode& node);
-    void wrapElements(const Cpp::InteriorNode& list, const CommaSpacing& spacing, const std::string& indent,
+    void wrapElements(const Cpp::InteriorNode& list, const ListStyle& spacing, const std::string& indent,
                       const Rewrite& wrap, const Rewrite& layOut);
-    std::string layOutList(const std::string& text, const CommaSpacing& spacing);
+    std::string layOutList(const std::string& text, const ListStyle& spacing);
     std::string joinElements(const std::string& text, const std::string& indent);
     std::optional<std::string> rowIndent(const std::string& text, const Rewrite& layOut);
     std::string wrapInitializer(const std::string& text, const std::optional<std::string>& rows);
@@ -148,35 +139,7 @@ private:
     std::string layOutCondition(const std::string& text, bool hasParts);
     void moveComment(const Cpp::CommentNode& node);
 
-    // Read from the scheme by the constructor, fixed from then on.
-    PropertySet props_;
-    OptionalString leftMargin_;
-    bool lineWrap_ = false;
-    int wrapStyle_ = 0;
-    OptionalString wrapIndent_;
-    int commaWrapStyle_ = 2;
-    bool joinsElements_ = false;
-    int tabSize_ = 1;
-    int wsMode_ = 0;
-    int rightMargin_ = 0;
-    OptionalString namespaceIndent_;
-    OptionalString blockIndent_;
-    OptionalString classIndent_;
-    OptionalString functionIndent_;
-    OptionalString controlIndent_;
-    OptionalString caseIndent_;
-    OptionalString dataIndent_;
-    OptionalString enumIndent_;
-    OptionalString afterOpenParen_;
-    OptionalString beforeCloseParen_;
-    OptionalString betweenClauses_;
-    OptionalString afterTypeId_;
-    CommaSpacing baseSpacing_;
-    CommaSpacing parameterSpacing_;
-    CommaSpacing templateSpacing_;
-    CommaSpacing initSpacing_;
-    CommaSpacing enumSpacing_;
-
+    SharedOptions options_;
     Zelmar::SourceText source_;
     Zelmar::SourceReader reader_;
     // Its mode is always to leave white space alone: the text was converted when it was formatted.

@@ -68,7 +68,7 @@ void CppLineWrapper::visit(Cpp::NamespaceDeclNode& node) {
     copyNode(node);
 }
 
-void CppLineWrapper::visit(Cpp::NamespaceBodyNode& node) { writeBody(node, namespaceIndent_); }
+void CppLineWrapper::visit(Cpp::NamespaceBodyNode& node) { writeBody(node, rules().namespaceIndent); }
 
 void CppLineWrapper::visit(Cpp::LinkageBlockNode& node) {
     if (!overMargin(node)) return copyNode(node);
@@ -79,14 +79,14 @@ void CppLineWrapper::visit(Cpp::LinkageBlockNode& node) {
     copyNode(node);
 }
 
-void CppLineWrapper::visit(Cpp::LinkageBlockBodyNode& node) { writeBody(node, blockIndent_); }
+void CppLineWrapper::visit(Cpp::LinkageBlockBodyNode& node) { writeBody(node, rules().blockIndent); }
 
 void CppLineWrapper::visit(Cpp::TemplateNode& node) {
     indentColumns_.push_back(copyUpToStart(node));
     templateDepth_ = indentColumns_.size();
     if (overMargin(node) && node.params() != nullptr) {
         copyThrough(node.params()->start());
-        wrapCommaList(*node.params(), templateSpacing_, continuationIndent(), source_.offsetOf(node.end()));
+        wrapCommaList(*node.params(), rules().templateParameters, continuationIndent(), source_.offsetOf(node.end()));
     }
     copyNode(node);
 }
@@ -104,10 +104,10 @@ void CppLineWrapper::visit(Cpp::ClassHeadNode& node) {
     if (node.bases() != nullptr) node.bases()->accept(*this);
 }
 
-void CppLineWrapper::visit(Cpp::ClassBodyNode& node) { writeBody(node, classIndent_); }
+void CppLineWrapper::visit(Cpp::ClassBodyNode& node) { writeBody(node, rules().classIndent); }
 
 void CppLineWrapper::visit(Cpp::BaseClauseListNode& node) {
-    wrapCommaList(node, baseSpacing_, continuationIndent(), endOfHead(node.end()));
+    wrapCommaList(node, rules().bases, continuationIndent(), endOfHead(node.end()));
 }
 
 void CppLineWrapper::visit(Cpp::FunctionDeclNode& node) {
@@ -130,7 +130,7 @@ void CppLineWrapper::visit(Cpp::CtorDeclNode& node) {
 }
 
 void CppLineWrapper::writeFunctionBody(Cpp::BlockNode* block) {
-    if (block != nullptr) writeBody(*block, functionIndent_);
+    if (block != nullptr) writeBody(*block, rules().functionIndent);
 }
 
 void CppLineWrapper::wrapHead(Cpp::FunctionHeadNode& head) {
@@ -141,7 +141,7 @@ void CppLineWrapper::wrapHead(Cpp::FunctionHeadNode& head) {
 void CppLineWrapper::wrapParameters(Cpp::ParameterListNode& params, const Trn::Position& headEnd) {
     if (!overMargin(params)) return;
     copyThrough(params.start());
-    wrapCommaList(params, parameterSpacing_, continuationIndent(), endOfHead(headEnd));
+    wrapCommaList(params, rules().parameters, continuationIndent(), endOfHead(headEnd));
 }
 
 void CppLineWrapper::visit(Cpp::FunctionPtrDeclNode& node) {
@@ -152,7 +152,7 @@ void CppLineWrapper::visit(Cpp::FunctionPtrDeclNode& node) {
 }
 
 void CppLineWrapper::visit(Cpp::InitializerListNode& node) {
-    wrapCommaList(node, initSpacing_, continuationIndent(), endOfHead(node.end()));
+    wrapCommaList(node, rules().initializers, continuationIndent(), endOfHead(node.end()));
 }
 
 void CppLineWrapper::visit(Cpp::EnumDeclNode& node) {
@@ -164,11 +164,11 @@ void CppLineWrapper::visit(Cpp::EnumDeclNode& node) {
 }
 
 void CppLineWrapper::visit(Cpp::EnumBodyNode& node) {
-    const ContentIndent indent(*this, enumIndent_, baseColumn());
+    const ContentIndent indent(*this, rules().enumIndent, baseColumn());
     wrapEnumerators(node);
 }
 
-void CppLineWrapper::wrapCommaList(Cpp::InteriorNode& list, const CommaSpacing& spacing,
+void CppLineWrapper::wrapCommaList(Cpp::InteriorNode& list, const ListStyle& spacing,
                                    const std::string& indent, std::size_t headEnd) {
     const auto wrap = [this, &indent, headEnd](const std::string& text) {
         return exprWrapper_.wrapList(text, stateWith(indent), false, followerThrough(headEnd));
@@ -185,32 +185,32 @@ void CppLineWrapper::wrapEnumerators(Cpp::EnumBodyNode& node) {
     const auto wrap = [this, &node](const std::string& text) {
         return exprWrapper_.wrapList(text, state(), true, followerThrough(source_.offsetOf(node.end())));
     };
-    const auto layOut = [this](const std::string& text) { return layOutList(text, enumSpacing_); };
-    wrapElements(node, enumSpacing_, output_.indent(), wrap, layOut);
+    const auto layOut = [this](const std::string& text) { return layOutList(text, rules().enumerators); };
+    wrapElements(node, rules().enumerators, output_.indent(), wrap, layOut);
 }
 
-void CppLineWrapper::wrapElements(const Cpp::InteriorNode& list, const CommaSpacing& spacing,
+void CppLineWrapper::wrapElements(const Cpp::InteriorNode& list, const ListStyle& spacing,
                                   const std::string& indent, const Rewrite& wrap, const Rewrite& layOut) {
     if (!overMargin(list)) return;
     const std::optional<Extent> elements = elementsOf(list);
     if (!elements) return;
     copyUpTo(elements->start);
     std::string text(reader_.readThrough(elements->end));
-    if (joinsElements_ && spacing.isUnset()) text = joinElements(text, indent);
+    if (rules().listStrategy != ListStrategy::kKeepLines && !spacing.isSet()) text = joinElements(text, indent);
     writeSettled(std::move(text), wrap, layOut);
 }
 
-std::string CppLineWrapper::layOutList(const std::string& text, const CommaSpacing& spacing) {
+std::string CppLineWrapper::layOutList(const std::string& text, const ListStyle& spacing) {
     const std::string laidOut = exprFormatter_.format(text, state());
-    if (spacing.isUnset()) return laidOut;
-    return exprWrapper_.formatAlignedList(laidOut, Cpp::tkComma, spacing.before, spacing.between, state());
+    if (!spacing.isSet()) return laidOut;
+    return exprWrapper_.formatAlignedList(laidOut, Cpp::tkComma, spacing.beforeComma, spacing.between, state());
 }
 
 // With no value for the gaps they are made alike, so that it does not hang on the lines of the
 // source which elements share one.
 std::string CppLineWrapper::joinElements(const std::string& text, const std::string& indent) {
     const OptionalString blank{true, " "};
-    const OptionalString before = commaWrapStyle_ == 2 ? OptionalString{true, ""} : blank;
+    const OptionalString before = rules().commasStick ? OptionalString{true, ""} : blank;
     Zelmar::IndentStreamState state = stateWith(output_.column() > 0 ? indent : std::string());
     state.keepLeadingWs = false;
     return exprWrapper_.formatList(text, Cpp::tkComma, before, blank, state);
@@ -221,7 +221,7 @@ void CppLineWrapper::visit(Cpp::DataDeclNode& node) {
     const int column = copyUpToStart(node);
     copyUpTo(node.init()->start());
     if (overMargin(*node.init())) {
-        const ContentIndent indent(*this, dataIndent_, column);
+        const ContentIndent indent(*this, rules().dataIndent, column);
         const std::string text(reader_.readThrough(node.init()->end()));
         const auto layOut = [this](const std::string& wrapped) { return layOutInitializer(wrapped); };
         const std::optional<std::string> rows = rowIndent(text, layOut);
@@ -232,11 +232,11 @@ void CppLineWrapper::visit(Cpp::DataDeclNode& node) {
 }
 
 std::string CppLineWrapper::layOutInitializer(const std::string& text) {
-    if (text.front() != '(') return exprFormatter_.formatDeclaration(text, state(), afterTypeId_);
+    if (text.front() != '(') return exprFormatter_.formatDeclaration(text, state(), rules().afterTypeId);
     // Laid out as the call of a function whose name is one letter long.
     Zelmar::IndentStreamState call = state();
     call.column = std::max(call.column - 1, 0);
-    const std::string laidOut = exprFormatter_.formatDeclaration("f" + text, call, afterTypeId_);
+    const std::string laidOut = exprFormatter_.formatDeclaration("f" + text, call, rules().afterTypeId);
     return laidOut.substr(laidOut.find('f') + 1);
 }
 

@@ -27,7 +27,7 @@ bool isElseIf(const Cpp::CtrlSubStmtNode& node) {
 void CppLineWrapper::visit(Cpp::BlockNode& node) {
     copyUpTo(node.start());
     const ColumnScope scope(*this, output_.indentWidth());
-    writeBody(node, blockIndent_);
+    writeBody(node, rules().blockIndent);
 }
 
 void CppLineWrapper::visit(Cpp::CtrlStmtNode& node) {
@@ -42,7 +42,7 @@ void CppLineWrapper::visit(Cpp::CtrlSubStmtNode& node) {
     if (node.head() != nullptr) node.head()->accept(*this);
     if (node.block() == nullptr) return;
     if (isElseIf(node)) return visitElseIf(*node.block());
-    writeBody(*node.block(), keywordOf(node) == Cpp::tkSwitch ? caseIndent_ : controlIndent_);
+    writeBody(*node.block(), keywordOf(node) == Cpp::tkSwitch ? rules().caseIndent : rules().controlIndent);
 }
 
 // The whole of a chain stands at the column of its first "if".
@@ -80,13 +80,13 @@ void CppLineWrapper::wrapCondition(const Cpp::ExprNode& condition, bool hasParts
 
 // With an option for what is next to its parentheses a condition is laid out from behind the first.
 std::string CppLineWrapper::layOutCondition(const std::string& text, bool hasParts) {
-    const bool hasClauses = hasParts && betweenClauses_.set;
-    const bool isPlaced = hasClauses || afterOpenParen_.set || beforeCloseParen_.set;
+    const bool hasClauses = hasParts && rules().betweenClauses.set;
+    const bool isPlaced = hasClauses || rules().conditionParens.isSet();
     Zelmar::IndentStreamState place = stateWith(isPlaced ? indentFor(output_.column()) : std::string());
     place.keepLeadingWs = !isPlaced;
     const std::string laidOut = exprFormatter_.format(text, place);
     if (!hasClauses) return laidOut;
-    return exprWrapper_.formatList(laidOut, Cpp::tkSemicolon, OptionalString(), betweenClauses_, place);
+    return exprWrapper_.formatList(laidOut, Cpp::tkSemicolon, OptionalString(), rules().betweenClauses, place);
 }
 
 } // namespace Norvane

@@ -108,11 +108,11 @@ TEST(WrapStage, OnlyALineBeyondTheMarginIsWorthAParse) {
     scheme.setBool("LINE_WRAP", true);
     scheme.setInt("RIGHT_MARGIN", 9);
     scheme.setInt("TAB_SIZE", 4);
-    EXPECT_TRUE(Norvane::CppLineWrapper::leavesAsItIs(scheme, "int a;\nint bbbb;\n"));
-    EXPECT_FALSE(Norvane::CppLineWrapper::leavesAsItIs(scheme, "int a;\nint bbbbb;"));
-    EXPECT_FALSE(Norvane::CppLineWrapper::leavesAsItIs(scheme, "\tint a;\n")); // 10 columns wide
+    EXPECT_TRUE(Norvane::CppLineWrapper::leavesAsItIs(Norvane::LayoutOptions(scheme), "int a;\nint bbbb;\n"));
+    EXPECT_FALSE(Norvane::CppLineWrapper::leavesAsItIs(Norvane::LayoutOptions(scheme), "int a;\nint bbbbb;"));
+    EXPECT_FALSE(Norvane::CppLineWrapper::leavesAsItIs(Norvane::LayoutOptions(scheme), "\tint a;\n")); // 10 columns wide
     scheme.setInt("RIGHT_MARGIN", 0);
-    EXPECT_TRUE(Norvane::CppLineWrapper::leavesAsItIs(scheme, "int a;"));
+    EXPECT_TRUE(Norvane::CppLineWrapper::leavesAsItIs(Norvane::LayoutOptions(scheme), "int a;"));
 }
 
 TEST(WrapStage, WithTheMarginBelowOneEveryTextComesOutByteForByte) {
