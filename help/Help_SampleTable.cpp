@@ -199,6 +199,14 @@ constexpr std::string_view kDirectives = R"(void run()
 }
 )";
 
+constexpr std::string_view kLines = R"(int sum()
+{
+  return first(list,
+               0)
+       + rest(list);
+}
+)";
+
 constexpr auto kSamples = std::to_array<Sample>({
     {"GLOBAL_INDENT_CONTENT", kFour, kLinkageLines, {}},
     {"GLOBAL_WS_AFTER_OPEN_BRACE", kNewLine, kLinkage, {}},
@@ -330,6 +338,8 @@ constexpr auto kSamples = std::to_array<Sample>({
     {"TAB_SIZE", "4", kTabs, "2 CONVERT_WS 1\n"},
     {"TAB_SIZE", "8", kTabs, "2 CONVERT_WS 1\n"},
     {"WS_BETWEEN_CS", kNewLine, kIf, {}},
+
+    {"KEEP_SHAPE", kOn, kLines, "3 LEFT_MARGIN \"\"\n3 INDENT_FN_CONTENT \"    \"\n"},
 });
 
 } // namespace

@@ -18,6 +18,9 @@ constexpr auto kGlobals = std::to_array<Text>({
     "`CONVERT_WS` works on the finished text, with tab stops every `TAB_SIZE` columns. It needs the true tab "
     "size: a tab counts as one column as long as `TAB_SIZE` is not set. What is lined up in columns is filled "
     "with tabs where a tab fits, unless `CONVERT_WS` is 1.",
+    "`KEEP_SHAPE` is for statements that take several lines. The first line goes where the indents put it, and "
+    "the further ones go along, so that what was lined up stays lined up. Without it each of them falls back "
+    "to the indent of the statement. It has nothing to do while the left edge is left to the source.",
 });
 
 constexpr auto kClasses = std::to_array<Text>({

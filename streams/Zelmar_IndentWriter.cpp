@@ -37,10 +37,21 @@ std::string_view dropBlanks(std::string_view text) {
 IndentWriter::IndentWriter(const IndentStreamState& state)
     : indent_(state.indent), keepLeadingWs_(state.keepLeadingWs), wsMode_(state.wsMode),
       tabSize_(std::max(state.tabSize, 1)), line_(std::max(state.line, 1)),
-      column_(std::max(state.column, 0)) {}
+      column_(std::max(state.column, 0)), shape_(state.shape), copiedFeed_(state.copiedFeed),
+      shapeWs_(state.shapeWs) {}
 
 IndentStreamState IndentWriter::state() const {
-    return {indent_, keepLeadingWs_, wsMode_, tabSize_, line_, column_};
+    return {indent_, keepLeadingWs_, wsMode_, tabSize_, line_, column_, shape_, copiedFeed_, shapeWs_};
+}
+
+void IndentWriter::setShape(const LineShape& shape) {
+    shape_ = shape;
+    copiedFeed_ = false;
+}
+
+void IndentWriter::noteCopiedFeed() {
+    copiedFeed_ = column_ == 0;
+    shapeWs_.clear();
 }
 
 void IndentWriter::setTabSize(int tabSize) {
@@ -54,7 +65,9 @@ void IndentWriter::setWsMode(int wsMode) {
 }
 
 void IndentWriter::write(std::string_view text) {
+    if (shape_.kept && !keepLeadingWs_) return writeShaped(text);
     writeUnder(text, indent_, keepLeadingWs_);
+    if (shape_.kept && text.ends_with('\n')) noteCopiedFeed();
 }
 
 void IndentWriter::writeExact(std::string_view text) {
@@ -74,6 +87,53 @@ void IndentWriter::writeVerbatim(std::string_view text) {
     if (!text.empty()) prevChar_ = static_cast<unsigned char>(text.back());
 }
 
+// The shape is a matter of lines that follow each other in the source: one that a value began has no
+// place there.
+void IndentWriter::writeShaped(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t feed = text.find('\n');
+        const std::string_view line = text.substr(0, feed == std::string_view::npos ? feed : feed + 1);
+        text.remove_prefix(line.size());
+        if (column_ == 0 && copiedFeed_) {
+            const std::string_view visible = dropBlanks(line);
+            shapeWs_.append(line.substr(0, line.size() - visible.size()));
+            if (visible.empty()) return;
+            writeUnder(visible, visible.front() == '\n' ? std::string() : shapedIndent(), false);
+        } else {
+            writeUnder(line, indent_, false);
+        }
+        if (line.back() != '\n') continue;
+        copiedFeed_ = true;
+        shapeWs_.clear();
+    }
+}
+
+// White space that does not move stays as it is. Tabs come back as tabs.
+std::string IndentWriter::shapedIndent() const {
+    if (shape_.shift == 0) return shapeWs_;
+    const int width = std::max(textColumn(shapeWs_, 0, tab()) + shape_.shift, 0);
+    const int indentEnd = indentWidth();
+    const bool tabbed = wsMode_ == kWsKeep && shapeWs_.find('\t') != std::string::npos;
+    if (!tabbed && wsMode_ == kWsKeep && width >= indentEnd) {
+        return indent_ + std::string(static_cast<std::size_t>(width - indentEnd), ' ');
+    }
+    const int tabs = tabbed ? width / tab() : 0;
+    return std::string(static_cast<std::size_t>(tabs), '\t') +
+           std::string(static_cast<std::size_t>(width - tabs * tab()), ' ');
+}
+
+int IndentWriter::lineIndent() const {
+    if (column_ == 0) return indentWidth();
+    const std::string_view line = std::string_view(text_).substr(std::min(lineStart_, text_.size()));
+    const std::string_view visible = dropBlanks(line);
+    return visible.empty() ? column_ : textColumn(line.substr(0, line.size() - visible.size()), 0, tabSize_);
+}
+
+void IndentWriter::clearText() {
+    text_.clear();
+    lineStart_ = 0;
+}
+
 void IndentWriter::sync() {
     flushHeldSpaces();
 }
@@ -90,6 +150,7 @@ std::string IndentWriter::takeText() {
     sync();
     std::string taken;
     taken.swap(text_);
+    lineStart_ = 0;
     return taken;
 }
 
@@ -103,10 +164,14 @@ void IndentWriter::writeUnder(std::string_view text, std::string_view indent, bo
         failed_ = failed_ || !text.empty();
         return;
     }
+    if (!text.empty()) copiedFeed_ = false;
     while (true) {
         if (column_ == 0 && !keepLeadingWs) text = dropBlanks(text);
         if (text.empty()) return;
-        if (column_ == 0 && text.front() != '\n') writeIndent(indent);
+        if (column_ == 0) {
+            lineStart_ = text_.size();
+            if (text.front() != '\n') writeIndent(indent);
+        }
         text.remove_prefix(writeLine(text));
     }
 }

@@ -7,6 +7,13 @@
 
 namespace Zelmar {
 
+/// Where the further lines of a construct go that owns its shape: by `shift` columns beside the place
+/// that they have in the text that they are copied from, but not beyond the left edge.
+struct LineShape {
+    bool kept = false;
+    int shift = 0;
+};
+
 /// A snapshot of how and where a writer writes. Built from it, a scratch writer goes on at the
 /// same column under the same settings, so that text can be measured or laid out in place.
 struct IndentStreamState {
@@ -16,6 +23,10 @@ struct IndentStreamState {
     int tabSize = 1;
     int line = 1;
     int column = 0;
+    LineShape shape = {};
+    // Of a line that is still to begin: it goes on a copied text, with this white space in front.
+    bool copiedFeed = false;
+    std::string shapeWs = {};
 };
 
 /// Appends text to a string and puts the current indent in front of every line.
@@ -26,6 +37,10 @@ struct IndentStreamState {
 ///
 ///     out.setIndent("    ");
 ///     out.write("{\n  a();\n\n}\n");      // "    {\n    a();\n\n    }\n"
+///
+/// While a shape is kept, a line that write() begins behind a line feed that was copied too stands by
+/// its own white space and the shift instead. A line that a value began has the indent as ever, and
+/// so has every line while leading white space is kept.
 ///
 /// Lines count from 1, columns from 0, and a tab runs to the next tab stop here. Tabs and spaces
 /// are converted on the way by wsMode (0 leaves them, 1 tabs to spaces, 2 spaces to tabs), but not
@@ -47,10 +62,18 @@ public:
     /// True once something was to be written in a mode that does not exist. Nothing was written then.
     bool failed() const { return failed_; }
     IndentStreamState state() const;
+    const LineShape& shape() const { return shape_; }
+    /// The column of the first character of the current line that is not white space; where the
+    /// line is blank so far, that of its end, and at the start of a line the width of the indent.
+    int lineIndent() const;
 
     /// Takes effect at the next start of a line.
     void setIndent(std::string_view indent) { indent_.assign(indent); }
     void setKeepLeadingWs(bool keep) { keepLeadingWs_ = keep; }
+    /// Takes effect behind the next line feed.
+    void setShape(const LineShape& shape);
+    /// Says that the line feed written last was one of the source, however it was written.
+    void noteCopiedFeed();
     /// Both let held-back spaces out first. A tab size below 1 counts as 1.
     void setTabSize(int tabSize);
     void setWsMode(int wsMode);
@@ -79,13 +102,15 @@ public:
     std::string takeText();
     /// Forgets the text so far, which the caller has passed on. Spaces held back stay held, and the
     /// line and the column go on.
-    void clearText() { text_.clear(); }
+    void clearText();
     /// Says that the writer stands at another place, such as before a write that went nowhere.
     void setPlace(int line, int column);
     void reserve(std::size_t bytes) { text_.reserve(bytes); }
 
 private:
     void writeUnder(std::string_view text, std::string_view indent, bool keepLeadingWs);
+    void writeShaped(std::string_view text);
+    std::string shapedIndent() const;
     void writeIndent(std::string_view indent);
     // These three write as far as the first line feed and return how much that was.
     std::size_t writeLine(std::string_view text);
@@ -106,6 +131,12 @@ private:
     int tabSize_ = 1;
     int line_ = 1;
     int column_ = 0;
+    LineShape shape_;
+    // Of the current line: where it begins in the text, whether write() ended the one before, and the
+    // white space that the text copied has in front of it.
+    std::size_t lineStart_ = 0;
+    bool copiedFeed_ = false;
+    std::string shapeWs_;
     // Only mode 1 and 2 look at these. Characters are held as ints: -1 means none.
     int pendingSpaces_ = 0;
     int prevChar_ = -1;
@@ -130,6 +161,25 @@ public:
 private:
     Stream& stream_;
     std::string saved_;
+};
+
+/// Lets no shape be kept for the length of a scope. A line feed that ends it counts as copied.
+class ShapeGuard {
+public:
+    explicit ShapeGuard(IndentWriter& writer) : writer_(writer), saved_(writer.shape()) {
+        if (saved_.kept) writer_.setShape({});
+    }
+    ~ShapeGuard() {
+        if (!saved_.kept) return;
+        writer_.setShape(saved_);
+        writer_.noteCopiedFeed();
+    }
+    ShapeGuard(const ShapeGuard&) = delete;
+    ShapeGuard& operator=(const ShapeGuard&) = delete;
+
+private:
+    IndentWriter& writer_;
+    LineShape saved_;
 };
 
 /// Sets whether leading white space is kept, for the length of a scope.

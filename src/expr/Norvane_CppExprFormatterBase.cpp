@@ -44,13 +44,19 @@ void writeMovedToken(std::string_view token, int sourceColumn, Zelmar::IndentWri
     output.write(token.substr(0, 1));
     const int column = lastColumn(output);
     token.remove_prefix(std::min<std::size_t>(token.size(), 1));
-    if (sourceColumn < 0 || column == sourceColumn) return output.writeRaw(token);
-    output.write(takeLine(token));
-    writeMovedLines(token, sourceColumn, column, output);
+    const bool endsLine = token.ends_with('\n');
+    if (sourceColumn < 0 || column == sourceColumn) {
+        output.writeRaw(token);
+    } else {
+        output.write(takeLine(token));
+        writeMovedLines(token, sourceColumn, column, output);
+    }
+    if (endsLine) output.noteCopiedFeed();
 }
 
 void writeDirective(std::string_view gap, std::string_view directive, int sourceColumn,
                     const DirectivePlace& place, Zelmar::IndentWriter& output) {
+    const Zelmar::ShapeGuard unshaped(output);
     if (!place.found) {
         output.writeRaw(gap);
         return output.writeRaw(directive);

@@ -58,7 +58,7 @@ void ExprCopier::copyPlain(std::size_t offset) {
 }
 
 void ExprCopier::keepShapeUpTo(std::size_t close) {
-    if (output_.keepLeadingWs() || keepsShape()) return;
+    if (output_.keepLeadingWs() || output_.shape().kept || keepsShape()) return;
     std::string_view before = tokens_.gap(close);
     const std::size_t feed = before.rfind('\n');
     if (feed == std::string_view::npos && !tokens_.endsLine(close - 1)) return;

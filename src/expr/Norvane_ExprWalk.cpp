@@ -111,7 +111,7 @@ void ExprWalk::startLineInColumn(std::size_t index, int column) {
     copier_.copyTo(tokens_.gapBegin(index));
     if (!isBlank(tokens_.gap(index))) return;
     for (const char c : tokens_.gap(index)) {
-        if (c == '\n') output_.put('\n');
+        if (c == '\n') output_.writeExact("\n");
     }
     copier_.skipTo(tokens_.gapEnd(index));
     if (output_.column() > 0) return;

@@ -97,6 +97,7 @@ void CppFormatter::visit(Cpp::RootNode& node) {
     {
         const Edge edge(*this, options_.leftMargin.value, !options_.leftMargin.set);
         writeChildren(node, noWs());
+        endShapes({source_.lineCount() + 1, 1}, noWs());
         writeSource(readRest());
     }
     const std::string text = output_.takeText();
@@ -105,6 +106,7 @@ void CppFormatter::visit(Cpp::RootNode& node) {
 }
 
 std::string_view CppFormatter::readUpTo(const Position& position) {
+    beginRead();
     return regions_.empty() ? input_.readUpTo(position) : readToRegionOr(position);
 }
 
@@ -121,6 +123,7 @@ std::string_view CppFormatter::readToRegionOr(const Position& position) {
 }
 
 std::string_view CppFormatter::readThrough(const Position& position) {
+    beginRead();
     const std::size_t offset = regions_.empty() ? 0 : source_.offsetOf(position);
     if (offset != Zelmar::SourceText::npos) {
         while (nextRegion_ < regions_.size() && regions_[nextRegion_].begin <= offset) writeNextRegion();

@@ -141,6 +141,7 @@ private:
     class RegionFinder;
 
     class Edge;
+    class ShapeScope;
     class BaseScope;
     class PendingScope;
     class ChildScope;
@@ -188,10 +189,26 @@ private:
     // Where constructs begin.
     Base baseHere();
     Base beginAt(const Position& position);
+    Base constructHere();
+    Base constructAt(const Position& position);
     const Base& base() const;
     const Base& scopeBase() const;
     std::string baseIndent(const Base& base) const;
     std::string bodyIndent(const OptionalString& spec) const;
+
+    // The shape of statements that take several lines.
+    void armShape(const Cpp::SyntaxNode& node);
+    void beginShape();
+    void beginChild(const Cpp::SyntaxNode& child);
+    void endChild(const Cpp::SyntaxNode& child);
+    void endShapes(const Position& end, const OptionalString& indent);
+    bool writeLooseStart(const Position& first, const BodyStyle& style);
+    void copyLooseStatements(const Position& end);
+    int sourceColumn(std::size_t offset);
+    void beginRead();
+    bool keepsShape() const { return options_.keepShape && !sourceOwnsEdge(); }
+    int closeColumn() const;
+    void writeCloseBraceOnLine(const Cpp::InteriorNode& node, int column);
 
     // What constructs hand on to each other.
     void pushPending(const OptionalString& option);
@@ -206,8 +223,9 @@ private:
     void writeBehindLabel(const Cpp::SyntaxNode& next);
     void writeBody(Cpp::InteriorNode& node, const BodyStyle& style);
     void writeBodyStart(const Cpp::InteriorNode& node, const BodyStyle& style, bool braced);
+    bool isHeadNote(const Cpp::InteriorNode& body) const;
     void writeOpenBrace(const Cpp::InteriorNode& node, const BodyStyle& style);
-    void writeCloseBrace(const Cpp::InteriorNode& node, const BodyStyle& style);
+    void writeCloseBrace(const Cpp::InteriorNode& node, const BodyStyle& style, int column);
     void writeEmptyBraces(const Cpp::InteriorNode& node, const BodyStyle& style);
     void writeAfterOpen(std::string_view gap, std::string_view value);
     void writeList(Cpp::InteriorNode& list, const ListStyle& style);
@@ -297,6 +315,13 @@ private:
     std::size_t openEdges_ = 0;
     /// Source offset behind the last token that took the line feed of its line with it.
     std::size_t lineEnd_ = std::string_view::npos;
+    /// The statement that was written last has not ended yet.
+    bool statementOpen_ = false;
+    /// Source offset of the statement that is to keep its shape from its first character on, or npos.
+    std::size_t shapeStart_ = std::string_view::npos;
+    /// The place whose column was asked for last: the next one on its line is counted from there.
+    std::size_t columnOffset_ = 0;
+    int columnThere_ = 0;
     /// The first region that is still to come.
     std::size_t nextRegion_ = 0;
     /// What was read up to last lies in a region, and the gap in front of it too.

@@ -53,7 +53,9 @@ void CppFormatter::writeChildren(Cpp::InteriorNode& node, const OptionalString& 
         if (afterClassBody_ && dynamic_cast<const Cpp::DataDeclNode*>(it->get()) == nullptr) {
             afterClassBody_ = false;
         }
+        beginChild(**it);
         (*it)->accept(*this);
+        endChild(**it);
         if (!afterCaseLabel_) continue;
         afterCaseLabel_ = false;
         if (const auto next = std::next(it); next != node.childEnd()) writeBehindLabel(**next);
@@ -102,10 +104,18 @@ void CppFormatter::writeBody(Cpp::InteriorNode& node, const BodyStyle& style) {
         const Edge edge(*this, style.indent);
         return copyThrough(node.end());
     }
-    if (braced) writeOpenBrace(node, style);
+    if (!braced) {
+        const ShapeScope shape(*this);
+        writeChildren(node, style.indent);
+        return copyThrough(node.end());
+    }
+    copyThrough(node.start());
+    const int column = closeColumn();
+    const ShapeScope shape(*this);
+    writeOpenBrace(node, style);
     writeChildren(node, style.indent);
-    if (braced) return writeCloseBrace(node, style);
-    copyThrough(node.end());
+    endShapes(node.end(), style.indent);
+    writeCloseBrace(node, style, column);
 }
 
 void CppFormatter::writeBodyStart(const Cpp::InteriorNode& node, const BodyStyle& style, bool braced) {
@@ -120,6 +130,7 @@ void CppFormatter::writeBodyStart(const Cpp::InteriorNode& node, const BodyStyle
     }
     const Cpp::SyntaxNode& first = node.empty() ? static_cast<const Cpp::SyntaxNode&>(node) : *node.child(0);
     const GapEnd end = splitGapEnd(readGapBefore(first, value), value);
+    const ShapeScope shape(*this);
     const Edge edge(*this, style.indent);
     writeSource(end.kept);
     writeInPlace(end.value, first);
@@ -132,9 +143,10 @@ void CppFormatter::writeKept(std::string_view text, const OptionalString& indent
 
 void CppFormatter::writeOpenBrace(const Cpp::InteriorNode& node, const BodyStyle& style) {
     copyThrough(node.start());
-    if (isInRegion(node.start())) return;
+    if (isInRegion(node.start()) || isHeadNote(node)) return;
     const Cpp::SyntaxNode& first = *node.child(0);
     const Edge edge(*this, style.indent);
+    if (writeLooseStart(first.start(), style)) return;
     if (!style.wsAfterOpen.set) {
         // With an option of its own the child would add its white space to that of the source.
         if (!ownsGap(first)) writeSource(readUpTo(lineOrStart(first)));
@@ -174,7 +186,7 @@ void CppFormatter::writeAfterOpen(std::string_view gap, std::string_view value) 
     output_.write(text);
 }
 
-void CppFormatter::writeCloseBrace(const Cpp::InteriorNode& node, const BodyStyle& style) {
+void CppFormatter::writeCloseBrace(const Cpp::InteriorNode& node, const BodyStyle& style, int column) {
     const std::string_view gap = readUpTo(node.end());
     if (style.wsBeforeClose.set) {
         const GapEnd end = splitGapEnd(gap, style.wsBeforeClose.value);
@@ -185,22 +197,27 @@ void CppFormatter::writeCloseBrace(const Cpp::InteriorNode& node, const BodyStyl
         } else {
             writeAtBase(end.value, base());
         }
+        column = base().column;
     } else {
         const std::size_t kept = trimmedRight(gap).size();
         writeKept(gap.substr(0, kept), style.indent);
         writeSource(gap.substr(kept));
     }
+    if (keepsShape() && output_.column() == 0) return writeCloseBraceOnLine(node, column);
     copyThrough(node.end());
 }
 
 // Both values may break the line, but an empty pair takes one line feed only.
 void CppFormatter::writeEmptyBraces(const Cpp::InteriorNode& node, const BodyStyle& style) {
     copyThrough(node.start());
+    const int column = closeColumn();
+    const ShapeScope shape(*this);
     const std::string_view gap = readUpTo(node.end());
     const OptionalString& after = style.wsAfterOpen;
     const OptionalString& before = style.wsBeforeClose;
     if (!after.set && !before.set) {
         writeKept(gap, style.indent);
+        if (keepsShape() && output_.column() == 0) return writeCloseBraceOnLine(node, column);
     } else if (isBlank(gap)) {
         std::string value = after.value;
         value += after.breaksLine() && before.breaksLine() ? withoutFeeds(before.value) : before.value;

@@ -32,7 +32,7 @@ void CppFormatter::visit(Cpp::ClassDeclNode& node) {
     const bool hadTemplate = takeTemplateBase(node.start(), column);
     const PendingScope pending(*this);
     if (Cpp::ClassHeadNode* head = node.head()) {
-        if (!hadTemplate) column = beginAt(head->start());
+        if (!hadTemplate) column = constructAt(head->start());
         head->accept(*this);
     }
     Cpp::ClassBodyNode* body = node.body();

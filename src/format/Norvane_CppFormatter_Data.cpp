@@ -82,7 +82,7 @@ void CppFormatter::writeFurtherPointer(const Cpp::DataDeclNode& node, DataLine& 
 void CppFormatter::writePlainName(const Cpp::DataDeclNode& node, DataLine& line) {
     const Cpp::SyntaxNode* anchor = node.name();
     if (anchor == nullptr) anchor = node.init();
-    line.column = beginAt(node.start());
+    line.column = constructAt(node.start());
     if (anchor == nullptr) return;
     const std::string_view text = readUpTo(anchor->start());
     const bool padded = line.aligned && node.init() != nullptr;
@@ -112,12 +112,12 @@ void CppFormatter::writeAlignedName(const Cpp::DataDeclNode& node, DataLine& lin
         // A further declarator on the same line stays behind its comma. Where the source owns the
         // edge the name stands in its column already, and padding would push it on with each run.
         copyUpTo(name);
-        line.column = baseHere();
+        line.column = constructHere();
         if (output_.column() == 0 && !sourceOwnsEdge()) padName(node, line, {}, false);
         line.nameColumn = output_.column();
         return;
     }
-    line.column = beginAt(node.type()->start());
+    line.column = constructAt(node.type()->start());
     const std::string_view text = readUpTo(name);
     if (holdsComment(text) || splitsWord(text) || text.find('\\') != std::string_view::npos) {
         exprFormatter_.formatDeclarationTo(text, output_, noWs());

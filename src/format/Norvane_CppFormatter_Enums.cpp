@@ -12,7 +12,7 @@ void CppFormatter::visit(Cpp::EnumDeclNode& node) {
     Base column = base();
     const PendingScope pending(*this);
     if (node.head() != nullptr) {
-        column = beginAt(node.head()->start());
+        column = constructAt(node.head()->start());
         node.head()->accept(*this);
         if (node.body() != nullptr) pushPending(options_.wsBeforeEnumOpenBrace);
     }
@@ -25,9 +25,12 @@ void CppFormatter::visit(Cpp::EnumBodyNode& node) {
     const bool isList = options_.wsBeforeEnumComma.set || options_.wsBetweenEnumElements.set || options_.alignEnumInitializers;
     if (node.empty() || !isList || !hasBrace(node)) return writeBody(node, style);
     writeBodyStart(node, style, true);
+    copyThrough(node.start());
+    const int column = closeColumn();
+    const ShapeScope shape(*this);
     writeOpenBrace(node, style);
     writeElements(node);
-    writeCloseBrace(node, style);
+    writeCloseBrace(node, style, column);
 }
 
 // A value between the elements that breaks no line joins those that no line comment and no directive

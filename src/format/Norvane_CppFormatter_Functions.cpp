@@ -78,7 +78,7 @@ void CppFormatter::writeFnName(const Cpp::FunctionDeclNode& node, FnHead& fn) {
         writeNameWithoutType(fn);
     } else {
         copyUpTo(type->start());
-        if (!fn.hadTemplate) fn.column = baseHere();
+        if (!fn.hadTemplate) fn.column = constructHere();
         writeReturnType(fn, readUpTo(fn.name.start()));
     }
     copyThrough(fn.name.end());
@@ -94,7 +94,7 @@ void CppFormatter::writeNameWithoutType(FnHead& fn) {
         padToColumn(column == fnNameColumns_.end() ? 1 : column->second, output_.indentWidth(), false,
                     sourceFrom(fn.name.start()));
     }
-    if (!fn.hadTemplate) fn.column = baseHere();
+    if (!fn.hadTemplate) fn.column = constructHere();
 }
 
 const OptionalString& CppFormatter::wsAfterReturnType(const FnHead& fn) const {
@@ -242,7 +242,7 @@ void CppFormatter::visit(Cpp::FunctionPtrDeclNode& node) {
     beginDeclaration(node);
     Base column = base();
     const bool hadTemplate = takeTemplateBase(node.start(), column);
-    const Base here = beginAt(node.start());
+    const Base here = constructAt(node.start());
     if (!hadTemplate) column = here;
     if (const Cpp::IdNode* name = node.name()) {
         if (const Cpp::FunctionReturnNode* type = node.returnType()) {

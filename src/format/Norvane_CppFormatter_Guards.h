@@ -43,6 +43,34 @@ private:
     bool changed_ = false;
 };
 
+/// Lets no statement keep its shape: what is written in the scope goes by the rules until the next
+/// statement in it begins. At the end the one around goes on.
+class CppFormatter::ShapeScope {
+public:
+    explicit ShapeScope(CppFormatter& formatter)
+        : formatter_(formatter), shape_(formatter.output_.shape()), start_(formatter.shapeStart_),
+          open_(formatter.statementOpen_) {
+        if (!formatter_.options_.keepShape) return;
+        formatter_.output_.setShape({});
+        formatter_.shapeStart_ = std::string_view::npos;
+        formatter_.statementOpen_ = false;
+    }
+    ~ShapeScope() {
+        if (!formatter_.options_.keepShape) return;
+        formatter_.output_.setShape(shape_);
+        formatter_.shapeStart_ = start_;
+        formatter_.statementOpen_ = open_;
+    }
+    ShapeScope(const ShapeScope&) = delete;
+    ShapeScope& operator=(const ShapeScope&) = delete;
+
+private:
+    CppFormatter& formatter_;
+    Zelmar::LineShape shape_;
+    std::size_t start_;
+    bool open_;
+};
+
 /// Makes `base` the base column of what is written in the scope.
 class CppFormatter::BaseScope {
 public:

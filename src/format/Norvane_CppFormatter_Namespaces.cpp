@@ -13,7 +13,7 @@ void CppFormatter::visit(Cpp::NamespaceDeclNode& node) {
         if (node.body() != nullptr) node.body()->accept(*this);
         return;
     }
-    const BaseScope scope(*this, beginAt(node.head()->start()));
+    const BaseScope scope(*this, constructAt(node.head()->start()));
     node.head()->accept(*this);
     if (node.body() == nullptr) return;
     pushPending(options_.wsBeforeNsOpenBrace);
@@ -29,7 +29,7 @@ void CppFormatter::visit(Cpp::LinkageBlockNode& node) {
     Base column = base();
     const PendingScope pending(*this);
     if (node.linkage() != nullptr) {
-        column = beginAt(node.linkage()->start());
+        column = constructAt(node.linkage()->start());
         node.linkage()->accept(*this);
         if (node.body() != nullptr) pushPending(options_.globalWsBeforeOpenBrace);
     }
@@ -48,7 +48,7 @@ void CppFormatter::visit(Cpp::TemplateNode& node) {
     beginDeclaration(node);
     Base column;
     const bool inRow = takeTemplateBase(node.start(), column);
-    const Base here = beginAt(node.start());
+    const Base here = constructAt(node.start());
     baseColumns_.push_back(inRow ? column : here);
     if (node.params() != nullptr) {
         copyThrough(node.keyword() != nullptr ? node.keyword()->end() : node.start());
@@ -136,7 +136,7 @@ void CppFormatter::visit(Cpp::AsmNode& node) {
     }
     Base column = base();
     if (head != nullptr) {
-        column = beginAt(head->start());
+        column = constructAt(head->start());
         copyThrough(head->end());
     }
     const BaseScope scope(*this, column);

@@ -82,7 +82,7 @@ void CppFormatter::writeBlockOnNewLine(const Cpp::BlockNode& node) {
 // A block has the indentation of the line on which it opens.
 CppFormatter::Base CppFormatter::lineBase() {
     Base base = baseHere();
-    base.column = output_.indentWidth();
+    base.column = options_.keepShape ? output_.lineIndent() : output_.indentWidth();
     if (base.ofSource) {
         const std::string_view indent = std::string_view(output_.text()).substr(base.lineBegin, base.indentSize);
         base.column = Zelmar::textColumn(indent, 0, output_.tabSize());
@@ -96,7 +96,7 @@ void CppFormatter::visit(Cpp::CtrlStmtNode& node) {
     if (inElseIf_) {
         joinElseIf(node.start());
     } else {
-        column = beginAt(node.start());
+        column = constructAt(node.start());
         if (isFunctionTry(node)) column = lineBase();
     }
     const BaseScope scope(*this, column);
@@ -107,6 +107,7 @@ void CppFormatter::visit(Cpp::CtrlStmtNode& node) {
         if (it != node.childBegin() && separator.set && !noted && !previousNoted) {
             writeGapEnd(readUpTo((*it)->start()), separator.value, base());
         }
+        if (it != node.childBegin()) armShape(**it);
         (*it)->accept(*this);
         previousNoted = noted;
     }
@@ -166,7 +167,8 @@ void CppFormatter::visit(Cpp::CtrlSubStmtHeadNode& node) {
     if (node.condition() == nullptr) return;
     const Position start = node.condition()->start();
     const bool sourceEdge = sourceOwnsEdge();
-    const Edge edge(*this, {}, true);
+    const bool shaped = output_.shape().kept;
+    const Edge edge(*this, shaped ? output_.indent() : std::string(), !shaped);
     if (options_.wsAfterCsKey.set) {
         std::string gap(readUpTo(start));
         replaceGapEnds(gap, {}, {});
@@ -186,6 +188,7 @@ void CppFormatter::writeCondition(int keyword, std::string_view text, bool sourc
     const bool clauses = keyword == Cpp::tkFor && (options_.alignForClausesLeft || options_.wsBetweenCsForClauses.set);
     const bool placed = clauses || options_.wsAfterCsOpenParen.set || options_.wsBeforeCsCloseParen.set;
     writeInParens(keyword, text.substr(1, text.size() - 2), paren);
+    if (output_.shape().kept) return output_.put(')');
     --paren.column;
     const Edge edge(*this, placed ? baseIndent(paren) : std::string(), true);
     output_.put(')');

@@ -110,6 +110,7 @@ constexpr Row<bool> kSwitches[] = {
     {"ALIGN_CLASS_MEMBER_NAMES_LEFT", &LayoutOptions::alignClassMemberNamesLeft},
     {"HANGING_ASTERISK", &LayoutOptions::hangingAsterisk},
     {"HANGING_AMPERSAND", &LayoutOptions::hangingAmpersand},
+    {"KEEP_SHAPE", &LayoutOptions::keepShape},
     {"ALIGN_FN_PARAMS_LEFT", &LayoutOptions::alignFnParamsLeft},
     {"ALIGN_TP_PARAMS_LEFT", &LayoutOptions::alignTpParamsLeft},
     {"LINE_WRAP", &LayoutOptions::lineWrap},

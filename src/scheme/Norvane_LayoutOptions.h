@@ -133,6 +133,9 @@ struct LayoutOptions {
     bool alignEnumInitializers = false;
     bool alignClassMemberNamesLeft = false;
 
+    // The shape that the author has given a text.
+    bool keepShape = false;
+
     // 1 anchors a pointer mark to the name, 0 to the type, -1 leaves it.
     int asteriskAnchor = -1;
     int ampersandAnchor = -1;

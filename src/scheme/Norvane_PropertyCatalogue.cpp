@@ -78,6 +78,7 @@ std::string_view propertyFamilyName(PropertyFamily family) {
     case Family::PointersAndReferences: return "Pointers and references";
     case Family::WrappingAndMargins: return "Wrapping and margins";
     case Family::Other: return "Other";
+    case Family::SourceLayout: return "Layout of the source";
     case Family::PageKeys: return "Page keys";
     }
     return "";

@@ -21,6 +21,7 @@ enum class PropertyFamily {
     PointersAndReferences,
     WrappingAndMargins,
     Other,
+    SourceLayout,
     PageKeys,
 };
 
@@ -54,7 +55,8 @@ struct PropertyChoice {
     std::string_view words;
 };
 
-/// Every option of the engine, family by family, and by name within a family.
+/// Every option of the engine, family by family, and by name within a family. What old schemes know
+/// nothing of stands behind all others.
 std::span<const PropertyInfo> propertyCatalogue();
 
 /// The switches that the pages of the options interface remember in a scheme. No pass reads them.

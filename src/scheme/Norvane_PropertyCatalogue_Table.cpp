@@ -372,6 +372,11 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
     space("WS_BETWEEN_CS", Family::Other,
           {"Before \"else\", \"while\" and \"catch\"",
            "White space before the \"else\", \"while\" or \"catch\" that goes on with its statement"}),
+
+    flag("KEEP_SHAPE", Family::SourceLayout,
+         {"Keep the shape of statements",
+          "A statement of several lines moves as a whole: lines that no other option places keep their "
+          "distance from its first line"}),
 });
 
 constexpr Words kUsesGlobals = {"Use the global settings",

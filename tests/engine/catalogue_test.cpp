@@ -38,9 +38,12 @@ TEST(Catalogue, HoldsEveryOptionOfEachFamilyByName) {
         {PropertyFamily::Other, 7},
     };
     std::map<PropertyFamily, int> counts;
-    for (const PropertyInfo& info : propertyCatalogue()) ++counts[info.family];
+    // What came later stands behind those that every scheme knows.
+    for (const PropertyInfo& info : propertyCatalogue().first(119)) ++counts[info.family];
     EXPECT_EQ(counts, expected);
-    EXPECT_EQ(propertyCatalogue().size(), 119U);
+    for (const PropertyInfo& info : propertyCatalogue().subspan(119)) {
+        EXPECT_GT(info.family, PropertyFamily::Other) << info.name;
+    }
     EXPECT_EQ(Norvane::pageKeyCatalogue().size(), 18U);
 }
 
