@@ -7,6 +7,7 @@
 #include "schemes/NorvaneUI_SchemeConversion.h"
 
 #include <string>
+#include <vector>
 
 namespace Addin {
 
@@ -93,7 +94,7 @@ void AddIn::OnConnection() {
         if (!host_.loadProjectModule()) host_.notify(std::string(Texts::kNoModule));
         const bool accepted = host_.setAddInInfo();
         Trace("OnConnection") << "SetAddInInfo returned: " << accepted << '\n';
-        attempt([this] { schemes_.read(); });
+        readSchemes();
         ReadRegOptions(host_, settings_, schemes_, options_);
         attempt([this] { convertSchemes(); });
         chooseSchemes(schemes_, options_);
@@ -103,8 +104,20 @@ void AddIn::OnConnection() {
     });
 }
 
+/// A scheme that cannot be read is told, and hides no others.
+void AddIn::readSchemes() {
+    attempt([this] { schemes_.readWhatIsGood(); });
+    for (const std::string& path : schemes_.unreadable()) {
+        attempt([&path] { throw NorvaneUI::PropertySetStore::ReadError(path); });
+    }
+}
+
 void AddIn::convertSchemes() {
-    const std::string message = NorvaneUI::convertSchemes(schemes_);
+    std::vector<NorvaneUI::ConvertedScheme> converted;
+    const std::string message = NorvaneUI::convertSchemes(schemes_, converted);
+    std::string done;
+    for (const auto& scheme : converted) done += (done.empty() ? "" : "\n") + NorvaneUI::convertedText(scheme);
+    if (!done.empty()) host_.notify(done);
     if (!message.empty()) host_.notify(message);
 }
 
@@ -174,7 +187,7 @@ void AddIn::takeOver(const AddInOptions& edited) {
     options_.onFormat = editedChoice(before.onFormat, edited.onFormat);
     options_.onOpen = editedChoice(before.onOpen, edited.onOpen);
     options_.onClose = editedChoice(before.onClose, edited.onClose);
-    WriteRegOptions(host_, settings_, options_);
+    WriteRegOptions(host_, settings_, before, options_);
 }
 
 void AddIn::ShowKLHelp() {

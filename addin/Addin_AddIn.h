@@ -57,6 +57,7 @@ public:
 private:
     void enter(std::string_view name, const std::function<void()>& action);
     void attempt(const std::function<void()>& action);
+    void readSchemes();
     void convertSchemes();
     void registerCommands();
     const Norvane::PropertySet* schemeOfCommands();

@@ -74,6 +74,7 @@ void Settings::getInt(const std::string& name, int& value) const {
 }
 
 Settings::Outcome Settings::commit() {
+    if (edits_.empty()) return Outcome::done;
     FileStatus status;
     std::string old;
     const Outcome loaded = load(status, old);
@@ -118,16 +119,24 @@ void ReadRegOptions(Host& host, Settings& settings, const NorvaneUI::PropertySet
     chooseSchemes(store, options);
 }
 
-void WriteRegOptions(Host& host, Settings& settings, const AddInOptions& options) {
+void WriteRegOptions(Host& host, Settings& settings, const AddInOptions& before, const AddInOptions& options) {
     const Zelmar::Trace trace("WriteRegOptions");
-    settings.setString("OnFormat", options.onFormat.name);
-    settings.setString("OnOpen", options.onOpen.name);
-    settings.setString("OnClose", options.onClose.name);
-    settings.setString("FileExtensions", options.fileExtensions);
-    settings.setString("BackupExtension", options.backupExtension);
-    settings.setBool("CreateBackups", options.createBackups);
-    settings.setBool("PromptUnsaved", options.promptUnsaved);
-    settings.setInt("MessagesThreshold", options.messagesThreshold);
+    const auto setString = [&](const char* name, const std::string& old, const std::string& value) {
+        if (value != old) settings.setString(name, value);
+    };
+    const auto setBool = [&](const char* name, bool old, bool value) {
+        if (value != old) settings.setBool(name, value);
+    };
+    setString("OnFormat", before.onFormat.name, options.onFormat.name);
+    setString("OnOpen", before.onOpen.name, options.onOpen.name);
+    setString("OnClose", before.onClose.name, options.onClose.name);
+    setString("FileExtensions", before.fileExtensions, options.fileExtensions);
+    setString("BackupExtension", before.backupExtension, options.backupExtension);
+    setBool("CreateBackups", before.createBackups, options.createBackups);
+    setBool("PromptUnsaved", before.promptUnsaved, options.promptUnsaved);
+    if (options.messagesThreshold != before.messagesThreshold) {
+        settings.setInt("MessagesThreshold", options.messagesThreshold);
+    }
     tellOutcome(host, settings.commit());
 }
 

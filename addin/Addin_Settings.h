@@ -60,8 +60,9 @@ private:
 void ReadRegOptions(Host& host, Settings& settings, const NorvaneUI::PropertySetStore& store,
                     AddInOptions& options);
 
-/// Writes `options`, and tells the user if that fails.
-void WriteRegOptions(Host& host, Settings& settings, const AddInOptions& options);
+/// Writes what is different in `options` from `before`, and tells the user if that fails: a setting
+/// that nobody touched keeps its default, whatever that will be one day.
+void WriteRegOptions(Host& host, Settings& settings, const AddInOptions& before, const AddInOptions& options);
 
 /// Takes copies of the schemes that are chosen. One that `store` does not have counts as none.
 void chooseSchemes(const NorvaneUI::PropertySetStore& store, AddInOptions& options);

@@ -1,6 +1,8 @@
 #include "schemes/NorvaneUI_PropertySetStore.h"
 
 #include "files/Zelmar_Trace.h"
+#include "schemes/NorvaneUI_SchemeDocument.h"
+#include "schemes/NorvaneUI_SchemeRecord.h"
 
 #include <algorithm>
 #include <iterator>
@@ -77,7 +79,8 @@ std::vector<std::string> PropertySetStore::findPSFiles() const {
 }
 
 /// Returns false for a file that has vanished since the folder was listed.
-bool PropertySetStore::readFile(const std::string& file, Origin& origin) const {
+bool PropertySetStore::readFile(const std::string& file, Origin& origin,
+                                std::vector<SchemeFileProblem>& problems) const {
     // The status first: if the file changes between the two calls, it counts as changed later.
     const auto status = fileSystem_.status(path(file));
     if (status && status->kind == FileKind::missing) return false;
@@ -85,29 +88,44 @@ bool PropertySetStore::readFile(const std::string& file, Origin& origin) const {
     const auto text = fileSystem_.read(path(file));
     if (!text && text.failure().kind == FailureKind::missing) return false;
     if (!text || !parseScheme(*text, origin.scheme)) throw ReadError(path(file));
+    for (SchemeProblem& problem : checkSchemeText(*text)) problems.push_back({file, std::move(problem)});
     origin.status = *status;
     return true;
 }
 
-void PropertySetStore::read() {
+void PropertySetStore::take(Found& found, const std::string& file) const {
+    Origin origin;
+    if (!readFile(file, origin, found.problems)) return;
+    const std::string name = origin.scheme.getName();
+    origin.shadowed = !found.schemes.try_emplace(name, SchemeEntry{!origin.status.writable, origin.scheme}).second;
+    found.files[file] = name;
+    found.origins.emplace(file, std::move(origin));
+}
+
+void PropertySetStore::readFolder(bool leaveOutBroken) {
     Trace trace("PropertySetStore::read");
     if (directory_.empty()) return;
-    SchemeMap schemes;
-    FileMap files;
-    OriginMap origins;
+    Found found;
     for (const std::string& file : findPSFiles()) {
         trace << "Found file \"" << file << "\"\n";
-        Origin origin;
-        if (!readFile(file, origin)) continue;
-        const std::string name = origin.scheme.getName();
-        origin.shadowed = !schemes.try_emplace(name, SchemeEntry{!origin.status.writable, origin.scheme}).second;
-        files[file] = name;
-        origins.emplace(file, std::move(origin));
+        try {
+            take(found, file);
+        } catch (const ReadError& error) {
+            if (!leaveOutBroken) throw;
+            found.unreadable.push_back(error.path());
+        }
     }
-    schemes_.swap(schemes);
-    files_.swap(files);
-    origins_.swap(origins);
+    schemes_.swap(found.schemes);
+    files_.swap(found.files);
+    origins_.swap(found.origins);
+    problems_.swap(found.problems);
+    unreadable_.swap(found.unreadable);
+    drafts_.clear();
 }
+
+void PropertySetStore::read() { readFolder(false); }
+
+void PropertySetStore::readWhatIsGood() { readFolder(true); }
 
 void PropertySetStore::write() {
     Trace trace("PropertySetStore::write");
@@ -130,11 +148,16 @@ void PropertySetStore::writeFile(const std::string& file, const Norvane::Propert
     if (!now) throw WriteError(path(file));
     if (now->kind != FileKind::missing) {
         replaceFile(file, scheme, *now);
-    } else if (fileSystem_.create(path(file), schemeText(scheme))) {
+    } else if (fileSystem_.create(path(file), newText(file, scheme))) {
         throw WriteError(path(file));
     } else {
         remember(file, scheme);
     }
+}
+
+std::string PropertySetStore::newText(const std::string& file, const Norvane::PropertySet& scheme) const {
+    const auto draft = drafts_.find(file);
+    return draft == drafts_.end() ? schemeText(scheme) : editedSchemeText(draft->second, scheme);
 }
 
 void PropertySetStore::replaceFile(const std::string& file, const Norvane::PropertySet& scheme,
@@ -147,7 +170,8 @@ void PropertySetStore::replaceFile(const std::string& file, const Norvane::Prope
     // Somebody else changed what was not changed here.
     if (known && isSameScheme(origin->second.scheme, scheme)) return;
     if (!known || !origin->second.status.isUnchanged(now)) throw WriteError(path(file));
-    if (fileSystem_.replace(path(file), schemeText(scheme), now)) throw WriteError(path(file));
+    if (!text) throw WriteError(path(file));
+    if (fileSystem_.replace(path(file), editedSchemeText(*text, scheme), now)) throw WriteError(path(file));
     remember(file, scheme);
 }
 
@@ -181,6 +205,35 @@ void PropertySetStore::insert(const Norvane::PropertySet& scheme) {
     schemes_.try_emplace(scheme.getName(), SchemeEntry{false, scheme});
 }
 
+void PropertySetStore::insertLike(const std::string& like, const Norvane::PropertySet& scheme) {
+    const auto text = fileSystem_.read(path(fileOf(like)));
+    const std::string file = validFilename(scheme.getName());
+    if (text && files_.count(file) == 0) drafts_[file] = *text;
+    insert(scheme);
+}
+
+/// The file that the scheme was read from, also if it was erased since; empty if there is none.
+std::string PropertySetStore::fileOf(const std::string& name) const {
+    for (const auto& [file, origin] : origins_) {
+        if (!origin.shadowed && origin.scheme.getName() == name) return file;
+    }
+    return {};
+}
+
+std::string PropertySetStore::keepCopy(const std::string& name) {
+    const std::string from = path(fileOf(name));
+    // No file of this name is taken for a scheme.
+    std::string to = from + ".old";
+    const auto isTaken = [this](const std::string& candidate) {
+        const auto status = fileSystem_.status(candidate);
+        return !status || status->kind != FileKind::missing;
+    };
+    constexpr int mostCopies = 100;
+    for (int number = 2; isTaken(to) && number < mostCopies; ++number) to = from + ".old" + std::to_string(number);
+    if (isTaken(to) || fileSystem_.copy(from, to)) throw WriteError(to);
+    return to;
+}
+
 void PropertySetStore::erase(const std::string& name) {
     schemes_.erase(name);
     const auto isOwn = [&](const FileMap::value_type& element) {
@@ -210,7 +263,7 @@ bool isSameScheme(const Norvane::PropertySet& a, const Norvane::PropertySet& b) 
 }
 
 bool parseScheme(const std::string& text, Norvane::PropertySet& scheme) {
-    std::istringstream in(text);
+    std::istringstream in{std::string(withoutByteOrderMark(text))};
     in.imbue(std::locale::classic());
     scheme.read(in);
     return !in.fail() && !in.bad();

@@ -2,6 +2,7 @@
 #define KERFLINE_NORVANEUI_PROPERTYSETSTORE_H
 
 #include "files/NorvaneUI_FileSystem.h"
+#include "schemes/NorvaneUI_SchemeChecker.h"
 #include "src/scheme/Norvane_PropertySet.h"
 #include "trn/Trn_Exception.h"
 
@@ -18,6 +19,13 @@ struct SchemeEntry {
     Norvane::PropertySet scheme;
 };
 
+/// What is odd about one file of a folder.
+struct SchemeFileProblem {
+    /// Without the folder.
+    std::string file;
+    SchemeProblem problem;
+};
+
 /// The schemes of one folder, in memory: read at once, edited, and written back at once.
 ///
 /// A scheme is one file whose name ends in ".kls". The name of the scheme is the one inside the
@@ -25,7 +33,7 @@ struct SchemeEntry {
 ///
 /// Writing never takes from the disk what this store has not read: a scheme that somebody else
 /// added, changed or put into the way meanwhile stays, and a file that still says what the store
-/// says is not touched, so that the comments in it stay too.
+/// says is not touched. In one that is written, only the lines of what was changed are others.
 class PropertySetStore {
 public:
     using SchemeMap = std::map<std::string, SchemeEntry>;
@@ -64,6 +72,13 @@ public:
     /// Throws ReadError, with the store as it was, if the folder or any scheme in it cannot be
     /// read. Of several files with a scheme of the same name, the first in byte order counts.
     void read();
+    /// The same, but leaves files out that cannot be read, and keeps their paths: they hide no others.
+    /// Throws only if the folder itself cannot be read.
+    void readWhatIsGood();
+    /// What the last reading left out, in byte order.
+    const std::vector<std::string>& unreadable() const { return unreadable_; }
+    /// What the last reading found wrong in files that it could read, file by file.
+    const std::vector<SchemeFileProblem>& problems() const { return problems_; }
 
     /// Brings the folder in line with the store: writes every scheme that differs from its file,
     /// then removes the files of schemes that were erased. Read-only files are left alone. Throws
@@ -82,8 +97,15 @@ public:
     /// Adds a scheme under a file name of its own. A scheme of that name that is already there
     /// stays as it is: to change one, change it through find.
     void insert(const Norvane::PropertySet& scheme);
+    /// The same; its file begins as a copy of the file of `like`, with all that is said there beside
+    /// the values.
+    void insertLike(const std::string& like, const Norvane::PropertySet& scheme);
     /// Takes a scheme out, and its file with the next write.
     void erase(const std::string& name);
+
+    /// Copies the file of a scheme to a name beside it that nothing has yet, and returns the path of
+    /// the copy. Throws WriteError if that fails. Requires: the scheme was read.
+    std::string keepCopy(const std::string& name);
 
     /// The names of the scheme files in the folder, in byte order: regular files that end in ".kls"
     /// in letters of any case. Throws ReadError if the folder is there and cannot be listed.
@@ -104,9 +126,22 @@ private:
     };
     using OriginMap = std::map<std::string, Origin>;
 
+    /// What one reading finds.
+    struct Found {
+        SchemeMap schemes;
+        FileMap files;
+        OriginMap origins;
+        std::vector<SchemeFileProblem> problems;
+        std::vector<std::string> unreadable;
+    };
+
     std::string path(const std::string& file) const { return directory_ + file; }
-    bool readFile(const std::string& file, Origin& origin) const;
+    std::string fileOf(const std::string& name) const;
+    void readFolder(bool leaveOutBroken);
+    void take(Found& found, const std::string& file) const;
+    bool readFile(const std::string& file, Origin& origin, std::vector<SchemeFileProblem>& problems) const;
     void writeFile(const std::string& file, const Norvane::PropertySet& scheme);
+    std::string newText(const std::string& file, const Norvane::PropertySet& scheme) const;
     void replaceFile(const std::string& file, const Norvane::PropertySet& scheme, const FileStatus& now);
     void remember(const std::string& file, const Norvane::PropertySet& scheme);
     void removeErasedFiles();
@@ -117,12 +152,16 @@ private:
     SchemeMap schemes_;
     FileMap files_;
     OriginMap origins_;
+    std::vector<SchemeFileProblem> problems_;
+    std::vector<std::string> unreadable_;
+    /// Texts that new files begin with, by their names.
+    std::map<std::string, std::string> drafts_;
 };
 
 /// True if the two have the same name and the same values.
 bool isSameScheme(const Norvane::PropertySet& a, const Norvane::PropertySet& b);
 
-/// Reads the text of a scheme file. Returns false, with `scheme` as it was, if it is not one.
+/// Reads the text of a scheme file, with a byte order mark or without. Returns false, with `scheme` as it was, if it is not one.
 bool parseScheme(const std::string& text, Norvane::PropertySet& scheme);
 /// The text of the file of a scheme. Numbers never follow the language of the user.
 std::string schemeText(const Norvane::PropertySet& scheme);

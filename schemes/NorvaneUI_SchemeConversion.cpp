@@ -3,7 +3,10 @@
 #include "files/NorvaneUI_Text.h"
 #include "files/Zelmar_Trace.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <iterator>
+#include <set>
 #include <span>
 #include <vector>
 
@@ -21,6 +24,10 @@ constexpr std::string_view kSeveralSkipped =
     "The following schemes were created using a previous version of Kerfline:\r\n%sThe files are read-only "
     "and so cannot be converted. Please ensure that the scheme files listed are read-write and run Kerfline "
     "again. Once the schemes have been converted, the files can be set read-only again.";
+
+constexpr std::string_view kConverted =
+    "The scheme '%s' was created using a previous version of Kerfline and has been converted. Its file as it was is "
+    "kept as \"%s\".";
 
 struct NamedInt {
     std::string_view name;
@@ -59,6 +66,8 @@ constexpr std::string_view kWithdrawn[] = {
     "ALIGN_FN_PARAMS_LEFT_ON_WRAP", "ALIGN_CS_FOR_CLAUSES_LEFT",
     "ALIGN_CS_FOR_CLAUSES_LEFT_ON_WRAP",
 };
+/// The others that were withdrawn still have a place in schemes of today.
+constexpr std::string_view kOnlyOlder[] = {"SPACES_PER_TAB", "ALIGN_CS_FOR_CLAUSES_LEFT_ON_WRAP"};
 constexpr std::string_view kCommas[] = {
     "GLOBAL_WS_BEFORE_COMMA", "WS_BEFORE_CLASS_INITS_COMMA", "WS_BEFORE_DD_COMMA", "WS_BEFORE_ENUM_COMMA",
     "WS_BEFORE_FN_CALL_COMMA", "WS_BEFORE_FN_COMMA",         "WS_BEFORE_TP_COMMA", "WS_BEFORE_BASE_CLAUSES_COMMA",
@@ -111,11 +120,6 @@ void renameOptions(PropertySet& scheme) {
     }
 }
 
-bool isOld(const PropertySet& scheme) {
-    std::string version;
-    return !scheme.getString(kVersionKey, version);
-}
-
 std::string messageForSkipped(const std::vector<std::string>& names) {
     if (names.empty()) return {};
     if (names.size() == 1) return filled(kOneSkipped, {names.front()});
@@ -138,21 +142,37 @@ void convertScheme(PropertySet& scheme) {
     scheme.setString(kVersionKey, kCurrentVersion);
 }
 
-std::string convertSchemes(PropertySetStore& store) {
+bool isOlderName(std::string_view name) {
+    const auto isFrom = [name](const Move& move) { return move.from == name; };
+    return std::find(std::begin(kOnlyOlder), std::end(kOnlyOlder), name) != std::end(kOnlyOlder) ||
+           std::any_of(std::begin(kRenamedStrings), std::end(kRenamedStrings), isFrom);
+}
+
+bool isOldScheme(const PropertySet& scheme) {
+    std::string version;
+    if (scheme.getString(kVersionKey, version)) return false;
+    const std::set<std::string> names = scheme.names();
+    return std::any_of(names.begin(), names.end(), isOlderName);
+}
+
+std::string convertSchemes(PropertySetStore& store, std::vector<ConvertedScheme>& converted) {
     const Zelmar::Trace trace("convertSchemes");
     std::vector<std::string> skipped;
-    bool edited = false;
     for (auto& [name, entry] : store) {
-        if (!isOld(entry.scheme)) continue;
+        if (!isOldScheme(entry.scheme)) continue;
         if (entry.readOnly) {
             skipped.push_back(name);
             continue;
         }
         convertScheme(entry.scheme);
-        edited = true;
+        converted.push_back({name, {}});
     }
-    if (edited) store.write();
+    // All copies before the first write: the store stops at the first file that fails.
+    for (ConvertedScheme& scheme : converted) scheme.copy = store.keepCopy(scheme.name);
+    if (!converted.empty()) store.write();
     return messageForSkipped(skipped);
 }
+
+std::string convertedText(const ConvertedScheme& scheme) { return filled(kConverted, {scheme.name, scheme.copy}); }
 
 } // namespace NorvaneUI

@@ -35,26 +35,23 @@ std::string pathOf(const PropertySetStore& store, const std::string& name) {
 
 } // namespace
 
-std::optional<PropertySetStore> SchemeFolder::read(std::string& unreadable) const {
-    PropertySetStore fresh(directory_, files_);
+bool SchemeFolder::read(PropertySetStore& store) {
     try {
-        fresh.read();
+        store.readWhatIsGood();
     } catch (const PropertySetStore::ReadError& error) {
-        unreadable = error.path();
-        return std::nullopt;
+        tellUnreadable({error.path()});
+        return false;
     }
-    return fresh;
+    tellUnreadable(store.unreadable());
+    return true;
 }
 
-std::optional<PropertySetStore> SchemeFolder::read() {
-    std::string unreadable;
-    auto fresh = read(unreadable);
-    if (!fresh) tellUnreadable(unreadable);
-    return fresh;
-}
-
-void SchemeFolder::tellUnreadable(const std::string& path) {
-    face_.notify(filled(Addin::Texts::kSchemeUnreadable, {path}));
+void SchemeFolder::tellUnreadable(const std::vector<std::string>& paths) {
+    for (const std::string& path : paths) {
+        if (told_.count(path) == 0) face_.notify(filled(Addin::Texts::kSchemeUnreadable, {path}));
+    }
+    // One that was mended can break again.
+    setTold(paths);
 }
 
 bool SchemeFolder::save(const std::vector<SchemeChange>& changes, std::set<std::string>& dropped) {
@@ -63,20 +60,22 @@ bool SchemeFolder::save(const std::vector<SchemeChange>& changes, std::set<std::
         face_.notify(std::string(Texts::kNoFolder));
         return false;
     }
-    std::optional<PropertySetStore> fresh = read();
-    if (!fresh) return false;
+    PropertySetStore fresh = emptyStore();
+    // Whoever saves must hear why nothing comes of it, each time.
+    told_.erase(fresh.directory());
+    if (!read(fresh)) return false;
     // All questions first: one that is cancelled must find nothing done.
     for (const SchemeChange& change : changes) {
-        if (!settle(*fresh, change, dropped)) return false;
+        if (!settle(fresh, change, dropped)) return false;
     }
     // A scheme that goes leaves its file name to one that comes.
     for (const bool removals : {true, false}) {
         for (const SchemeChange& change : changes) {
             if (change.after.has_value() == removals || dropped.count(change.name) != 0) continue;
-            if (!make(*fresh, change, dropped)) return false;
+            if (!make(fresh, change, dropped)) return false;
         }
     }
-    return write(*fresh);
+    return write(fresh);
 }
 
 /// False if the user wants to go back to the dialog.
@@ -92,7 +91,7 @@ bool SchemeFolder::settle(const PropertySetStore& fresh, const SchemeChange& cha
 bool SchemeFolder::make(PropertySetStore& fresh, const SchemeChange& change, std::set<std::string>& dropped) {
     if (!change.after) return remove(fresh, change, dropped);
     const auto found = fresh.find(change.name);
-    if (found == fresh.end()) return add(fresh, *change.after);
+    if (found == fresh.end()) return add(fresh, change);
     // Writing would pass it over without a word.
     if (found->second.readOnly && !isSameScheme(found->second.scheme, *change.after)) {
         return refuseWrite(pathOf(fresh, change.name));
@@ -115,13 +114,14 @@ bool SchemeFolder::remove(PropertySetStore& fresh, const SchemeChange& change,
 }
 
 /// The name was good when it was chosen, but another program may have taken its file since.
-bool SchemeFolder::add(PropertySetStore& fresh, const Norvane::PropertySet& scheme) {
-    const std::string fault = schemeNameFault(fresh, scheme.getName());
+bool SchemeFolder::add(PropertySetStore& fresh, const SchemeChange& change) {
+    const std::string fault = schemeNameFault(fresh, change.name);
     if (!fault.empty()) {
         face_.notify(fault);
         return false;
     }
-    fresh.insert(scheme);
+    if (change.like.empty()) fresh.insert(*change.after);
+    else fresh.insertLike(change.like, *change.after);
     return true;
 }
 

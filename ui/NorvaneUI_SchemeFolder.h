@@ -19,6 +19,9 @@ struct SchemeChange {
     std::optional<Norvane::PropertySet> before;
     /// What it is to hold. Nothing: the scheme goes.
     std::optional<Norvane::PropertySet> after;
+    /// The name of a scheme that goes and lives on in this one: its file is taken along, comments and
+    /// all. Empty: there is none.
+    std::string like = {};
 };
 
 /// The folder of schemes, as one of several programs that may write to it.
@@ -31,11 +34,12 @@ public:
     SchemeFolder(DialogFace& face, NorvaneUI::FileSystem& files, std::string directory)
         : face_(face), files_(files), directory_(std::move(directory)) {}
 
-    /// As it is now. Nothing, after telling the user, if it cannot be read.
-    std::optional<PropertySetStore> read();
-    /// The same without a word; `unreadable` gets the path of what cannot be read.
-    std::optional<PropertySetStore> read(std::string& unreadable) const;
-    void tellUnreadable(const std::string& path);
+    /// Reads into `store` what the folder holds now, without the files that cannot be read; the user
+    /// is told of each once. False, with the store as it was, if the folder as a whole cannot be read.
+    bool read(PropertySetStore& store);
+    PropertySetStore emptyStore() const { return PropertySetStore(directory_, files_); }
+    /// The user knows of these already.
+    void setTold(const std::vector<std::string>& paths) { told_ = {paths.begin(), paths.end()}; }
 
     /// Makes all changes, and returns true; `dropped` gets the names of those that the user gave up
     /// in favour of another program. Or returns false: then some may have been made, and those are
@@ -46,13 +50,16 @@ private:
     bool settle(const PropertySetStore& fresh, const SchemeChange& change, std::set<std::string>& dropped);
     bool make(PropertySetStore& fresh, const SchemeChange& change, std::set<std::string>& dropped);
     bool remove(PropertySetStore& fresh, const SchemeChange& change, std::set<std::string>& dropped);
-    bool add(PropertySetStore& fresh, const Norvane::PropertySet& scheme);
+    bool add(PropertySetStore& fresh, const SchemeChange& change);
+    void tellUnreadable(const std::vector<std::string>& paths);
     bool write(PropertySetStore& fresh);
     bool refuseWrite(const std::string& path);
 
     DialogFace& face_;
     NorvaneUI::FileSystem& files_;
     std::string directory_;
+    /// Files that could not be read the last time.
+    std::set<std::string> told_;
 };
 
 } // namespace NorvaneUI

@@ -22,6 +22,8 @@ StylesDlg::StylesDlg(DialogFace& face, NorvaneUI::FileSystem& files, Addin::Sett
     : face_(face), settings_(settings), store_(store), folder_(face, files, store.directory()),
       shipped_(std::move(shipped)), sheet_(face, files, settings) {
     sheet_.setChangeAction([this] { tellList(); });
+    // Whoever has read the store has told.
+    folder_.setTold(store.unreadable());
     fillEntries();
     selectInitial();
 }

@@ -162,9 +162,6 @@ private:
     std::map<std::string, std::string> renaming_;
     std::map<std::string, std::string> renamed_;
     std::string current_;
-    /// The file that could not be read the last time, so that each return to the window does not
-    /// tell of it again.
-    std::string unreadable_;
     /// Shows an entry, so it goes before the entries.
     StylesSheet sheet_;
 };

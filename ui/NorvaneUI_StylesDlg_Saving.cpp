@@ -127,6 +127,9 @@ std::vector<SchemeChange> StylesDlg::changes() const {
         // Deleted and made anew: the folder still holds the one before.
         const auto erased = erased_.find(name);
         if (erased != erased_.end()) change.before = erased->second;
+        for (const auto& [before, after] : renaming_) {
+            if (after == name) change.like = before;
+        }
         result.push_back(std::move(change));
     }
     for (const auto& [name, content] : erased_) {
@@ -163,12 +166,7 @@ void StylesDlg::takeSaved(const std::vector<SchemeChange>& changes, const std::s
         if (dropped.count(after) == 0) rememberRename(before, after);
     }
     renaming_.clear();
-    try {
-        store_.read();
-        reconcile(store_);
-    } catch (const PropertySetStore::ReadError& error) {
-        folder_.tellUnreadable(error.path());
-    }
+    if (folder_.read(store_)) reconcile(store_);
     showCurrent();
 }
 
@@ -188,11 +186,8 @@ void StylesDlg::dropEdits(const std::string& name) {
 }
 
 void StylesDlg::rereadFolder() {
-    std::string unreadable;
-    const std::optional<PropertySetStore> fresh = folder_.read(unreadable);
-    if (!fresh && unreadable != unreadable_) folder_.tellUnreadable(unreadable);
-    unreadable_ = unreadable;
-    if (fresh) reconcile(*fresh);
+    PropertySetStore fresh = folder_.emptyStore();
+    if (folder_.read(fresh)) reconcile(fresh);
 }
 
 void StylesDlg::reconcile(const PropertySetStore& fresh) {

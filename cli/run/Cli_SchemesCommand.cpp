@@ -11,6 +11,7 @@
 #include "files/NorvaneUI_DiskFileSystem.h"
 #include "files/NorvaneUI_Text.h"
 #include "schemes/NorvaneUI_PropertySetStore.h"
+#include "schemes/NorvaneUI_SchemeChecker.h"
 #include "schemes/NorvaneUI_SchemeConversion.h"
 #include "schemes/NorvaneUI_SchemeName.h"
 
@@ -49,6 +50,7 @@ private:
     std::optional<std::string> findText(const std::string& name);
     void store(PropertySetStore& schemes, const Norvane::PropertySet& scheme);
     void warnLineByLine(std::string_view text);
+    void warnOfProblems(const std::string& path, const std::vector<NorvaneUI::SchemeProblem>& problems);
     bool hasFolder();
     void fail(std::string_view text, ExitStatus status = ExitStatus::badUsageOrScheme) {
         report_.addGeneral("error", text);
@@ -82,12 +84,12 @@ void SchemesCommand::list() {
         streams_.out << name << "  (yours, " << path;
         const auto status = disk_.status(path);
         if (status && !status->writable) streams_.out << ", read-only";
+        const std::string text = textOf({SchemeSource::Kind::user, name, path});
         Norvane::PropertySet scheme;
-        const bool isRead = NorvaneUI::parseScheme(textOf({SchemeSource::Kind::user, name, path}), scheme);
-        if (isRead && scheme.strings().count(std::string(NorvaneUI::kVersionKey)) == 0) {
-            streams_.out << ", not converted";
-        }
-        streams_.out << ")\n";
+        const bool isOld = NorvaneUI::parseScheme(text, scheme) && NorvaneUI::isOldScheme(scheme);
+        streams_.out << (isOld ? ", not converted)\n" : ")\n");
+        // One word tells all about the names in an old one.
+        if (!isOld) warnOfProblems(path, NorvaneUI::checkSchemeText(text));
     }
     for (const ShippedScheme& scheme : shippedSchemes()) {
         const bool isHidden = finder_.userSchemes().count(std::string(scheme.name)) != 0;
@@ -135,9 +137,15 @@ void SchemesCommand::copy(const std::string& name, const std::string& newName) {
     store(schemes, scheme);
 }
 
+void SchemesCommand::warnOfProblems(const std::string& path, const std::vector<NorvaneUI::SchemeProblem>& problems) {
+    for (const NorvaneUI::SchemeProblem& problem : problems) {
+        report_.add({path, problem.line, problem.column}, "warning", problem.text);
+    }
+}
+
 void SchemesCommand::store(PropertySetStore& schemes, const Norvane::PropertySet& scheme) {
     try {
-        schemes.read();
+        schemes.readWhatIsGood();
         const std::string fault = NorvaneUI::schemeNameFault(schemes, scheme.getName());
         if (!fault.empty()) return fail(fault);
         const std::string path = schemes.directory() + schemes.validFilename(scheme.getName());
@@ -156,17 +164,18 @@ void SchemesCommand::convert() {
     if (!hasFolder()) return;
     PropertySetStore schemes(userFolder_, disk_);
     try {
-        schemes.read();
-        std::vector<std::string> old;
-        for (const auto& [name, entry] : schemes) {
-            const bool isOld = entry.scheme.strings().count(std::string(NorvaneUI::kVersionKey)) == 0;
-            if (isOld && !entry.readOnly) old.push_back(name);
+        schemes.readWhatIsGood();
+        for (const std::string& path : schemes.unreadable()) {
+            fail(NorvaneUI::filled(Addin::Texts::kSchemeUnreadable, {path}), ExitStatus::fileFailed);
         }
-        const std::string message = NorvaneUI::convertSchemes(schemes);
-        for (const std::string& name : old) streams_.out << name << ": converted\n";
+        std::vector<NorvaneUI::ConvertedScheme> converted;
+        const std::string message = NorvaneUI::convertSchemes(schemes, converted);
+        for (const auto& scheme : converted) {
+            streams_.out << scheme.name << ": converted; the file as it was is " << scheme.copy << '\n';
+        }
         if (!message.empty()) {
             warnLineByLine(message);
-        } else if (old.empty()) {
+        } else if (converted.empty() && schemes.unreadable().empty()) {
             streams_.out << "There is nothing to convert.\n";
         }
     } catch (const PropertySetStore::ReadError& error) {

@@ -2,16 +2,19 @@
 
 #include "addin/Addin_SourceForm.h"
 #include "cli/files/Cli_FileIo.h"
-#include "cli/scheme/Cli_SchemeChecker.h"
+#include "schemes/NorvaneUI_PropertySetStore.h"
+#include "schemes/NorvaneUI_SchemeChecker.h"
 #include "src/scheme/Norvane_PropertyCatalogue.h"
 
 #include <fstream>
-#include <sstream>
 #include <system_error>
 
 namespace Cli {
 
 namespace {
+
+using NorvaneUI::SchemeProblem;
+using NorvaneUI::unknownOptionText;
 
 /// No scheme is near this size; a device that never ends should not be read for ever.
 constexpr std::size_t kLargestScheme = 1 << 24;
@@ -83,7 +86,7 @@ private:
                                  (code == '3' ? recordValue(value) : std::string(value));
         // Under another kind, an older value would stay beside the new one.
         eraseAll(scheme_, name);
-        if (const auto problem = readRecord(line, scheme_)) {
+        if (const auto problem = NorvaneUI::readRecord(line, scheme_)) {
             reportProblem({"--set " + name}, *problem, report_);
         }
     }
@@ -116,13 +119,14 @@ std::string readSchemeFile(const std::string& path) {
 std::optional<Norvane::PropertySet> parseSchemeText(const std::string& path, std::string_view text,
                                                     Report& report) {
     bool isGood = true;
-    for (const SchemeProblem& problem : checkSchemeText(text)) {
+    for (const SchemeProblem& problem : NorvaneUI::checkSchemeText(text)) {
         reportProblem({path, problem.line, problem.column}, problem, report);
         isGood = isGood && problem.isWarning;
     }
     if (!isGood) return std::nullopt;
-    std::istringstream in{std::string(text)};
-    return Norvane::PropertySet(in);
+    Norvane::PropertySet scheme;
+    NorvaneUI::parseScheme(std::string(text), scheme);
+    return scheme;
 }
 
 std::optional<Norvane::PropertySet> loadSchemeFile(const std::string& path, Report& report) {

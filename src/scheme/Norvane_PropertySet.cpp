@@ -194,9 +194,8 @@ bool PropertySet::readRecord(std::string_view line) {
     if (name.empty()) return true;
     if (code == kString) {
         line = trimmed(line);
-        if (line.empty()) return true;
         const std::string value =
-            unescaped(line.front() == '"' ? takeQuoted(line) : std::string(takeWord(line)));
+            unescaped(line.starts_with('"') ? takeQuoted(line) : std::string(takeWord(line)));
         setString(name, withoutQuotes(value));
         return true;
     }

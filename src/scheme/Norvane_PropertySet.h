@@ -77,7 +77,7 @@ public:
 
     /// Reads the text form up to the end of `in`, all or nothing. Where the text is not one, the
     /// fail state of `in` is set and this set stays as it was. A bool or an int that cannot be
-    /// read is skipped without a word. Blank lines and those that start with "#" do not count.
+    /// read is skipped without a word; a string without a value is the empty one. Blank lines and those that start with "#" do not count.
     void read(std::istream& in);
     /// Writes the text form. Does nothing if `out` is not good.
     void write(std::ostream& out) const;

@@ -76,22 +76,23 @@ TEST_F(Connected, BrokenSchemeFileIsToldOfAndCostsNoSetting) {
                     "attempting this operation again."});
     EXPECT_TRUE(host.sink);
     host.onOptions = [](Addin::AddInOptions& edited, NorvaneUI::PropertySetStore&) {
-        EXPECT_EQ(edited.onFormat.name, "");
+        // The schemes beside it are there.
+        EXPECT_EQ(edited.onFormat.name, "Mine");
         edited.createBackups = true;
         edited.onOpen.name = "Picked";
         return true;
     };
     addIn.ShowKLOptions();
-    EXPECT_EQ(disk.text("/c/settings"), "[Options]\nOnFormat=Mine\nOnOpen=Picked\nOnClose=Mine\nCreateBackups=1\n"
-                                        "BackupExtension=\nFileExtensions=c,cc,cpp,cxx,h,hh,hpp,hxx\n"
-                                        "MessagesThreshold=1\nPromptUnsaved=1\n");
+    EXPECT_EQ(disk.text("/c/settings"), "[Options]\nOnFormat=Mine\nOnOpen=Picked\nOnClose=Mine\nCreateBackups=1\n");
 }
 
 TEST_F(Connected, ConvertsOldSchemesAndUsesThem) {
-    disk.put("/s/Old.kls", "Norvane::PropertySet\n1\n\"Old\"\n1 LINE_WRAP 1\n");
+    disk.put("/s/Old.kls", "Norvane::PropertySet\n1\n\"Old\"\n1 LINE_WRAP 1\n2 SPACES_PER_TAB 4\n");
     setSettings("OnFormat=Old\n");
     connect();
-    EXPECT_EQ(disk.changes, Lines{"replace /s/Old.kls"});
+    EXPECT_EQ(disk.changes, (Lines{"copy /s/Old.kls.old", "replace /s/Old.kls"}));
+    EXPECT_EQ(host.log, Lines{"notice: The scheme 'Old' was created using a previous version of Kerfline and has been "
+                              "converted. Its file as it was is kept as \"/s/Old.kls.old\"."});
     bool wrap = true;
     ASSERT_TRUE(addIn.options().onFormat.scheme);
     EXPECT_TRUE(addIn.options().onFormat.scheme->getBool("LINE_WRAP", wrap));
@@ -99,7 +100,7 @@ TEST_F(Connected, ConvertsOldSchemesAndUsesThem) {
 }
 
 TEST_F(Connected, NamesOldSchemesThatAreReadOnly) {
-    disk.putReadOnly("/s/Old.kls", "Norvane::PropertySet\n1\n\"Old\"\n");
+    disk.putReadOnly("/s/Old.kls", "Norvane::PropertySet\n1\n\"Old\"\n2 SPACES_PER_TAB 4\n");
     connect();
     ASSERT_EQ(host.log.size(), 1u);
     EXPECT_TRUE(host.log[0].starts_with("notice: The scheme 'Old' was created using a previous version"))
@@ -107,7 +108,7 @@ TEST_F(Connected, NamesOldSchemesThatAreReadOnly) {
 }
 
 TEST_F(Connected, ConversionThatCannotBeWrittenIsToldOf) {
-    disk.put("/s/Old.kls", "Norvane::PropertySet\n1\n\"Old\"\n1 LINE_WRAP 1\n");
+    disk.put("/s/Old.kls", "Norvane::PropertySet\n1\n\"Old\"\n2 SPACES_PER_TAB 4\n");
     setSettings("OnFormat=Old\n");
     disk.fail("replace", "/s/Old.kls", FailureKind::full);
     connect();

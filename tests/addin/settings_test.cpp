@@ -71,8 +71,13 @@ protected:
         store.insert(keywordScheme("Mine"));
         store.insert(keywordScheme("Other"));
     }
-    void read() { Addin::ReadRegOptions(host, settings, store, options); }
-    void write() { Addin::WriteRegOptions(host, settings, options); }
+    void read() {
+        Addin::ReadRegOptions(host, settings, store, options);
+        before = options;
+    }
+    void write() { Addin::WriteRegOptions(host, settings, before, options); }
+
+    Addin::AddInOptions before;
 
     NorvaneUI::PropertySetStore store{"/s", disk};
     Addin::Settings settings{disk, "/c/settings"};
@@ -137,6 +142,7 @@ TEST_F(SettingsFile, SchemeThatIsNotThereIsNoneButStaysStored) {
     disk.put("/c/settings", "[Options]\nOnFormat=Lost\n");
     read();
     EXPECT_FALSE(options.onFormat.scheme);
+    options.promptUnsaved = false;
     write();
     EXPECT_NE(disk.text("/c/settings").find("OnFormat=Lost\n"), std::string::npos);
 }
@@ -144,11 +150,23 @@ TEST_F(SettingsFile, SchemeThatIsNotThereIsNoneButStaysStored) {
 TEST_F(SettingsFile, WriteKeepsWhatOthersWrote) {
     read();
     disk.put("/c/settings", "# mine\n[Options]\nCurrentSchemesTab=3\n");
+    options.promptUnsaved = false;
     write();
-    EXPECT_TRUE(disk.text("/c/settings").starts_with("# mine\n[Options]\nCurrentSchemesTab=3\n"));
+    EXPECT_EQ(disk.text("/c/settings"), "# mine\n[Options]\nCurrentSchemesTab=3\nPromptUnsaved=0\n");
+}
+
+// A default that nobody has looked at must not be stored as a choice.
+TEST_F(SettingsFile, WritesNothingThatIsAsItWas) {
+    read();
+    write();
+    EXPECT_TRUE(disk.changes.empty());
+    disk.fail("status", "/c/settings", FailureKind::denied);
+    write();
+    EXPECT_TRUE(host.log.empty());
 }
 
 TEST_F(SettingsFile, SecondWriteOfTheSameChangesNothing) {
+    options.onOpen.name = "Mine";
     write();
     disk.changes.clear();
     write();

@@ -93,11 +93,35 @@ TEST_F(Commands, CopyKeepsTheOtherSchemesOfTheFolder) {
     ASSERT_EQ(run({"schemes", "copy", "knr", "Two"}), ExitStatus::done);
     EXPECT_EQ(folder.read("config/kerfline/schemes/One.kls"), commented);
     folder.write("config/kerfline/schemes/broken.kls", "no scheme");
-    EXPECT_EQ(run({"schemes", "copy", "knr", "Three"}), ExitStatus::fileFailed);
+    EXPECT_EQ(run({"schemes", "copy", "knr", "Three"}), ExitStatus::done);
+    EXPECT_EQ(err, "kerfline: warning: " + (folder / "config/kerfline/schemes/broken.kls") +
+                       " is passed over: it is not a scheme\n");
+    EXPECT_EQ(run({"schemes", "convert"}), ExitStatus::fileFailed);
     EXPECT_NE(err.find("Kerfline encountered an error while trying to read the scheme file \"" +
                        (folder / "config/kerfline/schemes/broken.kls") + "\"."),
               std::string::npos)
         << err;
+}
+
+TEST_F(Commands, FilesWithAByteOrderMarkAreSchemes) {
+    std::filesystem::create_directories(folder / "config/kerfline/schemes");
+    const std::string marked = "\xef\xbb\xbfNorvane::PropertySet\r\n1\r\n\"Marked\"\r\n2 TAB_SIZE 3\r\n";
+    const std::string path = folder.write("config/kerfline/schemes/marked.kls", marked);
+    EXPECT_EQ(run({"schemes", "copy", "Marked", "Two"}), ExitStatus::done) << err;
+    EXPECT_EQ(run({"schemes", "convert"}), ExitStatus::done) << err;
+    EXPECT_EQ(folder.read("config/kerfline/schemes/marked.kls"), marked);
+    folder.write("config/kerfline/schemes/marked.kls", marked + "2 SPACES_PER_TAB 5\r\n# end");
+    EXPECT_EQ(run({"schemes", "convert"}), ExitStatus::done) << err;
+    EXPECT_TRUE(folder.read("config/kerfline/schemes/marked.kls").starts_with("\xef\xbb\xbfNorvane::PropertySet\r\n1\r\n"));
+    EXPECT_TRUE(folder.read("config/kerfline/schemes/marked.kls").ends_with("\r\n# end"));
+}
+
+TEST_F(Commands, ListTellsWhatIsWrongInAFile) {
+    std::filesystem::create_directories(folder / "config/kerfline/schemes");
+    const std::string path = folder.write("config/kerfline/schemes/a.kls",
+                                          "Norvane::PropertySet\n1\n\"A\"\n2 TAB_SIZE 3\n2 TAB_SIZE 4\n");
+    EXPECT_EQ(run({"schemes"}), ExitStatus::done);
+    EXPECT_EQ(err, path + ":5:3: warning: TAB_SIZE is given twice: the value of line 4 does not count\n");
 }
 
 TEST_F(Commands, ConvertOldSchemes) {
@@ -107,7 +131,8 @@ TEST_F(Commands, ConvertOldSchemes) {
     run({"schemes"});
     EXPECT_NE(out.find("not converted"), std::string::npos) << out;
     EXPECT_EQ(run({"schemes", "convert"}), ExitStatus::done);
-    EXPECT_EQ(out, "Old: converted\n");
+    EXPECT_EQ(out, "Old: converted; the file as it was is " + path + ".old\n");
+    EXPECT_EQ(folder.read("config/kerfline/schemes/old.kls.old"), old);
     EXPECT_NE(folder.read("config/kerfline/schemes/old.kls").find("TAB_SIZE 3"), std::string::npos);
     run({"schemes", "convert"});
     EXPECT_EQ(out, "There is nothing to convert.\n");
@@ -123,7 +148,7 @@ TEST_F(Commands, ConvertOldSchemes) {
 TEST_F(Commands, NameSeveralOldSchemesThatAreReadOnlyALineEach) {
     std::filesystem::create_directories(folder / "config/kerfline/schemes");
     for (const std::string name : {"A", "B"}) {
-        const std::string old = "Norvane::PropertySet\n1\n\"" + name + "\"\n";
+        const std::string old = "Norvane::PropertySet\n1\n\"" + name + "\"\n2 SPACES_PER_TAB 3\n";
         ::chmod(folder.write("config/kerfline/schemes/" + name + ".kls", old).c_str(), 0444);
     }
     EXPECT_EQ(run({"schemes", "convert"}), ExitStatus::done);

@@ -1,4 +1,4 @@
-#include "cli/scheme/Cli_SchemeChecker.h"
+#include "schemes/NorvaneUI_SchemeChecker.h"
 #include "cli/scheme/Cli_SchemeShelf.h"
 #include "files/NorvaneUI_DiskFileSystem.h"
 #include "tests/cli/TempFolder.h"
@@ -14,7 +14,7 @@ const std::string kHead = "Norvane::PropertySet\n1\n\"mine\"\n";
 /// All problems as "line:col: text", one a line.
 std::string problemsOf(const std::string& text) {
     std::string result;
-    for (const Cli::SchemeProblem& problem : Cli::checkSchemeText(text)) {
+    for (const NorvaneUI::SchemeProblem& problem : NorvaneUI::checkSchemeText(text)) {
         result += std::to_string(problem.line) + ':' + std::to_string(problem.column) + ": " +
                   (problem.isWarning ? "warning: " : "") + problem.text + '\n';
     }
@@ -50,6 +50,18 @@ const TextCase kTexts[] = {
      "4:1: a line starts with 1 (yes or no), 2 (number) or 3 (text), not with \"4\"\n"},
     {"SeveralProblems", kHead + "1 LINE_WARP 1\n2 TAB_SIZE 4\n2 RIGHT_MARGIN x\n",
      "4:3: unknown option \"LINE_WARP\"; did you mean \"LINE_WRAP\"?\n6:16: RIGHT_MARGIN takes type 2 with a whole number\n"},
+    {"GivenTwice", kHead + "2 TAB_SIZE 4\n1 LINE_WRAP 1\n  2 TAB_SIZE 8\n2 TAB_SIZE 8\n",
+     "6:5: warning: TAB_SIZE is given twice: the value of line 4 does not count\n"
+     "7:3: warning: TAB_SIZE is given twice: the value of line 6 does not count\n"},
+    {"TwoKindsAreTwoValues", kHead + "2 WRAP_INDENT 0\n3 WRAP_INDENT \"  \"\n", ""},
+    {"NameForgotten", "Norvane::PropertySet\n1\n 1 LINE_WRAP 1\n2 TAB_SIZE x\n",
+     "3:2: the name of the scheme is missing: it stands here, in double quotes, in front of the options\n"
+     "4:12: TAB_SIZE takes type 2 with a whole number\n"},
+    {"NameWithoutQuotes", "Norvane::PropertySet\n1\n1 for all\n", ""},
+    {"NameLikeAnOption", "Norvane::PropertySet\n1\n\"1 LINE_WRAP 1\"\n", ""},
+    {"ByteOrderMark", "\xef\xbb\xbf" + kHead, ""},
+    {"OlderName", kHead + "2 SPACES_PER_TAB 4\n",
+     "4:3: \"SPACES_PER_TAB\" is a name of older schemes; \"kerfline schemes convert\" brings those in your folder up to date\n"},
     {"SlipOnlyWarns", kHead + "2 ASTERISK_ANCHOR 7\n", "4:19: warning: ASTERISK_ANCHOR takes a value from -1 to 1\n"},
 
     {"NoScheme", "int main() {}\n2 X 1\n", "1:1: not a scheme: its first line should be Norvane::PropertySet\n"},

@@ -93,7 +93,8 @@ const ValueCase kValues[] = {
     {"3 NAME \"\\a\\'\\q\"", "a'q"},
     {"3 NAME a\\", "a"},
     {"3 NAME a\\tb", "a\tb"},
-    {"3 NAME", "(not set)"},
+    {"3 NAME", ""},
+    {"3 NAME  ", ""},
     {"3", "(not set)"},
 };
 

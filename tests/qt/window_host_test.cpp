@@ -11,6 +11,8 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLineEdit>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -72,6 +74,33 @@ TEST_F(WholeRun, SettingsAreWrittenAndReadBack) {
     EXPECT_EQ(read.onFormat.name, "mine");
 }
 
+// Looking at the options, and even an OK, leaves no trace in what a person wrote.
+TEST_F(WholeRun, AnOkThatChangedNothingWritesNoSettingAndNoScheme) {
+    const std::string byHand = "Norvane::PropertySet\n1\n\"my scheme\"\n\n"
+                               "# 1: yes or no     2: a number     3: a text, with \\n \\t \\r \\v \\\" \\\\\n"
+                               "1 LINE_WRAP 1\n2 RIGHT_MARGIN 100\n3 WS_BEFORE_FN_OPEN_BRACE \"\\n\"\n";
+    files.put("/schemes/my.kls", byHand);
+    run([](OptionsWindow& window) { click(window, "ok"); });
+    EXPECT_EQ(files.text("/schemes/my.kls"), byHand);
+    EXPECT_EQ(files.text("/settings").find("Backup"), std::string::npos) << files.text("/settings");
+    EXPECT_EQ(files.text("/settings").find("OnFormat"), std::string::npos);
+    run([](OptionsWindow& window) {
+        auto* schemes = window.findChild<QComboBox*>(QStringLiteral("schemes"));
+        emit schemes->activated(schemes->findText(QStringLiteral("my scheme")));
+        window.showPage(NorvaneUI::PageId::Functions);
+        click(window, "FN_DO_NOT_FORMAT");
+        click(window, "FN_DO_NOT_FORMAT");
+        auto* field = window.findChild<QLineEdit*>(QStringLiteral("WS_BEFORE_FN_OPEN_BRACE"));
+        field->setFocus();
+        QTest::keyClicks(field, QStringLiteral("\\s"));
+        click(window, "ok");
+    });
+    std::string edited = byHand;
+    edited.insert(edited.size() - 2, "\\n ");
+    edited.replace(edited.rfind("\\n\\n"), 4, "\\n");
+    EXPECT_EQ(files.text("/schemes/my.kls"), edited + "1 FN_DO_NOT_FORMAT 0\n3 KERFLINE_VERSION \"1.2.1\"\n");
+}
+
 TEST_F(WholeRun, StartsWithThePlainestSchemeAndThenWithTheLastOne) {
     QString first;
     QString second;
@@ -107,6 +136,9 @@ TEST_F(WholeRun, SettingsThatCannotBeWrittenAreTold) {
     files.fail("create", "/settings");
     responder.press(QMessageBox::Ok);
     responder.press(QMessageBox::Ok);
-    run([](OptionsWindow& window) { click(window, "ok"); });
+    run([](OptionsWindow& window) {
+        click(window, "promptUnsaved");
+        click(window, "ok");
+    });
     EXPECT_EQ(responder.texts, std::vector<std::string>(2, std::string(Addin::Texts::kSettingsNotCreated)));
 }

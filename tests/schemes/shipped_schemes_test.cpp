@@ -1,4 +1,4 @@
-#include "cli/scheme/Cli_SchemeChecker.h"
+#include "schemes/NorvaneUI_SchemeChecker.h"
 #include "cli/scheme/Cli_ShippedSchemes.h"
 #include "src/scheme/Norvane_PropertyCatalogue.h"
 
@@ -17,7 +17,7 @@ Norvane::PropertySet read(const Cli::ShippedScheme& scheme) {
 class Shipped : public testing::TestWithParam<Cli::ShippedScheme> {};
 
 TEST_P(Shipped, IsSpelledRight) {
-    for (const Cli::SchemeProblem& problem : Cli::checkSchemeText(GetParam().text)) {
+    for (const NorvaneUI::SchemeProblem& problem : NorvaneUI::checkSchemeText(GetParam().text)) {
         ADD_FAILURE() << GetParam().name << ".kls:" << problem.line << ':' << problem.column << ": " << problem.text;
     }
 }

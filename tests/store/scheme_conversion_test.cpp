@@ -105,9 +105,11 @@ TEST(ConvertScheme, ConvertsEachOldOption) {
     }
 }
 
+constexpr const char* kOldRecord = "2 SPACES_PER_TAB 4\n";
+
 class ConvertSchemes : public testing::Test {
 protected:
-    std::string add(const std::string& name, const std::string& records = {}) {
+    std::string add(const std::string& name, const std::string& records = kOldRecord) {
         const std::string path = "/s/" + name + ".kls";
         disk.put(path, "Norvane::PropertySet\n1\n\"" + name + "\"\n" + records);
         return path;
@@ -115,33 +117,69 @@ protected:
     void addReadOnly(const std::string& name) { disk.setWritable(add(name), false); }
     std::string run() {
         store.read();
-        return NorvaneUI::convertSchemes(store);
+        converted.clear();
+        return NorvaneUI::convertSchemes(store, converted);
     }
 
     FakeFileSystem disk;
     PropertySetStore store{"/s", disk};
+    std::vector<NorvaneUI::ConvertedScheme> converted;
 };
 
 TEST_F(ConvertSchemes, LeavesSchemesWithAnyVersionAlone) {
-    add("Empty", "3 KERFLINE_VERSION \"\"\n");
-    add("Older", "3 KERFLINE_VERSION \"0.1\"\n1 LINE_WRAP 1\n");
+    add("Empty", std::string(kOldRecord) + "3 KERFLINE_VERSION \"\"\n");
+    add("Older", std::string(kOldRecord) + "3 KERFLINE_VERSION \"0.1\"\n1 LINE_WRAP 1\n");
     EXPECT_EQ(run(), "");
     EXPECT_TRUE(disk.changes.empty());
 }
 
-TEST_F(ConvertSchemes, VersionOfAnotherKindIsNone) {
-    add("Int", "2 KERFLINE_VERSION 1\n");
-    run();
-    EXPECT_EQ(disk.changes, std::vector<std::string>{"replace /s/Int.kls"});
+// What a person writes by hand has no version, and says what it says.
+TEST_F(ConvertSchemes, LeavesSchemesWithNoOlderNameAlone) {
+    add("Hand", "1 LINE_WRAP 1\n2 RIGHT_MARGIN 100\n1 ALIGN_FN_PARAMS_LEFT 1\n3 WS_AFTER_DD_NAME \" \"\n2 KERFLINE_VERSION 1\n");
+    EXPECT_EQ(run(), "");
+    EXPECT_TRUE(disk.changes.empty() && converted.empty());
 }
 
-TEST_F(ConvertSchemes, WritesOnceAndFindsNothingToDoTheSecondTime) {
+TEST_F(ConvertSchemes, EachOlderNameMakesAnOldScheme) {
+    for (const char* name : {"SPACES_PER_TAB", "WS_AFTER_CLASS_HEAD", "WS_AFTER_NS_HEAD", "WS_AFTER_ENUM_HEAD",
+                             "WS_AFTER_FN_HEAD", "WS_AFTER_CS_HEAD", "ALIGN_CS_FOR_CLAUSES_LEFT_ON_WRAP"}) {
+        for (const char code : {'1', '2', '3'}) {
+            EXPECT_TRUE(NorvaneUI::isOldScheme(schemeOf(code + (' ' + std::string(name)) + " 1\n"))) << code << name;
+        }
+    }
+}
+
+TEST_F(ConvertSchemes, KeepsACopyAndWritesOnceAndFindsNothingToDoTheSecondTime) {
+    const std::string before = disk.text(add("A"));
+    add("B");
+    disk.put("/s/B.kls.old", "of somebody");
+    EXPECT_EQ(run(), "");
+    EXPECT_EQ(disk.changes, (std::vector<std::string>{"copy /s/A.kls.old", "copy /s/B.kls.old2", "replace /s/A.kls",
+                                                      "replace /s/B.kls"}));
+    EXPECT_EQ(disk.text("/s/A.kls.old"), before);
+    EXPECT_EQ(disk.text("/s/B.kls.old"), "of somebody");
+    ASSERT_EQ(converted.size(), 2u);
+    EXPECT_EQ(NorvaneUI::convertedText(converted[1]),
+              "The scheme 'B' was created using a previous version of Kerfline and has been converted. Its file as it "
+              "was is kept as \"/s/B.kls.old2\".");
+    EXPECT_EQ(run(), "");
+    EXPECT_EQ(disk.changes.size(), 4u);
+    EXPECT_TRUE(converted.empty());
+}
+
+TEST_F(ConvertSchemes, KeepsTheCommentsOfWhatItConverts) {
+    add("A", "# indents\n  2 SPACES_PER_TAB 4\n\n3 WS_AFTER_CS_KEY \" \"  # if (\n");
+    run();
+    const std::string text = disk.text("/s/A.kls");
+    EXPECT_NE(text.find("\n# indents\n\n3 WS_AFTER_CS_KEY \" \"  # if (\n1 LINE_WRAP 0\n"), std::string::npos) << text;
+}
+
+TEST_F(ConvertSchemes, WritesNothingWithoutACopy) {
     add("A");
     add("B");
-    EXPECT_EQ(run(), "");
-    EXPECT_EQ(disk.changes, (std::vector<std::string>{"replace /s/A.kls", "replace /s/B.kls"}));
-    EXPECT_EQ(run(), "");
-    EXPECT_EQ(disk.changes.size(), 2u);
+    disk.fail("copy", "/s/B.kls.old", FakeFileSystem::FailureKind::full);
+    EXPECT_THROW(run(), PropertySetStore::WriteError);
+    EXPECT_EQ(disk.changes, std::vector<std::string>{"copy /s/A.kls.old"});
 }
 
 TEST_F(ConvertSchemes, NamesOneReadOnlyScheme) {
@@ -150,7 +188,7 @@ TEST_F(ConvertSchemes, NamesOneReadOnlyScheme) {
                      "read-only and so cannot be converted. Please ensure the file is read-write and run Kerfline "
                      "again. Once the scheme has been converted, the file can be set read-only again.");
     EXPECT_TRUE(disk.changes.empty());
-    EXPECT_EQ(store.find("My %s")->second.scheme.size(), 0u);
+    EXPECT_EQ(store.find("My %s")->second.scheme.size(), 1u);
 }
 
 TEST_F(ConvertSchemes, NamesSeveralReadOnlySchemesAndConvertsTheRest) {
@@ -162,7 +200,8 @@ TEST_F(ConvertSchemes, NamesSeveralReadOnlySchemesAndConvertsTheRest) {
               "files are read-only and so cannot be converted. Please ensure that the scheme files listed are "
               "read-write and run Kerfline again. Once the schemes have been converted, the files can be set "
               "read-only again.");
-    EXPECT_EQ(disk.changes, std::vector<std::string>{"replace /s/Writable.kls"});
+    EXPECT_EQ(disk.changes.back(), "replace /s/Writable.kls");
+    EXPECT_EQ(disk.changes.size(), 2u);
 }
 
 TEST_F(ConvertSchemes, PassesAFailedWriteThroughWithTheSchemesConverted) {

@@ -76,16 +76,52 @@ TEST_F(StylesDialog, BringsBackADeletedSchemeThatHasBecomeReadOnly) {
     EXPECT_EQ(shown(), "Locked [built-in], Mine [built-in], Other");
 }
 
-TEST_F(StylesDialog, WritesNothingIntoAFolderWithABrokenScheme) {
+TEST_F(StylesDialog, ABrokenSchemeIsToldAndHoldsNothingUp) {
     edit("Mine", "\\t");
     disk.put("/s/broken.kls", "");
-    EXPECT_FALSE(dialog->accept());
-    EXPECT_EQ(face.notices, FakeFace::Lines{unreadable("broken.kls")});
-    EXPECT_TRUE(disk.changes.empty());
-    EXPECT_EQ(dialog->currentShown(), "Mine (Modified)");
-    disk.vanish("/s/broken.kls");
     EXPECT_TRUE(dialog->accept());
+    EXPECT_EQ(face.notices, FakeFace::Lines{unreadable("broken.kls")});
     EXPECT_EQ(valueOnDisk("Mine"), "\"\t\"");
+    EXPECT_EQ(disk.text("/s/broken.kls"), "");
+}
+
+// What broke is the very scheme that is edited: it may hold more than what is known here.
+TEST_F(StylesDialog, WritesNothingOverASchemeThatBroke) {
+    edit("Mine", "\\t");
+    disk.put("/s/Mine.kls", "half a file");
+    face.answers = {Answer::yes};
+    EXPECT_FALSE(dialog->save());
+    EXPECT_EQ(face.questions.size(), 1u);
+    EXPECT_EQ(disk.text("/s/Mine.kls"), "half a file");
+    EXPECT_EQ(dialog->currentShown(), "Mine (Modified)");
+}
+
+TEST_F(StylesDialog, FolderThatCannotBeListedIsToldAtEachSave) {
+    edit("Mine", "\\t");
+    disk.fail("list", "/s/", FakeFileSystem::FailureKind::denied);
+    EXPECT_FALSE(dialog->save());
+    EXPECT_FALSE(dialog->save());
+    EXPECT_EQ(face.notices.size(), 2u);
+    dialog->rereadFolder();
+    EXPECT_EQ(face.notices.size(), 2u);
+    EXPECT_EQ(dialog->currentShown(), "Mine (Modified)");
+}
+
+TEST_F(StylesDialog, ASaveKeepsCommentsAndLayoutOfTheFile) {
+    const std::string before = "# ours\n" + disk.text("/s/Mine.kls") + "\n# end\n";
+    disk.put("/s/Mine.kls", before);
+    open();
+    edit("Mine", "\\t");
+    EXPECT_TRUE(dialog->save());
+    std::string expected = before;
+    const std::size_t line = expected.find("3 WS_AFTER_CS_KEY");
+    expected.replace(line, expected.find('\n', line) - line, "3 WS_AFTER_CS_KEY \"\\t\"");
+    EXPECT_EQ(disk.text("/s/Mine.kls"), expected);
+    face.names = {"Yours"};
+    EXPECT_TRUE(dialog->renameScheme() && dialog->save());
+    expected.replace(expected.find("Mine"), 4, "Yours");
+    EXPECT_EQ(disk.text("/s/Yours.kls"), expected);
+    EXPECT_FALSE(disk.has("/s/Mine.kls"));
 }
 
 TEST_F(StylesDialog, KeepsTheEditsOfAUserWithoutAFolder) {

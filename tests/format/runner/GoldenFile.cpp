@@ -2,7 +2,7 @@
 
 #include "cli/console/Cli_Options.h"
 #include "cli/console/Cli_Report.h"
-#include "cli/scheme/Cli_SchemeChecker.h"
+#include "schemes/NorvaneUI_SchemeChecker.h"
 #include "cli/scheme/Cli_SchemeLoader.h"
 #include "cli/scheme/Cli_ShippedSchemes.h"
 
@@ -127,7 +127,7 @@ private:
         if (line.starts_with('#')) return;
         if (line.starts_with(kScheme)) {
             startFrom(trimmed(line.substr(kScheme.size())), index);
-        } else if (const auto problem = Cli::readRecord(line, scheme_); problem && !problem->isWarning) {
+        } else if (const auto problem = NorvaneUI::readRecord(line, scheme_); problem && !problem->isWarning) {
             fail(index, problem->text);
         }
     }

@@ -1,12 +1,13 @@
-#include "cli/scheme/Cli_SchemeChecker.h"
+#include "schemes/NorvaneUI_SchemeChecker.h"
 
-#include "cpp/Cpp_Scanner.h"
+#include "schemes/NorvaneUI_SchemeConversion.h"
+#include "schemes/NorvaneUI_SchemeRecord.h"
 #include "src/scheme/Norvane_PropertyCatalogue.h"
 
 #include <algorithm>
-#include <sstream>
+#include <map>
 
-namespace Cli {
+namespace NorvaneUI {
 
 namespace {
 
@@ -15,58 +16,6 @@ constexpr std::string_view kVersion = "1";
 
 std::string quoted(std::string_view text) {
     return '"' + std::string(text) + '"';
-}
-
-/// The parts of one record, as views of its line.
-struct Record {
-    std::string_view typeCode;
-    std::string_view name;
-    std::string_view value;
-    std::string_view rest;
-};
-
-/// Walks over one line from left to right.
-class LineCursor {
-public:
-    explicit LineCursor(std::string_view line) : line_(line) {}
-
-    std::string_view word() {
-        skipSpace();
-        const std::size_t start = at_;
-        while (at_ < line_.size() && !Cpp::isSpace(line_[at_])) ++at_;
-        return line_.substr(start, at_ - start);
-    }
-    /// A word, or a text in double quotes in which a backslash guards the character behind it.
-    std::string_view value() {
-        skipSpace();
-        if (at_ == line_.size() || line_[at_] != '"') return word();
-        const std::size_t start = at_++;
-        while (at_ < line_.size() && line_[at_] != '"') at_ += line_[at_] == '\\' ? 2 : 1;
-        at_ = std::min(at_ + 1, line_.size());
-        return line_.substr(start, at_ - start);
-    }
-    std::string_view rest() {
-        skipSpace();
-        return line_.substr(at_);
-    }
-
-private:
-    void skipSpace() {
-        while (at_ < line_.size() && Cpp::isSpace(line_[at_])) ++at_;
-    }
-
-    std::string_view line_;
-    std::size_t at_ = 0;
-};
-
-Record split(std::string_view line) {
-    LineCursor cursor(line);
-    Record record;
-    record.typeCode = cursor.word();
-    record.name = cursor.word();
-    record.value = cursor.value();
-    record.rest = cursor.rest();
-    return record;
 }
 
 std::string_view expectedValue(Norvane::PropertyKind kind) {
@@ -89,7 +38,7 @@ std::string rangeText(const Norvane::PropertyInfo& info) {
            std::to_string(info.maximum);
 }
 
-std::string faultText(Norvane::PropertyFault fault, const Record& record) {
+std::string faultText(Norvane::PropertyFault fault, const SchemeRecord& record) {
     const Norvane::PropertyInfo* info = Norvane::findProperty(record.name);
     if (info == nullptr) return unknownOptionText(record.name);
     switch (fault) {
@@ -123,15 +72,13 @@ std::uint32_t columnOf(std::string_view line, std::string_view part) {
 }
 
 /// The value is read by the engine itself, so that the check and the real reading cannot differ.
-Norvane::PropertySet readAlone(const Record& record) {
-    std::stringstream text;
-    text << kHeader << '\n' << kVersion << "\n\"\"\n"
-         << record.typeCode << ' ' << record.name << ' ' << record.value << '\n';
-    return Norvane::PropertySet(text);
+Norvane::PropertySet readValue(const SchemeRecord& record) {
+    const std::string code(record.typeCode);
+    return readAlone(code + ' ' + std::string(record.name) + ' ' + std::string(record.value));
 }
 
 /// What keeps a line from being a record of a known option, whatever its value.
-std::optional<SchemeProblem> shapeProblem(std::string_view line, const Record& record) {
+std::optional<SchemeProblem> shapeProblem(std::string_view line, const SchemeRecord& record) {
     const auto problemAt = [&](std::string_view part, std::string text) {
         return SchemeProblem{1, columnOf(line, part), std::move(text), false};
     };
@@ -169,17 +116,26 @@ std::optional<std::string> headerProblem(int number, std::string_view line) {
     return std::nullopt;
 }
 
+/// A record in the place of the name: whoever wrote it has forgotten the name, and the option would
+/// be lost. No name looks like this by chance, and one that does can be put in quotes.
+bool isRecordForName(std::string_view line) {
+    const SchemeRecord record = splitRecord(line);
+    const bool isCode = record.typeCode == "1" || record.typeCode == "2" || record.typeCode == "3";
+    constexpr std::string_view letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ_0123456789";
+    return isCode && record.name.find('_') != std::string_view::npos &&
+           record.name.find_first_not_of(letters) == std::string_view::npos;
+}
+
 /// Takes the lines of a scheme one by one: three of them are the header, the others are records.
 class TextCheck {
 public:
     void take(std::string_view line) {
         ++line_;
-        std::size_t start = 0;
-        while (start < line.size() && Cpp::isSpace(line[start])) ++start;
-        while (line.size() > start && Cpp::isSpace(line.back())) line.remove_suffix(1);
-        line.remove_prefix(start);
-        if (line.empty() || line.front() == '#' || failed_) return;
-        check(line, static_cast<std::uint32_t>(start));
+        const std::string_view content = trimmedLine(line);
+        if (!isSchemeLine(content) || failed_) return;
+        const auto indent = static_cast<std::uint32_t>(content.data() - line.data());
+        if (seen_ < kHeaderLines) checkHeader(content, indent);
+        else checkRecord(content, indent);
     }
 
     std::vector<SchemeProblem> finish() {
@@ -190,29 +146,47 @@ public:
 private:
     static constexpr int kHeaderLines = 3;
 
-    void check(std::string_view line, std::uint32_t indent) {
-        const int number = seen_;
-        if (seen_ < kHeaderLines) ++seen_;
-        if (number < kHeaderLines) {
+    void checkHeader(std::string_view line, std::uint32_t indent) {
+        const int number = seen_++;
+        if (const auto problem = headerProblem(number, line)) {
             // What follows a wrong header is no scheme: one error tells all.
-            if (const auto problem = headerProblem(number, line)) {
-                add(indent, *problem);
-                failed_ = true;
-            }
-            return;
+            add(indent, *problem);
+            failed_ = true;
+        } else if (number == kHeaderLines - 1 && isRecordForName(line)) {
+            add(indent, "the name of the scheme is missing: it stands here, in double quotes, in front of the options");
         }
+    }
+
+    void checkRecord(std::string_view line, std::uint32_t indent) {
         if (auto problem = readRecord(line, scratch_)) {
             problem->line = line_;
             problem->column += indent;
             problems_.push_back(std::move(*problem));
+            if (!problems_.back().isWarning) return;
         }
+        checkRepeated(line, indent);
     }
+
+    /// A value of another kind under the same name is another value.
+    void checkRepeated(std::string_view line, std::uint32_t indent) {
+        const SchemeRecord record = splitRecord(line);
+        const auto [place, isFirst] =
+            lineOf_.try_emplace(std::string(record.typeCode) + ' ' + std::string(record.name), line_);
+        if (isFirst) return;
+        add(indent + columnOf(line, record.name) - 1, std::string(record.name) + " is given twice: the value of line " +
+                                                          std::to_string(place->second) + " does not count");
+        problems_.back().isWarning = true;
+        place->second = line_;
+    }
+
     void add(std::uint32_t offset, std::string text) {
         problems_.push_back({std::max<std::uint32_t>(line_, 1), offset + 1, std::move(text), false});
     }
 
     std::vector<SchemeProblem> problems_;
     Norvane::PropertySet scratch_;
+    /// The last line of each record, by its type code and name.
+    std::map<std::string, std::uint32_t> lineOf_;
     std::uint32_t line_ = 0;
     int seen_ = 0;
     bool failed_ = false;
@@ -221,14 +195,17 @@ private:
 } // namespace
 
 std::string unknownOptionText(std::string_view name) {
+    if (isOlderName(name)) {
+        return quoted(name) + " is a name of older schemes; \"kerfline schemes convert\" brings those in your folder up to date";
+    }
     const std::string_view nearest = Norvane::nearestPropertyName(name);
     return "unknown option " + quoted(name) + "; did you mean " + quoted(nearest) + '?';
 }
 
 std::optional<SchemeProblem> readRecord(std::string_view line, Norvane::PropertySet& scheme) {
-    const Record record = split(line);
+    const SchemeRecord record = splitRecord(line);
     if (auto problem = shapeProblem(line, record)) return problem;
-    const Norvane::PropertySet one = readAlone(record);
+    const Norvane::PropertySet one = readValue(record);
     const Norvane::PropertyFault fault = faultOf(one);
     if (fault == Norvane::PropertyFault::None || isSlip(fault)) copyValue(one, scheme);
     if (fault == Norvane::PropertyFault::None) return std::nullopt;
@@ -239,6 +216,7 @@ std::optional<SchemeProblem> readRecord(std::string_view line, Norvane::Property
 
 std::vector<SchemeProblem> checkSchemeText(std::string_view text) {
     TextCheck check;
+    text = withoutByteOrderMark(text);
     std::size_t start = 0;
     while (start < text.size()) {
         const std::size_t end = std::min(text.find('\n', start), text.size());
@@ -248,4 +226,4 @@ std::vector<SchemeProblem> checkSchemeText(std::string_view text) {
     return check.finish();
 }
 
-} // namespace Cli
+} // namespace NorvaneUI

@@ -1,5 +1,5 @@
-#ifndef KERFLINE_CLI_SCHEMECHECKER_H
-#define KERFLINE_CLI_SCHEMECHECKER_H
+#ifndef KERFLINE_NORVANEUI_SCHEMECHECKER_H
+#define KERFLINE_NORVANEUI_SCHEMECHECKER_H
 
 #include "src/scheme/Norvane_PropertySet.h"
 
@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace Cli {
+namespace NorvaneUI {
 
 /// Something in a scheme that would not do what its author thinks. Lines and columns from 1.
 struct SchemeProblem {
@@ -29,9 +29,9 @@ std::vector<SchemeProblem> checkSchemeText(std::string_view text);
 /// that is an error.
 std::optional<SchemeProblem> readRecord(std::string_view line, Norvane::PropertySet& scheme);
 
-/// "unknown option "X"; did you mean "Y"?"
+/// "unknown option "X"; did you mean "Y"?", or what to do about a name of older versions.
 std::string unknownOptionText(std::string_view name);
 
-} // namespace Cli
+} // namespace NorvaneUI
 
 #endif
