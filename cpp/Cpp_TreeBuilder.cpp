@@ -42,6 +42,16 @@ bool TreeBuilder::isAsm(Index i) const {
     return std::find(words.begin(), words.end(), t_.text(i)) != words.end();
 }
 
+/// Whether what starts at `i` declares an object of the class or enumeration whose body stands in front.
+bool TreeBuilder::isBehindBody(Index i) const {
+    const Index close = t_.significantBefore(i);
+    if (close == kNone || type(close) != tkCloseBrace || t_.mate(close) == kNone) return false;
+    const Brace kind = braces_.kind(t_.mate(close));
+    const int first = type(i);
+    const bool declares = first == tkIdentifier || first == tkAsterisk || first == tkConst || first == tkOpenParen;
+    return declares && (kind == Brace::Class || kind == Brace::Enumerators);
+}
+
 /// True for a word whose bracketed argument is no parameter list.
 bool TreeBuilder::takesPair(Index i) const {
     static constexpr std::array<std::string_view, 18> words = {

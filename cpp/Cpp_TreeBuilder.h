@@ -1,6 +1,7 @@
 #ifndef KERFLINE_CPP_TREEBUILDER_H
 #define KERFLINE_CPP_TREEBUILDER_H
 
+#include "cpp/Cpp_BraceClassifier.h"
 #include "cpp/Cpp_Nodes.h"
 #include "cpp/Cpp_TokenTable.h"
 #include "trn/Trn_Message.h"
@@ -20,7 +21,8 @@ class TreeBuilder {
 public:
     using Index = TokenTable::Index;
 
-    TreeBuilder(const TokenTable& table, Trn::MessageList& messages) : t_(table), messages_(messages) {}
+    TreeBuilder(const TokenTable& table, Trn::MessageList& messages)
+        : t_(table), braces_(table), messages_(messages) {}
 
     void parseRoot(RootNode& root);
     /// True if a "}" was met that closes nothing.
@@ -89,6 +91,8 @@ private:
     Index nextSig(Index i) const { return i < t_.size() ? t_.significant(i + 1) : t_.size(); }
     int nextType(Index i) const { return type(nextSig(i)); }
     bool isWord(Index i, std::string_view word) const { return t_.text(i) == word; }
+    bool isValueBrace(Index i) const { return isInExpression(braces_.kind(i)); }
+    bool isBehindBody(Index i) const;
     bool isAsm(Index i) const;
     bool takesPair(Index i) const;
     bool isAttribute(Index i) const;
@@ -216,6 +220,7 @@ private:
     std::string statementText(Index first, Index last) const;
 
     const TokenTable& t_;
+    const BraceClassifier braces_;
     Trn::MessageList& messages_;
     Index at_ = 0;
     int depth_ = 0;

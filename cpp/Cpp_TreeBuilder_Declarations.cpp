@@ -343,7 +343,7 @@ TreeBuilder::DataRun TreeBuilder::collectData(Index first, Index from, Declarato
             break;
         case tkOpenBrace:
             if (t_.mate(j) == kNone) return {t_.size(), false, initialiser};
-            if (!initialiser && (prevType == tkCloseParen || !endsDeclarator(nextType(t_.mate(j))))) return {j, false, false};
+            if (!initialiser && (!isValueBrace(j) || !endsDeclarator(nextType(t_.mate(j))))) return {j, false, false};
             j = t_.mate(j);
             break;
         case tkOpenParen: case tkOpenBracket: case tkLess:

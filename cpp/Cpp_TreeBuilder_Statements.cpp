@@ -26,7 +26,7 @@ bool startsDeclarator(int type) {
 
 /// Where a label without a colon is given up.
 bool endsCase(int type) {
-    return type == tkEnd || type == tkInvalid || type == tkSemicolon || type == tkOpenBrace || type == tkCloseBrace;
+    return type == tkEnd || type == tkInvalid || type == tkSemicolon || type == tkCloseBrace;
 }
 
 /// A token behind which an operand is complete, so that a word such as "throw" does not go on with it.
@@ -146,7 +146,8 @@ void TreeBuilder::parseStatement(BlockNode& block) {
     const Index word = skipAttributes(at_);
     const int kind = type(word);
     const bool attributed = word != at_;
-    if (startsDeclaration(kind)) parseDeclarationStatement(block);
+    if (isBehindBody(at_)) parseDataStatement(block, Declarators::Apart);
+    else if (startsDeclaration(kind)) parseDeclarationStatement(block);
     else if (startsData(kind) || (attributed && kind == tkIdentifier && startsDataBehindName(nextType(word))))
         parseDataStatement(block, Declarators::Apart);
     else if (isControl(kind)) addUnlessNull(block, parseCtrlStmt());
@@ -175,7 +176,7 @@ void TreeBuilder::parseStatementWord(BlockNode& block) {
         ++at_;
         return;
     case tkOpenBrace:
-        addUnlessNull(block, parseBlock());
+        addUnlessNull(block, isValueBrace(at_) ? parseExpressionStatement() : parseBlock());
         return;
     case tkPublic: case tkPrivate: case tkProtected:
         if (inMacroBody_) addUnlessNull(block, parseAccessLabel());
@@ -346,7 +347,7 @@ TreeBuilder::Ptr<ExprNode> TreeBuilder::parseCondition() {
         if (kind == tkOpenBrace) {
             const Index inner = t_.mate(j);
             const int behind = inner == kNone ? int(tkEnd) : nextType(inner);
-            stops = close == kNone || inner == kNone || behind == tkIdentifier || isControl(behind);
+            stops = close == kNone || inner == kNone || (!isValueBrace(j) && (behind == tkIdentifier || isControl(behind)));
             if (!stops) j = inner;
         }
         if (stops) {
@@ -374,7 +375,9 @@ TreeBuilder::NodePtr TreeBuilder::parseCase() {
     }
     Index colon = first;
     while (type(colon) != tkColon && !endsCase(type(colon))) {
-        if (type(colon) == tkOpenParen && t_.mate(colon) != kNone) colon = t_.mate(colon);
+        if (type(colon) == tkOpenBrace && !isValueBrace(colon)) break;
+        const bool opens = type(colon) == tkOpenParen || type(colon) == tkOpenBrace;
+        if (opens && t_.mate(colon) != kNone) colon = t_.mate(colon);
         colon = nextSig(colon);
     }
     Ptr<ExprNode> expr;
@@ -460,7 +463,8 @@ bool TreeBuilder::beginsStatement(Index j, Index prev, bool isTemplate) const {
     const int kind = type(j);
     if (kind == tkClass || kind == tkStruct) return !isTemplate;
     if (kind == tkThrow) return endsOperand(type(prev));
-    return (kind >= tkIf && kind <= tkDefault) || kind == tkOpenBrace || kind == tkCloseBrace || kind == tkReturn;
+    if (kind == tkOpenBrace) return !isValueBrace(j);
+    return (kind >= tkIf && kind <= tkDefault) || kind == tkCloseBrace || kind == tkReturn;
 }
 
 /// Reads up to and with the ";", or to where another statement or a directive shows that it is
@@ -479,7 +483,7 @@ TreeBuilder::NodePtr TreeBuilder::parseExpressionStatement() {
             reportEnd(j);
             break;
         }
-        if (blockEnds || (kind == tkOpenBrace && parens == 0)) break;
+        if (blockEnds || (kind == tkOpenBrace && parens == 0 && !isValueBrace(j))) break;
         if (last != kNone && parens == 0 && beginsStatement(j, last, isTemplate)) break;
         last = j;
         if (kind == tkSemicolon && parens == 0) break;

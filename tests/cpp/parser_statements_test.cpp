@@ -48,8 +48,8 @@ const ParseCase kControl[] = {
      "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{Expr'again : a;'}} CtrlSubStmt{Head{Keyword'else'} Block{Expr'b;'}}}}"},
     // Braces in the one statement stay in it, so that the "else" behind them is that of the "if".
     {"ValueInBody", "if (a) return T{0}; else b = (T){1}.x;",
-     "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{Expr'return T' Block{Expr'0'}}} "
-     "CtrlSubStmt{Head{Keyword'else'} Block{Expr'b = T' Block{Expr'1'} Expr'. x;'}}}}"},
+     "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{Expr'return T { 0 };'}} "
+     "CtrlSubStmt{Head{Keyword'else'} Block{Expr'b = T { 1 } . x;'}}}}"},
     {"MacroLoopAsBody", "if (a) EACH(x) { b(); } else c(); for (;;) EACH(y) { } (d)();",
      "Block{CtrlStmt{CtrlSubStmt{Head{Keyword'if' Expr} Block{Expr'EACH x' Block{Expr'b;'}}} "
      "CtrlSubStmt{Head{Keyword'else'} Block{Expr'c;'}}} "
@@ -98,8 +98,7 @@ const ParseCase kExpressions[] = {
      "Block{Expr'foo a ,' Directive'#ifdef X\n' Expr'b ,' Directive'#endif\n' Expr'c;' Expr'next;'}"},
     {"DirectiveInLambda", "foo([&] {\n#ifdef X\n a();\n#endif\n b(); });\nnext();",
      "Block{Expr'foo [ & ] { a ; b ; };' Expr'next;'}"},
-    // The brace ends the statement, whatever it may open.
-    {"BraceBehindAssign", "x = { 1 };", "Block{Expr'x =' Block{Expr'1'}}"},
+    {"BraceBehindAssign", "x = { 1 };", "Block{Expr'x = { 1 };'}"},
     {"CommentBeforeBrace", "FOO(x) // c\n{ }", "Block{Expr'FOO x' Comment'// c\n' Block}"},
     {"StatementExpression", "x = ({ int t = 1; t; });", "Block{Expr'x = { int t = 1 ; t ; };'}"},
     {"NestedFunction", "int g(int a) { return a; }", "Block{Expr'int g int a' Block{Expr'return a;'}}"},
@@ -119,7 +118,12 @@ const ParseCase kData[] = {
      "Block{DataDecl{Type'struct foo' Id'x' Expr'= { . a = 1 , . b = { 2 } }'}}"},
     {"LocalClass", "struct S { int a; } s;", "Block{ClassDecl{ClassHead{ClassName'struct|S'} ClassBody{DataDecl{Type'int' Id'a'}}} "
                                              "DataDecl{Id's'}}"},
-    {"ListInBraces", "y = (T){ a & b, c(d) };", "Block{Expr'y = T' Block{DataDecl{Type'a &' Id'b'} Expr'c d'}}"},
+    {"ListInBraces", "y = (T){ a & b, c(d) };", "Block{Expr'y = T { a & b , c d };'}"},
+    {"ListOfUnnamed", "struct { int a; } t[] = {{1}, {2}};",
+     "Block{ClassDecl{ClassHead{ClassName'struct|'} ClassBody{DataDecl{Type'int' Id'a'}}} DataDecl{Id't [ ]' Expr'= { { 1 } , { 2 } }'}}"},
+    {"ListsOfStatements", "return {1, 2}; throw E{}; co_return {}; new T[2]{1}; a<b>{1}.c(); case T{1}: d();",
+     "Block{Expr'return { 1 , 2 };' Expr'throw E { };' Expr'co_return { };' Expr'new T [ 2 ] { 1 };' Expr'a b { 1 } . c;' "
+     "Case{Keyword'case' Expr'T { 1 }'} Expr'd;'}"},
     {"DependentTemplate", "a<b>.template get<T>();", "Block{DataDecl{Type'a < b > . template' Id'get < T >' Expr'( )'}}"},
     {"Alias", "namespace fs = a::b; using x = y; z();", "Block{Expr'z;'}"},
     {"ExternInBlock", "extern \"C\" int x;", "Block{DataDecl{Type'int' Id'x'}}"},
