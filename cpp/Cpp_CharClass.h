@@ -9,15 +9,16 @@
 #include <cstdint>
 #include <string_view>
 
-/// How the scanner tells characters apart, and its searches over them. All of it knows ASCII only:
-/// the C library's classes depend on the locale and are undefined for negative characters.
+/// How the scanner tells characters apart, and its searches over them. Letters beyond ASCII are not
+/// told from other characters there: whatever stands in a name comes as bytes from 0x80. The C
+/// library's classes depend on the locale and are undefined for negative characters.
 namespace Cpp::Chars {
 
 using Zelmar::isSpace;
 
-/// What a token that starts with a character may be. "_" counts as a letter.
+/// What a token that starts with a character may be. "_", "$" and all bytes from 0x80 count as letters.
 enum CharClass : std::uint8_t {
-    kSkipped, kSpace, kLetter, kDigit, kQuote, kHash, kSlash, kColon, kTilde, kPunct
+    kSkipped, kSpace, kLetter, kDigit, kQuote, kHash, kSlash, kColon, kTilde, kDot, kPunct
 };
 
 constexpr bool isDigit(char c) {
@@ -52,22 +53,21 @@ constexpr CharTable<CharClass> makeClasses() {
         if (isDigit(c)) table[index(c)] = kDigit;
         if (isPunct(c)) table[index(c)] = kPunct;
     }
-    table['_'] = kLetter;
+    for (int i = 128; i < 256; ++i) table[static_cast<std::size_t>(i)] = kLetter;
+    table['_'] = table['$'] = kLetter;
     table['"'] = table['\''] = kQuote;
     table['#'] = kHash;
     table['/'] = kSlash;
     table[':'] = kColon;
     table['~'] = kTilde;
+    table['.'] = kDot;
     return table;
 }
 inline constexpr CharTable<CharClass> kClasses = makeClasses();
 
 constexpr CharTable<bool> makeWordChars() {
     CharTable<bool> table{};
-    for (int i = 0; i < 128; ++i) {
-        const char c = static_cast<char>(i);
-        table[index(c)] = isLetter(c) || isDigit(c) || c == '_';
-    }
+    for (std::size_t i = 0; i < table.size(); ++i) table[i] = kClasses[i] == kLetter || kClasses[i] == kDigit;
     return table;
 }
 inline constexpr CharTable<bool> kWordChars = makeWordChars();
@@ -96,21 +96,57 @@ inline std::uint32_t countLineFeeds(std::string_view text) {
     return static_cast<std::uint32_t>(std::count(text.begin(), text.end(), '\n'));
 }
 
-/// Offset behind the block comment that starts at `begin`, or the end of the text.
-inline std::size_t findCommentEnd(std::string_view text, std::size_t begin) {
-    // Looks for the slash, not for the star: banners are made of stars. The "*" of the opening "/*"
-    // closes nothing.
-    std::size_t slash = text.find('/', begin + 3);
-    while (slash != std::string_view::npos && text[slash - 1] != '*') slash = text.find('/', slash + 1);
-    return slash == std::string_view::npos ? text.size() : slash + 1;
-}
-
 /// True if the line from `lineBegin` to `lineFeed` ends in a backslash. White space may stand behind
 /// it: editors leave it there unseen.
 inline bool isContinued(std::string_view text, std::size_t lineBegin, std::size_t lineFeed) {
     std::size_t end = lineFeed;
     while (end > lineBegin && isSpace(text[end - 1])) --end;
     return end > lineBegin && text[end - 1] == '\\';
+}
+
+/// Offset behind the joined line ends at `at`: a backslash, white space and a line feed each. Without
+/// one it is `at`.
+inline std::size_t behindSplices(std::string_view text, std::size_t at) {
+    while (at < text.size() && text[at] == '\\') {
+        std::size_t end = at + 1;
+        while (end < text.size() && isSpace(text[end]) && text[end] != '\n') ++end;
+        if (end >= text.size() || text[end] != '\n') return at;
+        at = end + 1;
+    }
+    return at;
+}
+
+/// Offset in front of the joined line ends that `end` stands behind. Without one it is `end`.
+inline std::size_t beforeSplices(std::string_view text, std::size_t end) {
+    while (end > 0 && text[end - 1] == '\n') {
+        std::size_t at = end - 1;
+        while (at > 0 && isSpace(text[at - 1]) && text[at - 1] != '\n') --at;
+        if (at == 0 || text[at - 1] != '\\') return end;
+        end = at - 1;
+    }
+    return end;
+}
+
+/// Offset behind the block comment whose opening "*" stands at `star`, or the end of the text.
+inline std::size_t findCommentEnd(std::string_view text, std::size_t star) {
+    // Looks for the slash, not for the star: banners are made of stars. The "*" of the opening "/*"
+    // closes nothing.
+    for (std::size_t slash = text.find('/', star + 2); slash != std::string_view::npos;
+         slash = text.find('/', slash + 1)) {
+        if (text[slash - 1] == '*') return slash + 1;
+        if (text[slash - 1] != '\n') continue;
+        const std::size_t end = beforeSplices(text, slash);
+        if (end > star + 1 && text[end - 1] == '*') return slash + 1;
+    }
+    return text.size();
+}
+
+/// Offset of the second character of the comment that starts at `at`, or npos if none starts there.
+inline std::size_t findCommentMark(std::string_view text, std::size_t at) {
+    if (at >= text.size() || text[at] != '/') return std::string_view::npos;
+    const std::size_t mark = behindSplices(text, at + 1);
+    const bool opens = mark < text.size() && (text[mark] == '/' || text[mark] == '*');
+    return opens ? mark : std::string_view::npos;
 }
 
 } // namespace Cpp::Chars

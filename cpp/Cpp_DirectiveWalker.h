@@ -11,7 +11,8 @@ namespace Cpp {
 /// A directive ends behind the line feed of its last line, where a backslash at the end of a line
 /// goes on; in front of a line comment; and in front of a block comment that spans lines. A "/*"
 /// inside a string that is closed is text: file patterns hold it. So is a "//", as addresses hold
-/// it, if `slashesInStrings` says so.
+/// it, if `slashesInStrings` says so; then the name of a header and a raw string are text, too, and
+/// the line feeds of the latter end nothing.
 class DirectiveWalker {
 public:
     /// `begin` is the "#", or where the directive goes on behind a comment that has ended it.
@@ -28,11 +29,13 @@ public:
     bool stoppedAtComment() const { return stoppedAtComment_; }
 
 private:
-    bool opensLineComment() const;
-    bool opensComment() const;
+    // `mark` is the second character of what opens a comment.
+    bool isQuoted(std::size_t mark) const;
+    bool passHeaderName();
     bool passLineFeed();
-    bool passComment();
+    bool passComment(std::size_t mark);
     void passQuote();
+    bool passRawString();
     void passOpeningQuote();
 
     std::string_view text_;

@@ -2,69 +2,56 @@
 #define KERFLINE_CPP_NUMBERWALKER_H
 
 #include "cpp/Cpp_CharClass.h"
+#include "cpp/Cpp_WordParts.h"
 
 #include <cstddef>
 #include <string_view>
 
 namespace Cpp {
 
-/// Finds the end of the number that starts with the digit at `begin`: digits, at most one dot and
-/// one exponent, suffixes, and apostrophes between two digits.
+/// Finds the end of the number that starts at `begin` with a digit, or with a dot and a digit. As to a
+/// preprocessor, letters, digits and dots all belong to it, a sign behind the letter of an exponent,
+/// and an apostrophe in front of a letter or digit. So every suffix is in it, whoever has defined it.
 class NumberWalker {
 public:
-    NumberWalker(std::string_view text, std::size_t begin)
-        : text_(text), at_(begin), hex_(text[begin] == '0' && Chars::lower(peek(1)) == 'x') {
-        at_ += hex_ ? 2 : 1;
-    }
+    NumberWalker(std::string_view text, std::size_t begin) : text_(text), at_(begin + 1) {}
 
     std::size_t findEnd() {
-        while (takePart()) {
-        }
+        do {
+            while (at_ < text_.size() && isPlain(text_[at_])) ++at_;
+        } while (takeAt(at_) || takeRare());
         return at_;
     }
 
 private:
-    char peek(std::size_t ahead = 0) const { return at_ + ahead < text_.size() ? text_[at_ + ahead] : '\0'; }
-    bool isNumeral(char c) const { return hex_ ? Chars::isHexDigit(c) : Chars::isDigit(c); }
-    bool isSeparator() const { return peek() == '\'' && isNumeral(text_[at_ - 1]) && isNumeral(peek(1)); }
+    static bool isPlain(char c) { return Chars::kWordChars[Chars::index(c)] || c == '.'; }
 
-    bool takePart() {
-        const char c = Chars::lower(peek());
-        if (isNumeral(c) || isSeparator()) return take();
-        if (c == '.') return takeOnce(dot_);
-        if (c == 'e') return takeOnce(exponent_) && takeSign();
-        // The sign in 0x1p-3 is no operator.
-        if (c == 'p' && hex_) return takeOnce(exponent_) && takeSign();
-        if ((c == 'u' || c == 'l') && !dot_ && !exponent_) return takeRunOf('u', 'l');
-        return (c == 'l' || c == 'f') && takeRunOf('l', 'f');
+    // Takes what stands at `next`, be it behind joined line ends, and whatever it brings along.
+    bool takeAt(std::size_t next) {
+        if (next >= text_.size()) return false;
+        const char c = text_[next];
+        if (c == '\'') next = Chars::behindSplices(text_, next + 1);
+        const bool taken = c == '+' || c == '-' ? endsInExponent() : next < text_.size() && isPlain(text_[next]);
+        if (taken) at_ = next + 1;
+        return taken;
     }
 
-    bool take() {
-        ++at_;
-        return true;
+    bool endsInExponent() const {
+        const char before = Chars::lower(text_[at_ - 1]);
+        return before == 'e' || before == 'p';
     }
 
-    bool takeOnce(bool& taken) {
-        if (taken) return false;
-        taken = true;
-        return take();
-    }
-
-    bool takeSign() {
-        if (peek() == '+' || peek() == '-') ++at_;
-        return true;
-    }
-
-    bool takeRunOf(char a, char b) {
-        while (Chars::lower(peek()) == a || Chars::lower(peek()) == b) ++at_;
-        return true;
+    // Joined line ends within the number, or a letter that is spelled by its code.
+    bool takeRare() {
+        const std::size_t next = Chars::behindSplices(text_, at_);
+        if (next > at_ && takeAt(next)) return true;
+        const std::size_t length = namedCharLength(text_, next);
+        if (length > 0) at_ = next + length;
+        return length > 0;
     }
 
     std::string_view text_;
     std::size_t at_;
-    bool hex_;
-    bool dot_ = false;
-    bool exponent_ = false;
 };
 
 } // namespace Cpp

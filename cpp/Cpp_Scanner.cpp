@@ -4,6 +4,8 @@
 #include "cpp/Cpp_DirectiveWalker.h"
 #include "cpp/Cpp_KeywordTable.h"
 #include "cpp/Cpp_NumberWalker.h"
+#include "cpp/Cpp_RawString.h"
+#include "cpp/Cpp_WordParts.h"
 
 #include <algorithm>
 #include <array>
@@ -17,6 +19,7 @@ using namespace Chars;
 namespace {
 
 constexpr CharTable<bool> kStringStops = makeCharSet("\"\\\n");
+constexpr CharTable<bool> kCharacterStops = makeCharSet("'\\\n");
 
 struct Operator {
     char first;
@@ -43,19 +46,40 @@ constexpr OperatorTable kDoubled = makeOperators(
     {{'+', tkIncrement}, {'-', tkDecrement}, {'<', tkShiftLeft}, {'>', tkShiftRight}, {'&', tkLogicalAnd},
      {'|', tkLogicalOr}});
 
-/// True if the quote at `quote` has one of the prefixes of a raw string directly in front of it.
-bool hasRawPrefix(std::string_view text, std::size_t quote) {
-    std::size_t begin = quote;
-    while (begin > 0 && quote - begin < 4 && isIdentifierChar(text[begin - 1])) --begin;
-    const std::string_view prefix = text.substr(begin, quote - begin);
-    return prefix == "R" || prefix == "LR" || prefix == "uR" || prefix == "UR" || prefix == "u8R";
+struct Punctuator {
+    int type = tkInvalid;
+    std::uint32_t length = 1;
+};
+
+/// The brackets and the mark of a directive that are spelled by two characters. "<::" is a "<" in front
+/// of a "::", unless the digraph is what a further ":" or ">" makes sense behind.
+template <class Peek> int readDigraph(char c, char second, Peek peek) {
+    if (c == '%') return second == '>' ? tkCloseBrace : tkInvalid;
+    if (c == ':') return second == '>' ? tkCloseBracket : tkInvalid;
+    if (second == '%') return tkOpenBrace;
+    const bool isAngle = second != ':' || (peek(2) == ':' && peek(3) != ':' && peek(3) != '>');
+    return isAngle ? tkInvalid : tkOpenBracket;
 }
 
-constexpr std::size_t kLongestRawDelimiter = 16;
-
-bool isRawDelimiterChar(char c) {
-    return !isSpace(c) && c != '(' && c != ')' && c != '\\' && c != '"';
+/// The longest operator or bracket of which `peek(n)` gives the n-th character.
+template <class Peek> Punctuator readPunctuator(Peek peek) {
+    const char c = peek(0);
+    const char second = peek(1);
+    if (second == '=' && kWithAssign[index(c)]) return {kWithAssign[index(c)], 2};
+    if (second == c && kDoubled[index(c)]) {
+        const bool shift = c == '<' || c == '>';
+        if (!shift || peek(2) != '=') return {kDoubled[index(c)], 2};
+        return {c == '<' ? tkShiftLeftAssign : tkShiftRightAssign, 3};
+    }
+    if (c == '-' && second == '>') return peek(2) == '*' ? Punctuator{tkArrowStar, 3} : Punctuator{tkArrow, 2};
+    if (c == '.' && second == '*') return {tkDotStar, 2};
+    if (c == '<' || c == ':' || c == '%') {
+        if (const int bracket = readDigraph(c, second, peek); bracket != tkInvalid) return {bracket, 2};
+    }
+    return {kSingle[index(c)], 1};
 }
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 /// The extent of a name with all its qualifiers.
 struct NameExtent {
@@ -66,10 +90,11 @@ struct NameExtent {
     std::uint32_t linesToColons = 0;
     bool hasSpace = false;
     bool hasSpaceBeforeColons = false;
+    bool isJoined = false; // a joined line end stands in one of its words
 };
 
 bool isNameStart(std::string_view text, std::size_t at) {
-    return at < text.size() && (kClasses[index(text[at])] == kLetter || text[at] == '~');
+    return at < text.size() && (kClasses[index(text[at])] == kLetter || text[at] == '~' || namedCharLength(text, at) > 0);
 }
 
 // Takes the white space behind a "::" in, whether or not the name goes on behind it.
@@ -83,17 +108,40 @@ void readColons(std::string_view text, NameExtent& name) {
     }
 }
 
+bool readWordPart(std::string_view text, NameExtent& name) {
+    const std::size_t next = behindWordPart(text, name.end);
+    const std::uint32_t lines = countLineFeeds(text.substr(name.end, next - name.end));
+    const bool goesOn = next > name.end;
+    if (lines > 0) name.hasSpace = name.isJoined = true;
+    name.lines += lines;
+    name.end = next;
+    return goesOn;
+}
+
 NameExtent readName(std::string_view text, std::size_t begin) {
     NameExtent name;
     name.lastWord = begin;
     name.end = begin + (text[begin] == '~' ? 1 : 0);
     while (true) {
         while (name.end < text.size() && kWordChars[index(text[name.end])]) ++name.end;
+        if (name.end >= text.size()) return name;
+        if (text[name.end] == '\\' && readWordPart(text, name)) continue;
         if (!startsWith(text, name.end, "::")) return name;
         readColons(text, name);
         if (!isNameStart(text, name.end)) return name;
-        name.lastWord = name.end++;
+        name.lastWord = name.end;
+        if (text[name.end] != '\\') ++name.end;
     }
+}
+
+/// What may stand behind the "~" of a destructor's name.
+bool startsClassName(char c) {
+    return isLetter(c) || index(c) >= 0x80;
+}
+
+/// Two dots end `text`: the third is the last of an ellipsis, whatever stands behind it.
+bool endsInDots(std::string_view text) {
+    return text.ends_with("..") && !text.ends_with("...");
 }
 
 /// The keywords that leave their qualifier to a token of its own.
@@ -101,10 +149,16 @@ bool isSplitName(std::string_view name) {
     return name == "operator" || name == "new" || name == "delete";
 }
 
-std::string withoutSpace(std::string_view name) {
+std::string withoutSpace(std::string_view token) {
     std::string result;
-    result.reserve(name.size());
-    std::copy_if(name.begin(), name.end(), std::back_inserter(result), [](char c) { return !isSpace(c); });
+    result.reserve(token.size());
+    for (std::size_t at = 0; at < token.size();) {
+        if (const std::size_t next = behindSplices(token, at); next > at) {
+            at = next;
+        } else if (const char c = token[at++]; !isSpace(c)) {
+            result.push_back(c);
+        }
+    }
     return result;
 }
 
@@ -120,19 +174,24 @@ std::string directiveSpelling(std::string_view text, const RawToken& token) {
     return result.append(text.substr(copied, token.end - copied));
 }
 
-// A compiler takes "0xe+1" for one malformed number: to it a sign behind an "e" or a "p" goes on
-// with any number.
-bool endsInExponent(std::string_view text) {
-    if (lower(text.back()) != 'e' && lower(text.back()) != 'p') return false;
+/// The word or number that ends `text` is a number.
+bool endsInNumber(std::string_view text) {
     std::size_t begin = text.size();
     while (begin > 0 && (isIdentifierChar(text[begin - 1]) || text[begin - 1] == '.')) --begin;
     while (begin < text.size() && text[begin] == '.') ++begin;
     return begin < text.size() && isDigit(text[begin]);
 }
 
+// A compiler takes "0xe+1" for one malformed number: to it a sign behind an "e" or a "p" goes on
+// with any number.
+bool endsInExponent(std::string_view text) {
+    return (lower(text.back()) == 'e' || lower(text.back()) == 'p') && endsInNumber(text);
+}
+
 } // namespace
 
 bool Scanner::next(RawToken& token) {
+    if (at_ == 0 && startsWith(text_, 0, kByteOrderMark)) at_ = static_cast<std::uint32_t>(kByteOrderMark.size());
     if (hasPending_) {
         token = pending_;
         hasPending_ = false;
@@ -161,7 +220,12 @@ bool Scanner::scanToken(RawToken& token) {
     case kHash: return scanDirective(token);
     case kSlash: return peek(1) == '/' || peek(1) == '*' ? scanComment(token) : scanPunctuator(token);
     case kColon: return peek(1) == ':' ? scanName(token) : scanPunctuator(token);
-    case kTilde: return isLetter(peek(1)) ? scanName(token) : scanPunctuator(token);
+    case kTilde:
+        if (startsClassName(peek(1)) || namedCharLength(text_, at_ + 1) > 0) return scanName(token);
+        return scanPunctuator(token);
+    case kDot:
+        if (isDigit(peek(1)) && !endsInDots(text_.substr(0, at_))) return scanNumber(token);
+        return scanPunctuator(token);
     case kPunct: return scanPunctuator(token);
     default: ++at_; return false;
     }
@@ -170,7 +234,9 @@ bool Scanner::scanToken(RawToken& token) {
 bool Scanner::scanName(RawToken& token) {
     const NameExtent name = readName(text_, at_);
     const bool qualified = name.colons != std::string_view::npos;
-    const std::string_view word = text_.substr(name.lastWord, name.end - name.lastWord);
+    std::string_view word = text_.substr(name.lastWord, name.end - name.lastWord);
+    std::string joined;
+    if (name.isJoined) word = joined = withoutSpace(word);
     finish(token, qualified ? static_cast<int>(tkIdentifier) : kKeywords.find(word), name.end);
     token.hasInnerSpace = name.hasSpace;
     if (qualified && isSplitName(word)) {
@@ -179,49 +245,60 @@ bool Scanner::scanName(RawToken& token) {
         pending_.type = static_cast<std::uint8_t>(kKeywords.find(word));
         pending_.begin = token.end = static_cast<std::uint32_t>(name.colons);
         pending_.line += name.linesToColons;
-        pending_.hasInnerSpace = name.lastWord != name.colons + 2;
+        pending_.hasInnerSpace = name.lastWord != name.colons + 2 || name.isJoined;
         token.hasInnerSpace = name.hasSpaceBeforeColons;
     }
     line_ += name.lines;
     return true;
 }
 
-// A number that runs into a letter is no number, and what it runs into starts a token of its own.
 bool Scanner::scanNumber(RawToken& token) {
-    const std::size_t end = NumberWalker(text_, at_).findEnd();
-    if (end < text_.size() && !isSpace(text_[end]) && !isPunct(text_[end])) {
-        at_ = static_cast<std::uint32_t>(end);
-        return false;
-    }
-    return finish(token, tkNumber, end);
+    finish(token, tkNumber, NumberWalker(text_, at_).findEnd());
+    const std::string_view number = text_.substr(token.begin, token.end - token.begin);
+    token.hasInnerSpace = number.find('\n') != std::string_view::npos;
+    if (token.hasInnerSpace) line_ += countLineFeeds(number);
+    return true;
 }
 
 bool Scanner::scanPunctuator(RawToken& token) {
-    const char c = text_[at_];
-    const char second = peek(1);
-    if (second == '=' && kWithAssign[index(c)]) return finish(token, kWithAssign[index(c)], at_ + 2);
-    if (second == c && kDoubled[index(c)]) {
-        const bool shift = c == '<' || c == '>';
-        if (!shift || peek(2) != '=') return finish(token, kDoubled[index(c)], at_ + 2);
-        return finish(token, c == '<' ? tkShiftLeftAssign : tkShiftRightAssign, at_ + 3);
+    const Punctuator found = readPunctuator([this](std::size_t ahead) { return peek(ahead); });
+    if (peek(found.length) == '\\' && behindSplices(text_, at_ + found.length) > at_ + found.length) {
+        return scanJoined(token);
     }
-    if (c == '-' && second == '>') {
-        if (peek(2) == '*') return finish(token, tkArrowStar, at_ + 3);
-        return finish(token, tkArrow, at_ + 2);
-    }
-    if (c == '.' && second == '*') return finish(token, tkDotStar, at_ + 2);
-    if (kSingle[index(c)]) return finish(token, kSingle[index(c)], at_ + 1);
+    if (text_[at_] == '%' && peek(1) == ':') return scanDirective(token);
+    if (found.type != tkInvalid) return finish(token, found.type, at_ + found.length);
+    if (namedCharLength(text_, at_) > 0) return scanName(token);
     ++at_;
     return false;
 }
 
-bool Scanner::scanComment(RawToken& token) {
-    if (peek(1) == '*') return finishOverLines(token, tkBlockComment, findCommentEnd(text_, at_));
-    return finishOverLines(token, tkLineComment, findLineCommentEnd());
+// What joined line ends may run through: an operator, a comment's opening or the mark of a directive.
+bool Scanner::scanJoined(RawToken& token) {
+    constexpr std::size_t kLongest = 4;
+    std::array<std::size_t, kLongest + 1> places; // of its characters, and behind the last
+    places[0] = at_;
+    for (std::size_t i = 1; i < places.size(); ++i) places[i] = behindSplices(text_, std::min(places[i - 1] + 1, text_.size()));
+    const auto peekJoined = [&](std::size_t ahead) { return places[ahead] < text_.size() ? text_[places[ahead]] : '\0'; };
+    if (findCommentMark(text_, at_) != std::string_view::npos) return scanComment(token);
+    if (text_[at_] == '%' && peekJoined(1) == ':') return scanDirective(token);
+    const Punctuator found = readPunctuator(peekJoined);
+    if (found.type == tkInvalid) {
+        ++at_;
+        return false;
+    }
+    finishOverLines(token, found.type, places[found.length - 1] + 1);
+    token.hasInnerSpace = token.end - token.begin > found.length;
+    return true;
 }
 
-std::size_t Scanner::findLineCommentEnd() const {
-    std::size_t lineBegin = at_;
+bool Scanner::scanComment(RawToken& token) {
+    const std::size_t mark = findCommentMark(text_, at_);
+    if (text_[mark] == '*') return finishOverLines(token, tkBlockComment, findCommentEnd(text_, mark));
+    return finishOverLines(token, tkLineComment, findLineCommentEnd(mark));
+}
+
+std::size_t Scanner::findLineCommentEnd(std::size_t mark) const {
+    std::size_t lineBegin = mark;
     while (true) {
         const std::size_t feed = findLineFeed(text_, lineBegin);
         if (feed >= text_.size()) return text_.size();
@@ -232,60 +309,51 @@ std::size_t Scanner::findLineCommentEnd() const {
 
 bool Scanner::scanLiteral(RawToken& token) {
     if (text_[at_] == '\'') return scanCharacter(token);
-    if (hasRawPrefix(text_, at_) && scanRawString(token)) return true;
+    if (!hasRawPrefix(text_, at_)) return scanString(token);
+    if (scanRawString(token)) return true;
     return scanString(token);
 }
 
 // A string that its line does not close is no token: what follows on the line is most likely its
 // content, and the next line is code again.
 bool Scanner::scanString(RawToken& token) {
-    std::size_t pos = at_ + 1;
-    std::size_t lineBegin = pos;
-    while ((pos = findStop(text_, pos, kStringStops)) < text_.size() && text_[pos] != '"') {
-        if (text_[pos] == '\\') {
-            // The line feed behind it is looked at by itself.
-            pos += pos + 1 < text_.size() && text_[pos + 1] == '\n' ? 1 : 2;
-        } else if (isContinued(text_, lineBegin, pos)) {
-            lineBegin = ++pos;
-        } else {
-            finishOverLines(token, tkInvalid, pos + 1);
-            return false;
-        }
+    const std::size_t stop = findLiteralStop(kStringStops);
+    if (stop < text_.size() && text_[stop] == '\n') {
+        finishOverLines(token, tkInvalid, stop + 1);
+        return false;
     }
-    return finishOverLines(token, tkStringLiteral, std::min(pos + 1, text_.size()));
+    return finishOverLines(token, tkStringLiteral, std::min(stop + 1, text_.size()));
+}
+
+// Offset of the quote that closes the literal, or of the line feed or the end of the text in its place.
+std::size_t Scanner::findLiteralStop(const CharTable<bool>& stops) const {
+    std::size_t pos = findStop(text_, at_ + 1, stops);
+    while (pos < text_.size() && text_[pos] == '\\') {
+        const std::size_t joined = behindSplices(text_, pos);
+        // Any other backslash takes the next character along, be it on the next line.
+        pos = findStop(text_, joined > pos ? joined : behindSplices(text_, pos + 1) + 1, stops);
+    }
+    return std::min(pos, text_.size());
 }
 
 // A raw string that is never closed takes the rest of the text, as a comment would: looking for
-// what else it could be would search the text again for each further one.
+// what else it could be would search the text again for each further one. Only where a quote is part
+// of its delimiter it is more likely a plain string, and then no other such one is looked for.
 bool Scanner::scanRawString(RawToken& token) {
-    std::array<char, kLongestRawDelimiter + 2> closing;
-    std::size_t length = 0;
-    closing[length++] = ')';
-    std::size_t pos = at_ + 1;
-    for (; pos < text_.size() && isRawDelimiterChar(text_[pos]); ++pos) {
-        if (length > kLongestRawDelimiter) return false;
-        closing[length++] = text_[pos];
-    }
-    if (pos >= text_.size() || text_[pos] != '(') return false;
-    closing[length++] = '"';
-    const std::size_t close = text_.find(std::string_view(closing.data(), length), pos + 1);
-    const bool closed = close != std::string_view::npos;
-    return finishOverLines(token, tkStringLiteral, closed ? close + length : text_.size());
+    const RawString raw = readRawString(text_, at_, !oddRawMissed_);
+    if (raw.kind == RawString::Kind::none) return false;
+    oddRawMissed_ = oddRawMissed_ || (raw.hasOddDelimiter && raw.kind == RawString::Kind::unclosed);
+    if (raw.hasOddDelimiter && oddRawMissed_) return false;
+    return finishOverLines(token, tkStringLiteral, raw.end);
 }
 
 bool Scanner::scanCharacter(RawToken& token) {
-    std::size_t pos = at_ + 1;
-    bool escaped = false;
-    bool closed = false;
-    while (pos < text_.size() && text_[pos] != '\n' && !closed) {
-        const char c = text_[pos++];
-        closed = c == '\'' && !escaped;
-        escaped = c == '\\' && !escaped;
-    }
-    const std::string_view content = text_.substr(at_ + 1, pos - at_ - (closed ? 2 : 1));
-    const bool lineEnded = !closed && pos < text_.size();
+    const std::size_t stop = findLiteralStop(kCharacterStops);
+    const bool closed = stop < text_.size() && text_[stop] == '\'';
+    const bool lineEnded = !closed && stop < text_.size();
+    const std::string_view content = text_.substr(at_ + 1, stop - at_ - 1);
     const bool isEmpty = content.empty() || content == "\\";
-    finish(token, lineEnded || isEmpty ? tkInvalid : tkCharLiteral, pos);
+    finishOverLines(token, lineEnded || isEmpty ? tkInvalid : tkCharLiteral, stop + (closed ? 1 : 0));
     token.unclosed = !closed;
     return true;
 }
@@ -302,9 +370,11 @@ bool Scanner::scanDirective(RawToken& token) {
 
 bool Scanner::scanDirectiveTail(RawToken& token) {
     while (at_ < text_.size() && isSpace(text_[at_]) && text_[at_] != '\n') ++at_;
-    if (startsWith(text_, at_, "/*")) return scanComment(token);
+    const std::size_t mark = findCommentMark(text_, at_);
+    const bool isComment = mark != std::string_view::npos;
+    if (isComment && text_[mark] == '*') return scanComment(token);
     inDirectiveTail_ = false;
-    if (at_ >= text_.size() || text_[at_] == '\n' || startsWith(text_, at_, "//")) return false;
+    if (at_ >= text_.size() || text_[at_] == '\n' || isComment) return false;
     return scanDirective(token);
 }
 
@@ -350,6 +420,37 @@ Trn::Position endOf(const Zelmar::SourceText& source, const RawToken& token) {
     return {token.line, token.end - static_cast<std::uint32_t>(source.lineStart(token.line))};
 }
 
+bool isOneWord(std::string_view left, std::string_view right) {
+    if (left.empty() || right.empty()) return false;
+    const char before = left.back();
+    const char behind = right.front();
+    if (isIdentifierChar(behind)) return isIdentifierChar(before) || before == '"' || before == '\'';
+    if (behind != '"' && behind != '\'') return false;
+    std::size_t begin = left.size();
+    while (begin > 0 && left.size() - begin < 4 && isIdentifierChar(left[begin - 1])) --begin;
+    const std::string_view prefix = left.substr(begin);
+    return prefix == "L" || prefix == "u" || prefix == "U" || prefix == "u8" || hasRawPrefix(left, left.size());
+}
+
+bool opensLineComment(std::string_view text, std::size_t at) {
+    const std::size_t mark = findCommentMark(text, at);
+    return mark != std::string_view::npos && text[mark] == '/';
+}
+
+char meaningAt(std::string_view text, std::size_t at) {
+    const auto peek = [&](std::size_t ahead) { return at + ahead < text.size() ? text[at + ahead] : '\0'; };
+    const char c = peek(0);
+    if (c == '%' && peek(1) == ':') return '#';
+    if (c != '<' && c != ':' && c != '%') return c;
+    switch (readDigraph(c, peek(1), peek)) {
+    case tkOpenBrace: return '{';
+    case tkCloseBrace: return '}';
+    case tkOpenBracket: return '[';
+    case tkCloseBracket: return ']';
+    default: return c;
+    }
+}
+
 bool needsBlank(char left, char right) {
     if (isIdentifierChar(right)) {
         // A word behind a literal would become its suffix, a digit behind a dot part of a number.
@@ -375,8 +476,10 @@ bool needsBlank(std::string_view left, std::string_view right) {
     const char before = left.back();
     const char behind = right.front();
     if (needsBlank(before, behind)) return true;
-    if (before == '~') return isLetter(behind);
+    if (before == '~') return startsClassName(behind);
     if (behind == ':') return isIdentifierChar(before) && startsWith(right, 0, "::");
+    if (behind == '.') return isIdentifierChar(before) && endsInNumber(left);
+    if (before == '.') return isIdentifierChar(behind) && endsInNumber(left);
     return (behind == '+' || behind == '-') && endsInExponent(left);
 }
 

@@ -6,6 +6,7 @@
 #include "streams/Zelmar_SourceText.h"
 #include "trn/Trn_Position.h"
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -20,8 +21,8 @@ namespace Cpp {
 /// "::new" or "::delete" that nothing qualifies; the keyword is then the next token.
 struct RawToken {
     std::uint8_t type = 0;
-    /// The spelling is not the range as it stands: white space behind a "::" inside a name is left
-    /// out, and a directive gets one more "/" behind every comment in it.
+    /// The spelling is not the range as it stands: white space behind a "::" inside a name and joined
+    /// line ends are left out, and a directive gets one more "/" behind every comment in it.
     bool hasInnerSpace = false;
     /// A character literal that its line does not close; its spelling gets a closing quote.
     bool unclosed = false;
@@ -46,8 +47,11 @@ struct RawToken {
 /// laid out there would come to life. With LineComments::byLine a line comment ends with its line
 /// whatever it ends in, and a "//" inside a string of a directive starts one, too.
 ///
-/// Skipped without a token: bytes that start none, a number that runs into a letter ("12ab" gives
-/// "ab") and a string that its line does not close.
+/// A line end that a backslash joins may stand anywhere in a token, a raw string excepted. The
+/// digraphs are the brackets and the "#" that they stand for. Names are made of letters, digits, "_",
+/// "$", universal character names and all bytes from 0x80. A byte order mark in front is skipped.
+///
+/// Skipped without a token: bytes that start none, and a string that its line does not close.
 ///
 /// The text must outlive the scanner; its lines end in line feeds. Costs nothing to construct.
 class Scanner {
@@ -75,7 +79,9 @@ private:
     bool scanNumber(RawToken& token);
     bool scanPunctuator(RawToken& token);
     bool scanComment(RawToken& token);
-    std::size_t findLineCommentEnd() const;
+    bool scanJoined(RawToken& token);
+    std::size_t findLineCommentEnd(std::size_t mark) const;
+    std::size_t findLiteralStop(const std::array<bool, 256>& stops) const;
     bool scanLiteral(RawToken& token);
     bool scanString(RawToken& token);
     bool scanRawString(RawToken& token);
@@ -95,6 +101,8 @@ private:
     bool hasPending_ = false;
     // Behind a directive that a comment over several lines has ended.
     bool inDirectiveTail_ = false;
+    // A raw string with a quote in its delimiter was looked for in vain.
+    bool oddRawMissed_ = false;
 };
 
 /// All tokens of `text`, appended to `tokens`.
@@ -115,6 +123,17 @@ constexpr bool isIdentifierChar(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
            c == '$' || static_cast<unsigned char>(c) >= 0x80;
 }
+
+/// True if `left` and `right`, which stand side by side, are parts of one word or of one literal with
+/// its prefix or suffix, so that white space between them would tear it apart. Only the ends count.
+bool isOneWord(std::string_view left, std::string_view right);
+
+/// True if a line comment starts at `at`.
+bool opensLineComment(std::string_view text, std::size_t at);
+
+/// The character of `text` at `at`, or for a digraph there the one that it stands for: "{", "}", "[",
+/// "]" or "#". A null character behind the end.
+char meaningAt(std::string_view text, std::size_t at);
 
 /// True if the last blank between a text that ends in `left` and one that starts with `right` must
 /// stay, since without it the two would read as one: two identifier characters, a literal and its

@@ -9,9 +9,13 @@ namespace {
 
 using Index = TokenTable::Index;
 
-/// The first `count` characters of a directive that are no white space.
+/// The first `count` characters of a directive that are no white space, its mark spelled "#".
 std::string squeezed(std::string_view directive, std::size_t count) {
     std::string result;
+    if (directive.starts_with('%')) {
+        result = '#';
+        directive.remove_prefix(std::min(directive.find(':'), directive.size() - 1) + 1);
+    }
     for (char c : directive) {
         if (isSpace(c) || c == '\\') continue;
         result += c;
@@ -318,12 +322,9 @@ std::string TokenTable::spelling(Index i) const {
     const ParseToken& token = tokens_[i];
     if (token.type == tkEnd) return {};
     if (token.type == tkDirective) return Cpp::spelling(source_.text(), {tkDirective, true, false, token.begin, token.end, token.line});
-    if (token.type != tkIdentifier && token.type != tkInvalid) return std::string(text(i));
-    std::string result;
-    for (char c : text(i)) {
-        if (!isSpace(c)) result += c;
-    }
-    return result;
+    const bool isLiteral = token.type == tkStringLiteral || token.type == tkCharLiteral;
+    if (isLiteral || isComment(token.type)) return std::string(text(i));
+    return Cpp::spelling(source_.text(), {static_cast<std::uint8_t>(token.type), true, false, token.begin, token.end, token.line});
 }
 
 Trn::Position TokenTable::start(Index i) const {
@@ -339,8 +340,8 @@ Trn::Position TokenTable::end(Index i) const {
         --at.column;
         return at;
     }
-    const bool mayBreak = isCommentOrDirective(token.type) || token.type == tkStringLiteral || token.type == tkIdentifier;
-    if (mayBreak) return source_.positionOf(token.end - 1);
+    const bool spansLines = token.line < source_.lineCount() && token.end > source_.lineStart(token.line + 1);
+    if (spansLines) return source_.positionOf(token.end - 1);
     Trn::Position at = start(i);
     at.column += token.end - token.begin - 1;
     return at;

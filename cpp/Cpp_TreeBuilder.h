@@ -46,6 +46,7 @@ private:
         Index at = 0;        // the "(" of a function, the "{" of a class, the token that ends the scan
         bool pointer = false; // a declarator in parentheses
         Index op = kNone;    // the keyword "operator"
+        bool member = false; // of a class
     };
     /// What a scan over the first tokens of a declaration has met so far.
     struct HeadScan {
@@ -177,10 +178,10 @@ private:
     static bool isTailWord(std::string_view text);
     Index skipMacroRun(Index k, bool typed) const;
     Index findInitBody(Index colon) const;
-    Ptr<FunctionHeadNode> parseFunctionHead(Index first, Index paren, Index op, Index end);
+    Ptr<FunctionHeadNode> parseFunctionHead(Index first, Index paren, Index op, bool member, Index end);
     Index findFunctionName(Index first, Index paren) const;
     Index nameStart(Index first, Index at) const;
-    bool checkOperator(Index op, Index paren);
+    bool checkOperator(Index op, Index paren, bool member);
     std::string functionName(Index first, Index op, Index paren) const;
     bool isOpenAngle(Index less) const;
     bool parseHeadTail(FunctionHeadNode& head, Index from, Index end);

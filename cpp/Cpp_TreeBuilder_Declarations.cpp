@@ -50,7 +50,8 @@ bool isClassKey(int type) { return type == tkClass || type == tkStruct || type =
 /// of it; the read point may have moved then.
 TreeBuilder::NodePtr TreeBuilder::parseDeclaration(bool allowBitfield) {
     const Index first = at_;
-    const DeclHead head = scanHead(first);
+    DeclHead head = scanHead(first);
+    head.member = allowBitfield;
     switch (head.kind) {
     case DeclKind::Failed:
         reportEnd(head.at);

@@ -23,7 +23,7 @@ TreeBuilder::NodePtr TreeBuilder::parseFunction(Index first, const DeclHead& hea
         at_ = tail.next;
         return nullptr;
     }
-    Ptr<FunctionHeadNode> node = parseFunctionHead(first, paren, head.op, tail.last + 1);
+    Ptr<FunctionHeadNode> node = parseFunctionHead(first, paren, head.op, head.member, tail.last + 1);
     if (!node) {
         at_ = tail.next > at_ ? tail.next : at_ + 1;
         return nullptr;
@@ -258,7 +258,7 @@ Index TreeBuilder::nameStart(Index first, Index at) const {
 }
 
 /// Builds the head from `first` up to but not including `end`, with the parameters at `paren`.
-TreeBuilder::Ptr<FunctionHeadNode> TreeBuilder::parseFunctionHead(Index first, Index paren, Index op, Index end) {
+TreeBuilder::Ptr<FunctionHeadNode> TreeBuilder::parseFunctionHead(Index first, Index paren, Index op, bool member, Index end) {
     first = sig(first);
     const Index name = op != kNone && op < paren ? nameStart(first, op) : findFunctionName(first, paren);
     if (name == kNone) {
@@ -270,7 +270,7 @@ TreeBuilder::Ptr<FunctionHeadNode> TreeBuilder::parseFunctionHead(Index first, I
         const Index last = t_.significantBefore(name);
         head->setReturnType(new FunctionReturnNode(joined(first, name), t_.start(first), t_.end(last)));
     }
-    if (op != kNone && op < paren && !checkOperator(op, paren)) return nullptr;
+    if (op != kNone && op < paren && !checkOperator(op, paren, member)) return nullptr;
     const Index lastOfName = t_.significantBefore(paren);
     head->setName(new IdNode(functionName(name, op, paren), t_.start(name), t_.end(lastOfName)));
     head->setParams(parseParameterList(paren, t_.mate(paren)).release());
@@ -279,12 +279,12 @@ TreeBuilder::Ptr<FunctionHeadNode> TreeBuilder::parseFunctionHead(Index first, I
 }
 
 /// Checks what follows the keyword "operator" up to the parameters at `paren`.
-bool TreeBuilder::checkOperator(Index op, Index paren) {
+bool TreeBuilder::checkOperator(Index op, Index paren, bool member) {
     const Index what = nextSig(op);
     const int kind = type(what);
     if (kind == tkOpenParen) {
         // A plain "operator" is a name that C allows; only a member must be an operator.
-        if (what != paren || t_.text(op) == "operator") return true;
+        if (what != paren || (!member && t_.spelling(op) == "operator")) return true;
         report("Expected ')'. As part of overloaded function call operator.", nextSig(what));
         return false;
     }
@@ -460,7 +460,7 @@ TreeBuilder::NodePtr TreeBuilder::parsePointer(Index first, const DeclHead& head
     const Index second = nextSig(t_.mate(paren));
     Ptr<FunctionHeadNode> node;
     if (macro) {
-        node = parseFunctionHead(first, paren, kNone, t_.mate(paren) + 1);
+        node = parseFunctionHead(first, paren, kNone, false, t_.mate(paren) + 1);
     } else {
         node = std::make_unique<FunctionHeadNode>();
         const Index start = sig(first);

@@ -32,6 +32,31 @@ std::string_view dropBlanks(std::string_view text) {
     return text.substr(count);
 }
 
+/// The last character in front of the joined line end that `written` ends in. A line feed if it ends
+/// in none, or if white space stands in front.
+char joinedChar(std::string_view written) {
+    if (!written.ends_with('\n')) return '\n';
+    std::size_t end = written.size() - 1;
+    while (end > 0 && isSpace(written[end - 1]) && written[end - 1] != '\n') --end;
+    if (end < 2 || written[end - 1] != '\\' || isSpace(written[end - 2])) return '\n';
+    return written[end - 2];
+}
+
+constexpr bool isOfWord(unsigned char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c >= 0x80 ||
+           std::string_view("_$.\"'").find(static_cast<char>(c)) != std::string_view::npos;
+}
+constexpr bool isOfOperator(char c) {
+    return std::string_view("+-*/%<>=&|^!:#.").find(c) != std::string_view::npos;
+}
+
+/// Whether a token that has come to `left` may go on with `right`.
+bool mayGoOn(char left, char right) {
+    if (left == '\n') return false;
+    const auto isWord = [](char c) { return isOfWord(static_cast<unsigned char>(c)); };
+    return (isWord(left) && isWord(right)) || (isOfOperator(left) && isOfOperator(right));
+}
+
 } // namespace
 
 IndentWriter::IndentWriter(const IndentStreamState& state)
@@ -62,6 +87,10 @@ void IndentWriter::setTabSize(int tabSize) {
 void IndentWriter::setWsMode(int wsMode) {
     sync();
     wsMode_ = wsMode;
+}
+
+bool IndentWriter::endsInJoin() const {
+    return joinedChar(text_) != '\n';
 }
 
 void IndentWriter::write(std::string_view text) {
@@ -98,6 +127,7 @@ void IndentWriter::writeShaped(std::string_view text) {
             const std::string_view visible = dropBlanks(line);
             shapeWs_.append(line.substr(0, line.size() - visible.size()));
             if (visible.empty()) return;
+            droppedBlank_ = !shapeWs_.empty();
             writeUnder(visible, visible.front() == '\n' ? std::string() : shapedIndent(), false);
         } else {
             writeUnder(line, indent_, false);
@@ -166,14 +196,26 @@ void IndentWriter::writeUnder(std::string_view text, std::string_view indent, bo
     }
     if (!text.empty()) copiedFeed_ = false;
     while (true) {
-        if (column_ == 0 && !keepLeadingWs) text = dropBlanks(text);
+        if (column_ == 0) text = startLine(text, indent, keepLeadingWs);
         if (text.empty()) return;
-        if (column_ == 0) {
-            lineStart_ = text_.size();
-            if (text.front() != '\n') writeIndent(indent);
-        }
         text.remove_prefix(writeLine(text));
     }
+}
+
+// Writes the indent for `text` and returns what is still to be written of it.
+std::string_view IndentWriter::startLine(std::string_view text, std::string_view indent, bool keepLeadingWs) {
+    const std::string_view visible = dropBlanks(text);
+    const std::string_view rest = keepLeadingWs ? text : visible;
+    const bool blank = droppedBlank_ || visible.size() < text.size();
+    droppedBlank_ = blank && rest.empty();
+    if (!rest.empty()) lineStart_ = text_.size();
+    if (rest.empty() || rest.front() == '\n') return rest;
+    if (!mayGoOn(joinedChar(text_), visible.empty() ? '\n' : visible.front())) {
+        writeIndent(indent);
+    } else if (blank) {
+        writeIndent(indent.empty() && !keepLeadingWs ? " " : indent);
+    }
+    return rest;
 }
 
 void IndentWriter::writeIndent(std::string_view indent) {

@@ -35,6 +35,9 @@ struct IndentStreamState {
 /// arrives at column 0 is dropped, so the indentation of the source cannot leak into the result,
 /// unless keepLeadingWs is set. A line feed at column 0 writes no indent.
 ///
+/// Where a backslash joins two lines in the middle of a word or an operator, the second line starts at
+/// column 0: an indent would tear the token apart. A blank that keeps two words apart there stays.
+///
 ///     out.setIndent("    ");
 ///     out.write("{\n  a();\n\n}\n");      // "    {\n    a();\n\n    }\n"
 ///
@@ -61,6 +64,8 @@ public:
     bool keepLeadingWs() const { return keepLeadingWs_; }
     /// True once something was to be written in a mode that does not exist. Nothing was written then.
     bool failed() const { return failed_; }
+    /// True if a backslash directly behind some character has joined the line that starts now.
+    bool endsInJoin() const;
     IndentStreamState state() const;
     const LineShape& shape() const { return shape_; }
     /// The column of the first character of the current line that is not white space; where the
@@ -112,6 +117,7 @@ private:
     void writeShaped(std::string_view text);
     std::string shapedIndent() const;
     void writeIndent(std::string_view indent);
+    std::string_view startLine(std::string_view text, std::string_view indent, bool keepLeadingWs);
     // These three write as far as the first line feed and return how much that was.
     std::size_t writeLine(std::string_view text);
     std::size_t copyLine(std::string_view text);
@@ -127,6 +133,8 @@ private:
     std::string indent_;
     bool keepLeadingWs_ = false;
     bool failed_ = false;
+    /// White space alone has come at the start of the line and was dropped.
+    bool droppedBlank_ = false;
     int wsMode_ = 0;
     int tabSize_ = 1;
     int line_ = 1;

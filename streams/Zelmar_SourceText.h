@@ -58,6 +58,9 @@ public:
     /// Looks at what readUpTo would read.
     std::string_view peekUpTo(const Trn::Position& position) const;
 
+    /// Puts the read point next to where it stands, for a reader that has its own idea of an edge.
+    void moveTo(std::size_t offset) { offset_ = offset; }
+
     std::size_t offset() const { return offset_; }
     const SourceText& source() const { return *source_; }
 

@@ -50,7 +50,7 @@ void CppExprFormatter::formatDeclarationTo(std::string_view text, Zelmar::Indent
 /// set a text of several lines is looked at.
 bool CppExprFormatter::needsWalk(std::string_view text) const {
     if (options().expr.any) return holdsRuled(text);
-    return text.find('\n') != std::string_view::npos && text.find_first_of("#\"") != std::string_view::npos;
+    return text.find('\n') != std::string_view::npos && text.find_first_of("#%\"'\\") != std::string_view::npos;
 }
 
 void CppExprFormatter::walk(std::string_view text, Zelmar::IndentWriter& output,

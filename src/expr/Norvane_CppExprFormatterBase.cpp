@@ -35,7 +35,13 @@ int lastColumn(const Zelmar::IndentWriter& output) {
 void writeMovedLines(std::string_view text, int sourceColumn, int column, Zelmar::IndentWriter& output) {
     const Zelmar::IndentGuard indent(output, output.makeIndent(column));
     const Zelmar::KeepWsGuard keep(output, true);
-    while (!text.empty()) output.write(cutColumns(takeLine(text), sourceColumn, output.tabSize()));
+    while (!text.empty()) {
+        const std::string_view line = takeLine(text);
+        const std::string_view cut = cutColumns(line, sourceColumn, output.tabSize());
+        // The last blank stays where it may be all that keeps two words apart.
+        const bool parts = column == 0 && cut.size() < line.size() && output.endsInJoin();
+        output.write(parts ? line.substr(line.size() - cut.size() - 1) : cut);
+    }
 }
 
 } // namespace

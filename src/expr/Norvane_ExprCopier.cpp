@@ -21,8 +21,8 @@ void ExprCopier::copyTo(std::size_t offset) {
     const std::vector<std::size_t>& multiLine = tokens_.multiLineTokens();
     while (nextMultiLine_ < multiLine.size() && tokens_.begin(multiLine[nextMultiLine_]) < offset) {
         const std::size_t index = multiLine[nextMultiLine_];
-        if (tokens_.kind(index) == Cpp::tkStringLiteral) {
-            copyString(index, offset);
+        if (tokens_.kind(index) != Cpp::tkBlockComment) {
+            copyAsItIs(index, offset);
         } else if (at_ < tokens_.end(index)) {
             copyMoved(index);
         }
@@ -32,8 +32,8 @@ void ExprCopier::copyTo(std::size_t offset) {
     copyPlain(offset);
 }
 
-/// The first character still goes by the rules: the literal can stand at the start of a line.
-void ExprCopier::copyString(std::size_t index, std::size_t offset) {
+/// The first character still goes by the rules: the token can stand at the start of a line.
+void ExprCopier::copyAsItIs(std::size_t index, std::size_t offset) {
     const std::size_t end = std::min(offset, tokens_.end(index));
     copyPlain(tokens_.begin(index) + 1);
     if (end <= at_) return;
@@ -89,6 +89,10 @@ bool ExprCopier::isReplaceable(std::size_t index) const {
     if (index > 0 && tokens_.endsLine(index - 1)) return false;
     if (index < tokens_.size() && tokens_.kind(index) == Cpp::tkDirective) return false;
     if (index < tokens_.size() && tokens_.endsSpaceship(index)) return false;
+    if (index > 0 && index < tokens_.size() && tokens_.gap(index).empty() &&
+        Cpp::isOneWord(tokens_.token(index - 1), tokens_.token(index))) {
+        return false;
+    }
     return isBlank(tokens_.gap(index));
 }
 

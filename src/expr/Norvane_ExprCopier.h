@@ -75,7 +75,7 @@ private:
     };
 
     int sourceColumn(std::size_t index) const;
-    void copyString(std::size_t index, std::size_t offset);
+    void copyAsItIs(std::size_t index, std::size_t offset);
     void copyPlain(std::size_t offset);
     void leaveShape();
     void indentLine(std::size_t lineBegin);

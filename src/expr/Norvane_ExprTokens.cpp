@@ -69,7 +69,6 @@ void ExprTokens::assign(std::string_view text) {
     tokens_.clear();
     multiLineTokens_.clear();
     Cpp::scanAll(text, tokens_);
-    if (holdsStrayWord()) takeStrayWords();
     kinds_.resize(tokens_.size());
     mates_.assign(tokens_.size(), kNone);
     classify();
@@ -82,52 +81,6 @@ bool ExprTokens::endsLine(std::size_t index) const {
     return end(index) > begin(index) && text_[end(index) - 1] == '\n';
 }
 
-/// The gap in front of the token holds a word, and no literal that its line does not close.
-bool ExprTokens::hasStrayWord(std::size_t index) const {
-    const std::string_view dropped = gap(index);
-    return std::any_of(dropped.begin(), dropped.end(), Cpp::isIdentifierChar) &&
-           dropped.find('"') == std::string_view::npos;
-}
-
-bool ExprTokens::holdsStrayWord() const {
-    for (std::size_t i = 0; i <= tokens_.size(); ++i) {
-        if (hasStrayWord(i)) return true;
-    }
-    return false;
-}
-
-/// Makes identifiers of the words in the gaps, together with the names that they touch.
-void ExprTokens::takeStrayWords() {
-    scanned_.clear();
-    for (std::size_t i = 0; i <= tokens_.size(); ++i) {
-        if (hasStrayWord(i)) appendWords(gapBegin(i), gapEnd(i));
-        if (i < tokens_.size()) appendToken(tokens_[i]);
-    }
-    tokens_.swap(scanned_);
-}
-
-void ExprTokens::appendWords(std::size_t at, std::size_t end) {
-    while (at < end) {
-        Cpp::RawToken word;
-        word.type = Cpp::tkIdentifier;
-        word.begin = static_cast<std::uint32_t>(at);
-        while (at < end && Cpp::isIdentifierChar(text_[at])) ++at;
-        word.end = static_cast<std::uint32_t>(at);
-        if (word.end > word.begin) appendToken(word);
-        while (at < end && !Cpp::isIdentifierChar(text_[at])) ++at;
-    }
-}
-
-void ExprTokens::appendToken(const Cpp::RawToken& token) {
-    const bool continuesWord = !scanned_.empty() && token.type == Cpp::tkIdentifier &&
-                               scanned_.back().type == Cpp::tkIdentifier && scanned_.back().end == token.begin;
-    if (continuesWord) {
-        scanned_.back().end = token.end;
-    } else {
-        scanned_.push_back(token);
-    }
-}
-
 void ExprTokens::classify() {
     hasAngles_ = false;
     launches_ = false;
@@ -138,11 +91,15 @@ void ExprTokens::classify() {
         if (kinds_[i] == Cpp::tkLess) hasAngles_ = true;
         if (endsSpaceship(i)) kinds_[i] = Cpp::tkLessEqual;
         nameLaunch(i);
-        const bool spans = kinds_[i] == Cpp::tkStringLiteral || kinds_[i] == Cpp::tkBlockComment;
-        if (spans && token(i).find('\n') != std::string_view::npos) {
-            multiLineTokens_.push_back(i);
-        }
+        if (maySpanLines(i) && token(i).find('\n') != std::string_view::npos) multiLineTokens_.push_back(i);
     }
+}
+
+/// The token may hold a line feed that is not white space between two words, as in "A::\n B".
+bool ExprTokens::maySpanLines(std::size_t index) const {
+    const int kind = kinds_[index];
+    if (kind == Cpp::tkStringLiteral || kind == Cpp::tkCharLiteral || kind == Cpp::tkBlockComment) return true;
+    return tokens_[index].hasInnerSpace && kind != Cpp::tkDirective && token(index).find('\\') != std::string_view::npos;
 }
 
 /// "<=>" is one operator, though it comes as two tokens.
@@ -168,7 +125,8 @@ void ExprTokens::trimName(Cpp::RawToken& token) const {
     while (token.end > token.begin && Cpp::isSpace(text_[token.end - 1])) --token.end;
 }
 
-/// "operator" and the token behind it are one name, with the second bracket of a pair.
+/// "operator" and the token behind it are one name, with the second bracket of a pair. With arguments
+/// or an index directly behind it, the word by itself is a name of a C program.
 void ExprTokens::nameOperator(std::size_t index) {
     constexpr int kPunctuatorsBegin = Cpp::tkAssign;
     constexpr int kPunctuatorsEnd = Cpp::tkArrowStar + 1;
@@ -176,7 +134,10 @@ void ExprTokens::nameOperator(std::size_t index) {
     const int kind = kinds_[index + 1];
     const bool isPair = kind == Cpp::tkOpenParen || kind == Cpp::tkOpenBracket;
     if (!isPair && kind != Cpp::tkComma && (kind < kPunctuatorsBegin || kind >= kPunctuatorsEnd)) return;
-    if (isPair && (index + 2 >= size() || kinds_[index + 2] != kind + 1)) return;
+    if (isPair && (index + 2 >= size() || kinds_[index + 2] != kind + 1)) {
+        kinds_[index] = Cpp::tkIdentifier;
+        return;
+    }
     kinds_[index] = kinds_[index + 1] = Cpp::tkIdentifier;
     if (isPair) kinds_[index + 2] = Cpp::tkIdentifier;
 }

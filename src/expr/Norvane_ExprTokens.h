@@ -36,9 +36,6 @@ bool endsType(int kind);
 /// by counting "<" and ">" behind it; the token behind "&&" or "||" is not counted, so that
 /// `a < b && c > d` closes while `a < b && > d` does not. A ">>" closes two of them where all
 /// between can only be the arguments of templates.
-///
-/// What a scanner drops from the middle of a text can still be a word or a part of one, such as the
-/// digits of "100ms": here it is an identifier, so that both sides of an operator look alike.
 class ExprTokens {
 public:
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
@@ -72,7 +69,7 @@ public:
     bool spansLines(std::size_t index) const { return token(index).find('\n') + 1 < token(index).size(); }
     /// The token is the ">" of a "<=>".
     bool endsSpaceship(std::size_t index) const;
-    /// String literals and block comments that hold a line feed, in order.
+    /// Literals, block comments and joined words that hold a line feed, in order.
     const std::vector<std::size_t>& multiLineTokens() const { return multiLineTokens_; }
 
 private:
@@ -81,12 +78,8 @@ private:
         int target; // the count that closes it
     };
 
-    bool holdsStrayWord() const;
-    bool hasStrayWord(std::size_t index) const;
-    void takeStrayWords();
-    void appendWords(std::size_t at, std::size_t end);
-    void appendToken(const Cpp::RawToken& token);
     void classify();
+    bool maySpanLines(std::size_t index) const;
     void nameLaunch(std::size_t index);
     void trimName(Cpp::RawToken& token) const;
     void nameOperator(std::size_t index);
@@ -105,7 +98,6 @@ private:
     std::vector<std::size_t> openBraces_;
     std::vector<std::size_t> openBrackets_;
     std::vector<OpenAngle> openAngles_;
-    std::vector<Cpp::RawToken> scanned_;
     // Behind the last token that cannot stand between template arguments.
     std::size_t foreignEnd_ = 0;
     bool hasAngles_ = false;

@@ -18,11 +18,11 @@ bool isLineToken(int type) {
 
 /// Whether a text can hold a comment, a directive, a literal or a joined line at all.
 bool needsTokens(std::string_view text) {
-    return text.find_first_of("/#\"'\\") != kNone;
+    return text.find_first_of("/#%\"'\\") != kNone;
 }
 
 bool mayHoldComment(std::string_view text) {
-    return text.find_first_of("/#") != kNone;
+    return text.find_first_of("/#%") != kNone;
 }
 
 template <class Test> bool anyToken(std::string_view text, Test test) {

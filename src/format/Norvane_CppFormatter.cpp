@@ -107,7 +107,27 @@ void CppFormatter::visit(Cpp::RootNode& node) {
 
 std::string_view CppFormatter::readUpTo(const Position& position) {
     beginRead();
-    return regions_.empty() ? input_.readUpTo(position) : readToRegionOr(position);
+    return wholeTokens(regions_.empty() ? input_.readUpTo(position) : readToRegionOr(position));
+}
+
+// No step ends inside a word or a brace of two characters, wherever the tree has its edges: so nobody
+// who writes white space between two steps can tear one apart.
+std::string_view CppFormatter::wholeTokens(std::string_view read) {
+    const std::size_t at = input_.offset();
+    if (read.empty() || at >= source_.size()) return read;
+    const char before = read.back();
+    const char behind = sourceText()[at];
+    if (before == '%' && behind == '>') {
+        input_.moveTo(at - 1);
+        return read.substr(0, read.size() - 1);
+    }
+    std::size_t end = at;
+    if (before == '<' && behind == '%') ++end;
+    if (Cpp::isIdentifierChar(before)) {
+        while (end < source_.size() && Cpp::isIdentifierChar(sourceText()[end])) ++end;
+    }
+    input_.moveTo(end);
+    return {read.data(), read.size() + end - at};
 }
 
 // A region may begin in one construct and end in another. So it goes out as soon as a step reads
@@ -128,7 +148,7 @@ std::string_view CppFormatter::readThrough(const Position& position) {
     if (offset != Zelmar::SourceText::npos) {
         while (nextRegion_ < regions_.size() && regions_[nextRegion_].begin <= offset) writeNextRegion();
     }
-    return input_.readThrough(position);
+    return wholeTokens(input_.readThrough(position));
 }
 
 std::string_view CppFormatter::readRest() {

@@ -162,6 +162,7 @@ private:
     void copyUpTo(const Position& position) { writeSource(readUpTo(position)); }
     void copyThrough(const Position& position) { writeSource(readThrough(position)); }
     std::string_view readToRegionOr(const Position& position);
+    std::string_view wholeTokens(std::string_view read);
     void writeNextRegion();
     bool isInRegion(const Position& position) const;
     void copyNode(const Cpp::SyntaxNode& node);
@@ -172,7 +173,6 @@ private:
     void writeSourceTokens(std::string_view text);
     void writeDirective(const Position& start, const Position& end, Zelmar::SourceReader& input);
     void writeDirectiveOf(std::size_t lineBegin, std::size_t begin, std::size_t end);
-    bool splitsWord(std::string_view text) const;
     GapEnd splitGapEnd(std::string_view gap, std::string_view value) const;
     void writeGapEnd(std::string_view gap, std::string_view value, const Base& base);
     void writeAtBase(std::string_view value, const Base& base);

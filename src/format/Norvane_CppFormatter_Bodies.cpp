@@ -263,7 +263,7 @@ void CppFormatter::writeListGap(const Cpp::SyntaxNode& element, const Cpp::Synta
     }
     const std::string_view gap = readUpTo(directive ? lineOrStart(next) : next.start());
     if (!style.wsComma.set && !between->set) return writeSource(gap);
-    if (!style.wsComma.breaksLine() && gap.find_first_of("/#\"'(<[{\\") == std::string_view::npos) {
+    if (!style.wsComma.breaksLine() && gap.find_first_of("/#%\"'(<[{\\") == std::string_view::npos) {
         return writePlainListGap(gap, {style.wsComma, *between});
     }
     std::string text(gap);

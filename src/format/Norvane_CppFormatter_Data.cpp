@@ -119,7 +119,7 @@ void CppFormatter::writeAlignedName(const Cpp::DataDeclNode& node, DataLine& lin
     }
     line.column = constructAt(node.type()->start());
     const std::string_view text = readUpTo(name);
-    if (holdsComment(text) || splitsWord(text) || text.find('\\') != std::string_view::npos) {
+    if (holdsComment(text) || text.find('\\') != std::string_view::npos) {
         exprFormatter_.formatDeclarationTo(text, output_, noWs());
         line.nameColumn = output_.column();
         return;

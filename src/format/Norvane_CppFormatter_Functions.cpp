@@ -102,7 +102,7 @@ const OptionalString& CppFormatter::wsAfterReturnType(const FnHead& fn) const {
 }
 
 void CppFormatter::writeReturnType(FnHead& fn, std::string_view text) {
-    if (options_.fnDoNotFormat || splitsWord(text)) return writeSource(text);
+    if (options_.fnDoNotFormat) return writeSource(text);
     const bool joined = text.find('\\') != std::string_view::npos;
     const bool aligned = !fn.isDefinition && alignsFnNames() && !holdsComment(text) && !joined;
     if (aligned) return writeAlignedReturn(fn, text);

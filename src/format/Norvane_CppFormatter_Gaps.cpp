@@ -37,6 +37,11 @@ int spacesToColumn(int target, int column, int indentWidth, int tab) {
     return Zelmar::roundUpToMultiple(column, tab) - column;
 }
 
+/// A name with white space behind a "::", of which nothing else is fixed.
+bool isSpacedName(std::string_view token) {
+    return token.find(':') != kNone && token.find_first_of("\"'\\") == kNone;
+}
+
 } // namespace
 
 // An edge that is pushed for the length of a token keeps leading white space too, but has an indent.
@@ -49,8 +54,7 @@ std::size_t CppFormatter::offsetIn(std::string_view piece) const {
 }
 
 char CppFormatter::sourceChar(const Position& position) const {
-    const std::size_t offset = source_.offsetOf(position);
-    return offset < source_.size() ? sourceText()[offset] : '\0';
+    return Cpp::meaningAt(sourceText(), source_.offsetOf(position));
 }
 
 std::string_view CppFormatter::sourceFrom(const Position& position) const {
@@ -69,8 +73,7 @@ bool CppFormatter::isNote(const Cpp::SyntaxNode& node) const {
 }
 
 bool CppFormatter::isLineComment(const Cpp::SyntaxNode& node) const {
-    const std::size_t offset = source_.offsetOf(node.start());
-    return offset < source_.size() && sourceText().substr(offset, 2) == "//";
+    return Cpp::opensLineComment(sourceText(), source_.offsetOf(node.start()));
 }
 
 bool CppFormatter::startsLine(const Position& position) const {
@@ -86,7 +89,7 @@ void CppFormatter::copyNode(const Cpp::SyntaxNode& node) {
 }
 
 void CppFormatter::writeSource(std::string_view text) {
-    if (text.find('\n') == kNone || text.find_first_of("#/\"") == kNone) {
+    if (text.find('\n') == kNone || text.find_first_of("#%/\"'\\") == kNone) {
         output_.write(text);
     } else {
         writeSourceTokens(text);
@@ -111,7 +114,7 @@ void CppFormatter::writeSourceTokens(std::string_view text) {
             reader.readUpTo(source_.positionOf(offset + token.begin));
             exprFormatter_.formatMultiLineToken(source_.positionOf(offset + token.begin),
                                                 source_.positionOf(offset + token.end - 1), reader, output_);
-        } else if (token.type == Cpp::tkStringLiteral && hasLineFeed(spelling)) {
+        } else if (token.type != Cpp::tkLineComment && hasLineFeed(spelling) && !isSpacedName(spelling)) {
             output_.write(text.substr(at, token.begin + 1 - at));
             output_.writeVerbatim(spelling.substr(1));
         } else {
@@ -126,13 +129,6 @@ void CppFormatter::writeDirectiveOf(std::size_t lineBegin, std::size_t begin, st
     Zelmar::SourceReader reader(source_);
     reader.readUpTo(source_.positionOf(lineBegin));
     writeDirective(source_.positionOf(begin), source_.positionOf(end - 1), reader);
-}
-
-// A character of no token parts a word of the source in two, and no white space may come between.
-bool CppFormatter::splitsWord(std::string_view text) const {
-    const std::size_t right = input_.offset();
-    return !text.empty() && right < source_.size() && Cpp::isIdentifierChar(text.back()) &&
-           Cpp::isIdentifierChar(sourceText()[right]);
 }
 
 namespace {
@@ -168,7 +164,6 @@ CppFormatter::GapEnd CppFormatter::splitGapEnd(std::string_view gap, std::string
         const std::string_view left = sourceText().substr(0, right - gone);
         if (Cpp::needsBlank(left, sourceText().substr(right))) end.value = " ";
     }
-    if (splitsWord(gap)) end.value = {};
     return end;
 }
 

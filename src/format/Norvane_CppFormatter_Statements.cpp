@@ -246,7 +246,7 @@ void CppFormatter::writeForClause(std::string_view clause, std::string_view wsBe
     if (text.empty()) return;
     const bool noteOnLine = startsInLineComment(visible) && !hasLineFeed(gap);
     output_.writeExact(noteOnLine ? gap : wsBefore);
-    if (visible.front() == '#' && output_.column() != 0) output_.put('\n');
+    if (Cpp::meaningAt(visible, 0) == '#' && output_.column() != 0) output_.put('\n');
     if (isDeclaration) {
         exprFormatter_.formatDeclarationTo(text, output_, noWs());
     } else {

@@ -70,22 +70,27 @@ const ScanCase kNames[] = {
     {"LabelsAndConditionals", "x ? a : b; x?a::b:c",
      "<identifier>[x] ? <identifier>[a] : <identifier>[b] ; <identifier>[x] ? <identifier>[a::b] : <identifier>[c]"},
     {"ThreeColons", "a:::b", "<identifier>[a::] : <identifier>[b]"},
-    {"BytesThatFormNoTokenSplit", "gr\xc3\xb6\xc3\x9f" "e foo$bar @`\\",
-     "<identifier>[gr] <identifier>[e] <identifier>[foo] <identifier>[bar]"},
+    {"BeyondAscii", "gr\xc3\xb6\xc3\x9f" "e foo$bar $ \xff Ä::~Ä ~é @`\\",
+     "<identifier>[größe] <identifier>[foo$bar] <identifier>[$] <identifier>[\xff] <identifier>[Ä::~Ä] <identifier>[~é]"},
+    {"LettersByTheirCode", "\\u00e4b a\\U000000e4::\\u{e4} ~\\N{LATIN SMALL LETTER A} \\u00x",
+     "<identifier>[\\u00e4b] <identifier>[a\\U000000e4::\\u{e4}] <identifier>[~\\N{LATIN SMALL LETTER A}] "
+     "<identifier>[u00x]"},
+    {"MarkInFrontOfTheText", "\xef\xbb\xbfint \xef\xbb\xbf", "int <identifier>[\xef\xbb\xbf]"},
 };
 INSTANTIATE_TEST_SUITE_P(Names, Scan, testing::ValuesIn(kNames), rowName);
 
 const ScanCase kNumbers[] = {
     {"Plain", "0 42 1.5e+3f 0x1FUL 0x1.8p-3 1e5 7ull",
      "<number>[0] <number>[42] <number>[1.5e+3f] <number>[0x1FUL] <number>[0x1.8p-3] <number>[1e5] <number>[7ull]"},
-    {"LeadingDotIsItsOwn", ".5", ". <number>[5]"},
-    {"SecondDotEnds", "1..2", "<number>[1.] . <number>[2]"},
-    {"RunIntoLettersIsDropped", "123abc 0b11 x", "<identifier>[abc] <identifier>[b11] <identifier>[x]"},
-    {"RunIntoUnderscoreIsNot", "1_km", "<number>[1] <identifier>[_km]"},
-    {"SignBelongsToTheExponentOnly", "1e-2-3 0xe-1",
-     "<number>[1e-2] - <number>[3] <number>[0xe] - <number>[1]"},
-    {"DigitSeparators", "1'000'000 0xFF'ff 1'a'",
-     "<number>[1'000'000] <number>[0xFF'ff] <number>[1] <character>['a']"},
+    {"LeadingDot", ".5 a.b5 ...5", "<number>[.5] <identifier>[a] . <identifier>[b5] . . . <number>[5]"},
+    {"FurtherDots", "1..2 1.2.3", "<number>[1..2] <number>[1.2.3]"},
+    {"Suffixes", "123abc 1_km 0x1p-3f 1.0f16 1wb 2uz 1ä 1.\\u00e4",
+     "<number>[123abc] <number>[1_km] <number>[0x1p-3f] <number>[1.0f16] <number>[1wb] <number>[2uz] <number>[1ä] "
+     "<number>[1.\\u00e4]"},
+    {"SignBehindAnExponent", "1e-2-3 0xe-1 1p+2 1f-2",
+     "<number>[1e-2] - <number>[3] <number>[0xe-1] <number>[1p+2] <number>[1f] - <number>[2]"},
+    {"DigitSeparators", "1'000'000 0xFF'ff 0b1'0 0b0111'1111 1''",
+     "<number>[1'000'000] <number>[0xFF'ff] <number>[0b1'0] <number>[0b0111'1111] <number>[1] <invalid>['']"},
     {"AtTheEndOfTheText", "x12 12", "<identifier>[x12] <number>[12]"},
 };
 INSTANTIATE_TEST_SUITE_P(Numbers, Scan, testing::ValuesIn(kNumbers), rowName);
@@ -99,7 +104,9 @@ const ScanCase kOperators[] = {
     {"Single", "; : , ( ) { } = * & [ ] / . + - ! ~ % < > ^ | ?",
      "; : , ( ) { } = * & [ ] / . + - ! ~ % < > ^ | ?"},
     {"EllipsisIsThreeDots", "...", ". . ."},
-    {"NoDigraphs", "<: %>", "< : % >"},
+    {"Digraphs", "<:0:> <% %> a<::b> a<::>b a<:::b",
+     "[[<:] <number>[0] ][:>] {[<%] }[%>] <identifier>[a] < <identifier>[::b] > <identifier>[a] [[<:] ][:>] "
+     "<identifier>[b] <identifier>[a] [[<:] <identifier>[::b]"},
 };
 INSTANTIATE_TEST_SUITE_P(Operators, Scan, testing::ValuesIn(kOperators), rowName);
 
@@ -118,6 +125,12 @@ const ScanCase kLiterals[] = {
     {"CharacterAtTheEndOfTheText", "'a", "<character>['a']"},
     {"RawString", "R\"([\"'])\" x", "<identifier>[R] <string>[\"([\"'])\"] <identifier>[x]"},
     {"RawStringWithDelimiter", "u8R\"x(a)\"\n)y\")x\";", "<identifier>[u8R] <string>[\"x(a)\"\n)y\")x\"] ;"},
+    {"EscapeOverAJoinedLineEnd", "\"a\\\\\n\" b\"; c", "<string>[\"a\\\\\n\" b\"] ; <identifier>[c]"},
+    {"RawStringHoldsItsBackslashes", "LR\"(a\\\n)\" uR\"0123456789abcdef()0123456789abcdef\"",
+     "<identifier>[LR] <string>[\"(a\\\n)\"] <identifier>[uR] <string>[\"0123456789abcdef()0123456789abcdef\"]"},
+    {"RawDelimiterTooLong", "R\"0123456789abcdefg()\"", "<identifier>[R] <string>[\"0123456789abcdefg()\"]"},
+    {"QuoteInARawDelimiter", "R\"\"(\")\"\" R\"\";f(x)", "<identifier>[R] <string>[\"\"(\")\"\"] <identifier>[R] "
+     "<string>[\"\"] ; <identifier>[f] ( <identifier>[x] )"},
     {"NoRawPrefix", "FR\"(a\" AR\"b\"", "<identifier>[FR] <string>[\"(a\"] <identifier>[AR] <string>[\"b\"]"},
     {"RawPrefixWithoutParenthesis", "R\"a b\" x", "<identifier>[R] <string>[\"a b\"] <identifier>[x]"},
     {"UnclosedRawString", "R\"(a\nb", "<identifier>[R] <string>[\"(a\nb]"},
@@ -169,10 +182,29 @@ const ScanCase kDirectives[] = {
      "<directive>[#define Q '\"' ] <block comment>[/* \"\n */] <directive>[x]"},
     {"StringThatIsNotClosedOpensNothing", "#error \" /* a\n */\nx",
      "<directive>[#error \" ] <block comment>[/* a\n */] <identifier>[x]"},
+    {"SpelledByADigraph", "%:if A\n%: define B %:%: C\nx", "<directive>[%:if A\n] <directive>[%: define B %:%: C\n] <identifier>[x]"},
+    {"SlashesInAHeaderName", "#include <a//b/*c> // d\n#if A < b // >\n",
+     "<directive>[#include <a//b/*c> ] <line comment>[// d\n] <directive>[#if A < b ] <line comment>[// >\n]"},
+    {"RawStringOverLines", "#define A R\"(\n// \" )\" 1\nx", "<directive>[#define A R\"(\n// \" )\" 1\n] <identifier>[x]"},
     {"Apostrophe", "#error don't\nx", "<directive>[#error don't\n] <identifier>[x]"},
     {"AtTheEndOfTheText", "#endif", "<directive>[#endif]"},
 };
 INSTANTIATE_TEST_SUITE_P(Directives, Scan, testing::ValuesIn(kDirectives), rowName);
+
+// The backslashes here join lines in the middle of a token.
+const ScanCase kJoined[] = {
+    {"Names", "ab\\\ncd A::b\\ \n\\\nc i\\\nnt x\\\n y",
+     "<identifier>[abcd] <identifier>[A::bc] int <identifier>[x] <identifier>[y]"},
+    {"SplitNames", "A::oper\\\nator=", "<identifier>[A] operator[::operator] ="},
+    {"Numbers", "1\\\n2 1e\\\n-3 1'\\\n0 1.\\\n5 1\\\n+2", "<number>[12] <number>[1e-3] <number>[1'0] <number>[1.5] "
+     "<number>[1] + <number>[2]"},
+    {"Operators", "+\\\n+ <<\\\n= -\\\n>\\\n* <\\\n% ,\\\n,", "++ <<= ->* {[<%] , ,"},
+    {"Comments", "/\\\n/ a\n/\\\n* b *\\\n/ c", "<line comment>[/\\\n/ a\n] <block comment>[/\\\n* b *\\\n/] <identifier>[c]"},
+    {"NoComment", "a /\\\n b /* c \n/ */", "<identifier>[a] / <identifier>[b] <block comment>[/* c \n/ */]"},
+    {"Literals", "'a\\\nb' \"a\\\n\\\nb\" R\\\n\"(\")\"", "<character>['a\\\nb'] <string>[\"a\\\n\\\nb\"] <identifier>[R] <string>[\"(\")\"]"},
+    {"Directives", "#\\\nif A\n%\\\n:e /\\\n/ x\n", "<directive>[#\\\nif A\n] <directive>[%\\\n:e ] <line comment>[/\\\n/ x\n]"},
+};
+INSTANTIATE_TEST_SUITE_P(Joined, Scan, testing::ValuesIn(kJoined), rowName);
 
 TEST(ScannerPlaces, EndsAreInclusive) {
     EXPECT_EQ(dump("int a; // c\n/* b\n*/ 'x\n"),
@@ -231,7 +263,7 @@ std::string randomSource(std::mt19937& random) {
     static const std::vector<std::string> kParts = {
         "A",  "::", " ",  "\n",  "\t", "operator", "new", "int", "~", "0x", "1",   ".",   "e",  "'",    "\"",
         "\\", "#",  "//", "/*",  "*/", "*",        "/",   "<",   "=", "->", "R\"", "\"(", ")",  "\xff", "$",
-        ":",  ";",  "(",  "\\\n"};
+        ":",  ";",  "(",  "\\\n",     "%:",  "\\u00e4"};
     std::string text;
     for (auto count = random() % 24; count > 0; --count) text += kParts[random() % kParts.size()];
     return text;
@@ -281,7 +313,12 @@ TEST(Scanner, CostGrowsInStepWithTheText) {
                                    "#define " + repeated("/* a */", 200000),
                                    "\"" + repeated(" ", 400000) + repeated("\n", 400000),
                                    "#a" + repeated(" \\\n", 200000),
-                                   repeated("'\\\\", 200000)};
+                                   repeated("'\\\\", 200000),
+                                   repeated("R\"\";f(", 200000),
+                                   "#x " + repeated("R\"\";f(", 200000),
+                                   "#include <" + repeated("a/*", 200000),
+                                   "/*" + repeated("\\ \n/", 200000),
+                                   "a" + repeated("\\\n", 400000)};
     for (const std::string& text : hostile) {
         SCOPED_TRACE(text.substr(0, 20));
         const auto begin = std::chrono::steady_clock::now();
@@ -311,17 +348,24 @@ TEST(NeedsBlank, NotWhereTheyStayApart) {
 
 TEST(NeedsBlank, SeesMoreInWholeTexts) {
     const std::pair<const char*, const char*> glued[] = {{"x = 0xe", "+1"},  {"1.5E", "-y"},     {"0x1p", "+3"},
-                                                         {"friend A", "::b"}, {"else", "::g()"}, {"x = ~", "a"}};
+                                                         {"friend A", "::b"}, {"else", "::g()"}, {"x = ~", "a"}, {"x = ~", "ä"},    {"0xf", ".x"}, {"1.", "e"}};
     for (const auto& [left, right] : glued) {
         SCOPED_TRACE(std::string(left) + " " + right);
         EXPECT_TRUE(Cpp::needsBlank(std::string_view(left), std::string_view(right)));
     }
-    const std::pair<const char*, const char*> apart[] = {{"value", "+1"}, {"a.e", "-1"}, {"0xf", "+1"}, {"case 1", ":"},
+    const std::pair<const char*, const char*> apart[] = {{"value", "+1"}, {"a.e", "-1"}, {"0xf", "+1"}, {"case 1", ":"}, {"a.", "b"}, {"a", ".b"},
                                                          {")", "::b"},    {"~", "0"},    {"", "a"},     {"a", ""}};
     for (const auto& [left, right] : apart) {
         SCOPED_TRACE(std::string(left) + " " + right);
         EXPECT_FALSE(Cpp::needsBlank(std::string_view(left), std::string_view(right)));
     }
+}
+
+TEST(OneWord, IsTornByWhiteSpace) {
+    const std::pair<const char*, const char*> whole[] = {{"f", "ä"}, {"f", "$"}, {"L", "\"a\""}, {"\"a\"", "_s"}, {"'a'", "_c"}, {"u8R", "\"(a)\""}};
+    for (const auto& [left, right] : whole) EXPECT_TRUE(Cpp::isOneWord(left, right)) << left << right;
+    const std::pair<const char*, const char*> apart[] = {{"return", "\"a\""}, {"f", "("}, {"", "a"}, {"\"a\"", "\"b\""}, {"AL", "\"a\""}};
+    for (const auto& [left, right] : apart) EXPECT_FALSE(Cpp::isOneWord(left, right)) << left << right;
 }
 
 } // namespace

@@ -100,6 +100,28 @@ TEST(IndentWriter, ChangingTabSizeOrModeLetsHeldSpacesOut) {
     EXPECT_EQ(writer.text(), "   ");
 }
 
+struct JoinCase {
+    const char* source;
+    const char* result;
+};
+
+// A token goes on behind the line end, or two of them are kept apart by what white space there is.
+TEST(IndentWriter, JoinedLinesKeepTheirTokens) {
+    const JoinCase cases[] = {{"ab\\\ncd", ".ab\\\ncd"}, {"ab\\ \ncd\nx", ".ab\\ \ncd\n.x"}, {"f\\\n$", ".f\\\n$"},
+                              {"\xc3\\\n\xa4", ".\xc3\\\n\xa4"}, {"+\\\n+", ".+\\\n+"}, {"1.\\\n5", ".1.\\\n5"},
+                              {"ab\\\n  cd", ".ab\\\n.cd"}, {"ab \\\ncd", ".ab \\\n.cd"}, {"a,\\\nb", ".a,\\\n.b"},
+                              {"a\nb", ".a\n.b"}};
+    for (const JoinCase& row : cases) {
+        SCOPED_TRACE(row.source);
+        IndentWriter dotted(indented("."));
+        dotted.write(row.source);
+        EXPECT_EQ(dotted.text(), row.result);
+    }
+    IndentWriter bare;
+    for (const char c : std::string_view("ab\\\n  cd\n e")) bare.put(c);
+    EXPECT_EQ(bare.text(), "ab\\\n cd\ne");
+}
+
 TEST(IndentWriter, AModeThatDoesNotExistFails) {
     IndentWriter writer(plain(3, 4));
     writer.write("");
@@ -146,10 +168,22 @@ public:
     void write(char c) {
         if (state_.column == 0 && c != '\n') {
             const bool blank = c == ' ' || (c >= '\t' && c <= '\r');
+            dropped_ = dropped_ || blank;
             if (!state_.keepLeadingWs && blank) return;
-            for (const char i : state_.indent) convert(i);
+            const bool joined = goesOn() && std::string_view("ab+'\"").find(c) != std::string_view::npos;
+            if (!joined || dropped_) for (const char i : state_.indent) convert(i);
+            if (joined && dropped_ && state_.indent.empty()) convert(' ');
         }
+        dropped_ = false;
         convert(c);
+    }
+
+    // What was written ends in a word or an operator, a backslash and a line feed.
+    bool goesOn() const {
+        std::size_t end = text_.size();
+        if (end == 0 || text_[--end] != '\n') return false;
+        while (end > 0 && (text_[end - 1] == ' ' || text_[end - 1] == '\t' || text_[end - 1] == '\r')) --end;
+        return end > 1 && text_[end - 1] == '\\' && std::string_view("ab'\"").find(text_[end - 2]) != std::string_view::npos;
     }
 
     std::string finish() { return text_ + std::string(static_cast<std::size_t>(held_), ' '); }
@@ -193,12 +227,13 @@ private:
     IndentStreamState state_;
     std::string text_;
     int held_ = 0;
+    bool dropped_ = false;
     char quote_ = 0;
     char previous_ = 0;
 };
 
 std::string randomText(std::mt19937& random) {
-    static constexpr std::string_view kAlphabet = "ab     \t\t\n\n\"'\\\r";
+    static constexpr std::string_view kAlphabet = "ab     \t\t\n\n\"'\\\\\r";
     std::string text(random() % 60, ' ');
     for (char& c : text) c = kAlphabet[random() % kAlphabet.size()];
     return text;
