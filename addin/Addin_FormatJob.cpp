@@ -2,6 +2,7 @@
 
 #include "addin/Addin_Extensions.h"
 #include "addin/Addin_Texts.h"
+#include "addin/Addin_Utf16.h"
 #include "files/NorvaneUI_Text.h"
 #include "src/Norvane_FormatDriver.h"
 #include "src/scheme/Norvane_FormatMarkerTable.h"
@@ -36,7 +37,8 @@ Trn::Position positionOf(const std::string& text, std::size_t offset) {
 std::optional<Trn::Message> faultOf(const std::string& text) {
     if (text.size() > kLargestSource) return refusal(Texts::kTooLarge);
     // White space of one byte would shift all that follows.
-    if (text.starts_with("\xff\xfe") || text.starts_with("\xfe\xff")) return refusal(Texts::kWideText);
+    if (isMarkedUtf32(text)) return refusal(Texts::kUtf32);
+    if (utf16OrderOf(text)) return refusal(Texts::kBrokenUtf16);
     const std::size_t nul = text.find('\0');
     if (nul != std::string::npos) return refusal(Texts::kHoldsNul, positionOf(text, nul));
     return std::nullopt;

@@ -9,7 +9,8 @@ namespace Addin {
 
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
+constexpr std::string_view kUtf8Mark = "\xef\xbb\xbf";
+constexpr std::size_t kUtf16MarkSize = 2;
 
 struct LineEndCount {
     std::string_view lineEnd;
@@ -39,21 +40,34 @@ std::string_view commonestLineEnd(std::string_view bytes) {
 
 } // namespace
 
-SourceForm::SourceForm(std::string_view bytes) : hasByteOrderMark_(bytes.starts_with(kByteOrderMark)) {
+SourceForm::SourceForm(std::string_view bytes) : byteOrderMark_(bytes.starts_with(kUtf8Mark) ? kUtf8Mark : "") {
+    std::optional<std::string> decoded;
+    if (const auto order = utf16OrderOf(bytes)) decoded = fromUtf16(bytes.substr(kUtf16MarkSize), *order);
+    if (decoded) {
+        utf16_ = utf16OrderOf(bytes);
+        byteOrderMark_ = *utf16_ == Utf16Order::little ? "\xff\xfe" : "\xfe\xff";
+        bytes = *decoded;
+    }
     // Most files have line feeds only, and then one fast search says so.
     lineEnd_ = bytes.find('\r') == std::string_view::npos ? "\n" : commonestLineEnd(bytes);
 }
 
 std::string SourceForm::textOf(std::string_view bytes) const {
-    std::string text(bytes.substr(hasByteOrderMark_ ? kByteOrderMark.size() : 0));
+    bytes.remove_prefix(byteOrderMark_.size());
+    std::string text = utf16_ ? fromUtf16(bytes, *utf16_).value_or(std::string()) : std::string(bytes);
     Zelmar::normaliseLineEnds(text);
     return text;
 }
 
 std::string SourceForm::bytesOf(std::string_view text) const {
-    std::string bytes(hasByteOrderMark_ ? kByteOrderMark : std::string_view());
+    if (utf16_) return std::string(byteOrderMark_) + toUtf16(withLineEnds(text), *utf16_);
+    return std::string(byteOrderMark_).append(withLineEnds(text));
+}
+
+std::string SourceForm::withLineEnds(std::string_view text) const {
+    std::string bytes;
     if (lineEnd_ == "\n") return bytes.append(text);
-    bytes.reserve(bytes.size() + text.size() + text.size() / 16);
+    bytes.reserve(text.size() + text.size() / 16);
     for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
         bytes.append(text.substr(0, end)).append(lineEnd_);
         text.remove_prefix(end + 1);

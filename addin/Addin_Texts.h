@@ -45,7 +45,8 @@ inline constexpr std::string_view kUnknownDetail = "Unknown";
 /// Behind a text about a failure that ended the formatting of one file.
 inline constexpr std::string_view kFileEnding = " The file \"%s\" will not be formatted.";
 inline constexpr std::string_view kHoldsNul = "The text is no source: it holds a NUL character.";
-inline constexpr std::string_view kWideText = "The text is no source that can be read: it is in UTF-16.";
+inline constexpr std::string_view kBrokenUtf16 = "The text cannot be read: it is marked as UTF-16, but ill-formed.";
+inline constexpr std::string_view kUtf32 = "The text cannot be read: it is in UTF-32.";
 /// Behind a diagnostic about the text that was laid out, and not about the source.
 inline constexpr std::string_view kPlaceInResult = " (line and column of the text before wrapping)";
 inline constexpr std::string_view kTooLarge = "The text is too large to be formatted.";

@@ -1,4 +1,5 @@
 #include "addin/Addin_FileFormatter.h"
+#include "addin/Addin_Utf16.h"
 #include "tests/addin/Fixture.h"
 
 #include <new>
@@ -76,6 +77,16 @@ TEST_F(FormatFile, KeepsLineEndsAndByteOrderMark) {
     disk.put("/a.cpp", "\xef\xbb\xbfvoid f() {\r\n    if(a) b();\r\n}\r\n");
     EXPECT_EQ(run(), FormatResult::formatted);
     EXPECT_EQ(disk.text("/a.cpp"), "\xef\xbb\xbfvoid f() {\r\n    if (a) b();\r\n}\r\n");
+}
+
+TEST_F(FormatFile, WritesUtf16BackAsUtf16) {
+    for (const auto order : {Addin::Utf16Order::little, Addin::Utf16Order::big}) {
+        const std::string mark = order == Addin::Utf16Order::little ? "\xff\xfe" : "\xfe\xff";
+        disk.put("/a.cpp", mark + Addin::toUtf16("void \xc3\xa4() {\r\n    if(a) b(\"\xf0\x9f\x98\x80\");\r\n}\r\n", order));
+        EXPECT_EQ(run(), FormatResult::formatted);
+        EXPECT_EQ(disk.text("/a.cpp"),
+                  mark + Addin::toUtf16("void \xc3\xa4() {\r\n    if (a) b(\"\xf0\x9f\x98\x80\");\r\n}\r\n", order));
+    }
 }
 
 TEST_F(FormatFile, MixedLineEndsOfAFormattedFileStay) {
@@ -196,8 +207,10 @@ TEST_F(FormatFile, RefusesWhatIsNoSource) {
          "(2) : error: col 4: The text is no source: it holds a NUL character."},
         {std::string("\0", 1), "(1) : error: col 1: The text is no source: it holds a NUL character."},
         {std::string("\n\0", 2), "(2) : error: col 1: The text is no source: it holds a NUL character."},
-        {"\xff\xfei", "(0) : error: col 0: The text is no source that can be read: it is in UTF-16."},
-        {"\xfe\xffi", "(0) : error: col 0: The text is no source that can be read: it is in UTF-16."},
+        {"\xff\xfei", "(0) : error: col 0: The text cannot be read: it is marked as UTF-16, but ill-formed."},
+        {"\xfe\xff\xdc\x01", "(0) : error: col 0: The text cannot be read: it is marked as UTF-16, but ill-formed."},
+        {std::string("\xff\xfe\0\0i\0\0\0", 8), "(0) : error: col 0: The text cannot be read: it is in UTF-32."},
+        {std::string("\0\0\xfe\xff\0\0\0i", 8), "(0) : error: col 0: The text cannot be read: it is in UTF-32."},
     };
     for (const auto& [bytes, line] : cases) {
         host.log.clear();

@@ -66,4 +66,39 @@ TEST(SourceForm, TakesTheByteOrderMarkOffAndPutsItBack) {
     EXPECT_EQ(Addin::SourceForm("a").bytesOf("b"), "b");
 }
 
+TEST(SourceForm, ReadsUtf16InBothOrders) {
+    const std::string little("\xff\xfe\xe4\0\r\0\n\0\x3d\xd8\0\xde", 12);
+    const std::string big("\xfe\xff\0\xe4\0\r\0\n\xd8\x3d\xde\0", 12);
+    for (const std::string& bytes : {little, big}) {
+        const Addin::SourceForm form(bytes);
+        EXPECT_EQ(form.textOf(bytes), "\xc3\xa4\n\xf0\x9f\x98\x80");
+        EXPECT_EQ(form.bytesOf(form.textOf(bytes)), bytes);
+    }
+}
+
+TEST(Utf16, EveryCharacterComesBack) {
+    for (const auto order : {Addin::Utf16Order::little, Addin::Utf16Order::big}) {
+        std::string units;
+        for (unsigned row = 0; row < 0x100; ++row) {
+            for (const unsigned low : {0x00u, 0x41u, 0x7Fu, 0x80u, 0xFFu}) {
+                const unsigned c = row << 8 | low;
+                if (c >= 0xD800 && c < 0xE000) continue;
+                units += order == Addin::Utf16Order::little ? std::string{char(c & 0xFF), char(c >> 8)} : std::string{char(c >> 8), char(c & 0xFF)};
+            }
+        }
+        units += order == Addin::Utf16Order::little ? "\xff\xdb\xff\xdf" : "\xdb\xff\xdf\xff";
+        const auto text = Addin::fromUtf16(units, order);
+        ASSERT_TRUE(text);
+        EXPECT_TRUE(text->ends_with("\xf4\x8f\xbf\xbf"));
+        EXPECT_EQ(Addin::toUtf16(*text, order), units);
+    }
+}
+
+TEST(Utf16, IllFormedTextIsNone) {
+    for (const char* bytes : {"a", "\x01\xdc", "\x01\xd8", "\x01\xd8" "ab", "\x01\xd8\x01\xd8"}) {
+        EXPECT_FALSE(Addin::fromUtf16(bytes, Addin::Utf16Order::little)) << testing::PrintToString(bytes);
+    }
+    EXPECT_EQ(Addin::fromUtf16("", Addin::Utf16Order::big), "");
+}
+
 } // namespace
