@@ -25,7 +25,7 @@ bool sameBlanks(std::string_view a, std::string_view b) {
     return a.find('\t') != std::string_view::npos || b.find('\t') != std::string_view::npos;
 }
 
-/// A stretch of white space inside a comment, with neither side empty.
+/// A stretch of white space inside a comment.
 bool sameWhite(std::string_view a, std::string_view b) {
     if (std::count(a.begin(), a.end(), '\n') != std::count(b.begin(), b.end(), '\n')) return false;
     return sameBlanks(a.substr(0, blanksEnd(a, 0)), b.substr(0, blanksEnd(b, 0)));
@@ -44,7 +44,7 @@ bool sameLoosely(std::string_view a, std::string_view b) {
         const std::size_t endB = whiteEnd(b, j);
         // Blanks at the end of a line comment belong to the line more than to the comment.
         if (endA == a.size() && endB == b.size()) return true;
-        if (endA == i || endB == j || !sameWhite(a.substr(i, endA - i), b.substr(j, endB - j))) return false;
+        if ((endA == i && endB == j) || !sameWhite(a.substr(i, endA - i), b.substr(j, endB - j))) return false;
         i = endA;
         j = endB;
     }

@@ -89,7 +89,6 @@ void Reader::next(Item& item) {
     const bool lineEnds = at_ >= text_.size() || text_.at(at_) == '\n';
     if (lineEnds && inDirective_) {
         inDirective_ = false;
-        expect_ = Expect::anything;
         return finish(item, Kind::directiveEnd, at_);
     }
     if (at_ >= text_.size()) return finish(item, Kind::end, at_);
@@ -122,7 +121,7 @@ void Reader::readVisible(Item& item) {
     case Class::apostrophe: return readLiteral(item, at_);
     case Class::slash: return readSlash(item);
     case Class::backslash: return readBackslash(item);
-    case Class::punct: return readPunctuator(item);
+    case Class::mark: return readPunctuator(item);
     default: return finishToken(item, Kind::token, at_ + 1);
     }
 }

@@ -8,8 +8,9 @@
 
 namespace Guard {
 
-/// What a byte can start. A letter is whatever can start a name: "_", "$" and all bytes from 0x80 too.
-enum class Class : std::uint8_t { stray, blank, feed, letter, digit, quote, apostrophe, slash, dot, backslash, punct };
+/// What a byte can start. A letter is whatever can start a name: "_", "$" and all bytes from 0x80 too. What is
+/// always a token of its own, stray bytes among it, is single.
+enum class Class : std::uint8_t { single, blank, letter, digit, quote, apostrophe, slash, dot, backslash, mark };
 
 constexpr std::array<Class, 256> makeClasses() {
     std::array<Class, 256> classes{};
@@ -17,7 +18,6 @@ constexpr std::array<Class, 256> makeClasses() {
         for (const char c : chars) classes[static_cast<unsigned char>(c)] = value;
     };
     set(" \t\v\f\r", Class::blank);
-    set("\n", Class::feed);
     set("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_$", Class::letter);
     for (std::size_t c = 0x80; c < classes.size(); ++c) classes[c] = Class::letter;
     set("0123456789", Class::digit);
@@ -26,7 +26,7 @@ constexpr std::array<Class, 256> makeClasses() {
     set("/", Class::slash);
     set(".", Class::dot);
     set("\\", Class::backslash);
-    set("{}[]();:?~!+-*%^&|=<>,#", Class::punct);
+    set("[(:?!+-*%^&|=<>#", Class::mark);
     return classes;
 }
 inline constexpr std::array<Class, 256> kClasses = makeClasses();

@@ -185,8 +185,8 @@ std::size_t findLineCommentEnd(const Text& text, std::size_t body) {
     while (true) {
         const std::size_t feed = text.findFeed(body);
         std::size_t last = feed;
-        while (last > body && isBlank(text.at(last - 1))) --last;
-        const bool isSpliced = last > body && text.at(last - 1) == '\\';
+        while (isBlank(text.at(last - 1))) --last;
+        const bool isSpliced = text.at(last - 1) == '\\';
         if (feed == text.size() || !isSpliced) return feed;
         body = feed + 1;
     }

@@ -104,6 +104,7 @@ const Pair kCommentFaults[] = {
     {"LinesJoined", "/* a\n b */", "/* a b */"},
     {"LineAdded", "/* a\n b */", "/* a\n\n b */"},
     {"LineEndTrimmed", "/* a \n b */", "/* a\n b */"},
+    {"LineEndTabTrimmed", "/* a\t\n b */", "/* a\n b */"},
     {"LineSwallowsCode", "// a\nb;\n", "// a b;\n"},
     {"LineSwallowsNextLine", "a // b \\\n\nc", "a // b \\\nc"},
     {"LineLetsGo", "// a \\\nb\nc", "// a \\ \n\nb\nc"},
