@@ -339,6 +339,7 @@ constexpr auto kSamples = std::to_array<Sample>({
     {"TAB_SIZE", "8", kTabs, "2 CONVERT_WS 1\n"},
     {"WS_BETWEEN_CS", kNewLine, kIf, {}},
 
+    {"KEEP_LINE_BREAKS", kOn, kLines, "3 WS_BETWEEN_EXPR_OP_OPERANDS \" \"\n3 WS_BETWEEN_FN_CALL_ARGS \" \"\n"},
     {"KEEP_SHAPE", kOn, kLines, "3 LEFT_MARGIN \"\"\n3 INDENT_FN_CONTENT \"    \"\n"},
 });
 

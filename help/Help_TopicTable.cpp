@@ -21,6 +21,10 @@ constexpr auto kGlobals = std::to_array<Text>({
     "`KEEP_SHAPE` is for statements that take several lines. The first line goes where the indents put it, and "
     "the further ones go along, so that what was lined up stays lined up. Without it each of them falls back "
     "to the indent of the statement. It has nothing to do while the left edge is left to the source.",
+    "With `KEEP_LINE_BREAKS` what was broken over lines is never joined: a value for the white space behind a "
+    "comma or around an operator acts where the two sides share a line. Options that line up a list, such as "
+    "`ALIGN_FN_CALL_ARGS_LEFT`, put each line of it under the first element then, however many elements it "
+    "holds. Braces, `else`, `while` and `catch` still go where their options put them.",
 });
 
 constexpr auto kClasses = std::to_array<Text>({

@@ -142,14 +142,26 @@ void IndentWriter::writeShaped(std::string_view text) {
 std::string IndentWriter::shapedIndent() const {
     if (shape_.shift == 0) return shapeWs_;
     const int width = std::max(textColumn(shapeWs_, 0, tab()) + shape_.shift, 0);
-    const int indentEnd = indentWidth();
-    const bool tabbed = wsMode_ == kWsKeep && shapeWs_.find('\t') != std::string::npos;
-    if (!tabbed && wsMode_ == kWsKeep && width >= indentEnd) {
-        return indent_ + std::string(static_cast<std::size_t>(width - indentEnd), ' ');
-    }
-    const int tabs = tabbed ? width / tab() : 0;
+    if (shapeWs_.find('\t') != std::string::npos) return tabbedIndent(width);
+    return columnIndent(width);
+}
+
+// The modes that convert make of blanks what they need.
+std::string IndentWriter::tabbedIndent(int width) const {
+    const int tabs = wsMode_ == kWsKeep ? width / tab() : 0;
     return std::string(static_cast<std::size_t>(tabs), '\t') +
            std::string(static_cast<std::size_t>(width - tabs * tab()), ' ');
+}
+
+std::string IndentWriter::columnIndent(int width) const {
+    return tab() > 1 && indent_.find('\t') != std::string::npos ? tabbedIndent(width)
+                                                               : std::string(static_cast<std::size_t>(std::max(width, 0)), ' ');
+}
+
+int IndentWriter::nextColumn() const {
+    if (column_ != 0) return column_;
+    const bool shaped = shape_.kept && copiedFeed_ && !keepLeadingWs_;
+    return shaped ? std::max(textColumn(shapeWs_, 0, tab()) + shape_.shift, 0) : indentWidth();
 }
 
 int IndentWriter::lineIndent() const {

@@ -68,6 +68,11 @@ public:
     bool endsInJoin() const;
     IndentStreamState state() const;
     const LineShape& shape() const { return shape_; }
+    /// The column at which the next character comes to stand, white space aside that is dropped.
+    int nextColumn() const;
+    /// White space for `width` columns under this writer's mode and tab size, with tabs where the
+    /// indent has some. Unlike makeIndent it never falls short.
+    std::string columnIndent(int width) const;
     /// The column of the first character of the current line that is not white space; where the
     /// line is blank so far, that of its end, and at the start of a line the width of the indent.
     int lineIndent() const;
@@ -116,6 +121,7 @@ private:
     void writeUnder(std::string_view text, std::string_view indent, bool keepLeadingWs);
     void writeShaped(std::string_view text);
     std::string shapedIndent() const;
+    std::string tabbedIndent(int width) const;
     void writeIndent(std::string_view indent);
     std::string_view startLine(std::string_view text, std::string_view indent, bool keepLeadingWs);
     // These three write as far as the first line feed and return how much that was.

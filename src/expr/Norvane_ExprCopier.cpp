@@ -96,6 +96,10 @@ bool ExprCopier::isReplaceable(std::size_t index) const {
     return isBlank(tokens_.gap(index));
 }
 
+bool ExprCopier::staysBroken(std::size_t index, std::string_view ws) const {
+    return keepsBreaks_ && !hasLineFeed(ws) && hasLineFeed(tokens_.gap(index));
+}
+
 std::string_view ExprCopier::safeValue(std::size_t index, std::string_view ws) const {
     if (!ws.empty() || index == 0 || index >= tokens_.size()) return ws;
     const std::size_t left = tokens_.gapBegin(index);
@@ -109,7 +113,7 @@ std::string_view ExprCopier::safeValue(std::size_t index, std::string_view ws) c
 
 void ExprCopier::replaceGap(std::size_t index, std::string_view ws, bool exact) {
     copyTo(tokens_.gapBegin(index));
-    if (at_ > tokens_.gapBegin(index) || !isReplaceable(index)) return;
+    if (at_ > tokens_.gapBegin(index) || !isReplaceable(index) || staysBroken(index, ws)) return;
     if (keepsShape() && tokens_.gapEnd(index) >= shape_.end) leaveShape();
     const std::string_view value = safeValue(index, ws);
     if (exact) {

@@ -11,12 +11,12 @@
 
 namespace Norvane {
 
-/// Sets another indent and the keeping of leading white space for the length of a scope, as text
+/// Sets another indent and (with `exact`, one that misses no column for the sake of a tab) the keeping of leading white space for the length of a scope, as text
 /// needs that starts its line in a column of its own.
 class ColumnGuard {
 public:
-    ColumnGuard(Zelmar::IndentWriter& output, int column)
-        : indent_(output, output.makeIndent(column)), keep_(output, true) {}
+    ColumnGuard(Zelmar::IndentWriter& output, int column, bool exact = false)
+        : indent_(output, exact ? output.columnIndent(column) : output.makeIndent(column)), keep_(output, true) {}
 
 private:
     Zelmar::IndentGuard<Zelmar::IndentWriter> indent_;
@@ -33,7 +33,8 @@ int hangingColumn(const OptionalString& wsBefore, std::string_view hanging, int 
 /// front of its lines is a part of the program. The lines of a block comment move with its first.
 class ExprCopier {
 public:
-    ExprCopier(const ExprTokens& tokens, Zelmar::IndentWriter& output) : tokens_(tokens), output_(output) {}
+    ExprCopier(const ExprTokens& tokens, Zelmar::IndentWriter& output, bool keepsBreaks = false)
+        : tokens_(tokens), output_(output), keepsBreaks_(keepsBreaks) {}
 
     /// Copies up to `offset`; nothing if it has been passed.
     void copyTo(std::size_t offset);
@@ -45,6 +46,8 @@ public:
     /// True if the gap in front of token `index` may be replaced: it is white space, does not
     /// follow a line feed that a comment or a directive owns, and does not precede a directive.
     bool isReplaceable(std::size_t index) const;
+    /// True if line breaks are kept, there is one in front of token `index`, and `ws` brings none.
+    bool staysBroken(std::size_t index, std::string_view ws) const;
     /// What `ws` comes to in front of token `index`: one blank if without any the tokens would read
     /// as one.
     std::string_view safeValue(std::size_t index, std::string_view ws) const;
@@ -64,8 +67,8 @@ public:
     void copyDirective(std::size_t index, const DirectivePlace& place);
     /// Copies up to the token, and the token with its further lines moved along with its first one.
     void copyMoved(std::size_t index);
-    /// The column at which the next token comes to stand; that of the indent at a line's start.
-    int column() const { return output_.column() > 0 ? output_.column() : output_.indentWidth(); }
+    /// The column at which the next token comes to stand.
+    int column() const { return output_.nextColumn(); }
 
 private:
     struct Shape {
@@ -82,6 +85,7 @@ private:
 
     const ExprTokens& tokens_;
     Zelmar::IndentWriter& output_;
+    bool keepsBreaks_ = false;
     std::size_t at_ = 0;
     std::size_t nextMultiLine_ = 0;
     Shape shape_;

@@ -59,7 +59,7 @@ bool closesOperands(int kind) {
 ExprWalk::ExprWalk(const ExprOptions& options, const DirectivePlace& place, const ExprTokens& tokens,
                    std::vector<ExprFrame>& frames, Zelmar::IndentWriter& output)
     : options_(options), place_(place), tokens_(tokens), frames_(frames), output_(output),
-      copier_(tokens, output) {}
+      copier_(tokens, output, options.keepsBreaks) {}
 
 void ExprWalk::run(const OptionalString* separator) {
     frames_.clear();
@@ -99,6 +99,7 @@ void ExprWalk::settle() {
 void ExprWalk::settleInColumn(const Decision& decision) {
     copier_.copyTo(tokens_.gapBegin(decision.index));
     if (!copier_.isReplaceable(decision.index)) return;
+    if (copier_.staysBroken(decision.index, decision.value)) return startLineInColumn(decision.index, decision.column);
     const ColumnGuard column(output_, decision.column);
     copier_.replaceGap(decision.index, decision.value, true);
     if (output_.column() == 0) writeFirstChar(decision.index);
@@ -115,7 +116,7 @@ void ExprWalk::startLineInColumn(std::size_t index, int column) {
     }
     copier_.skipTo(tokens_.gapEnd(index));
     if (output_.column() > 0) return;
-    const ColumnGuard guard(output_, column);
+    const ColumnGuard guard(output_, column, options_.keepsBreaks);
     writeFirstChar(index);
 }
 

@@ -109,6 +109,7 @@ private:
     void writeComma();
     void endDeclarator();
     bool isListComma();
+    bool isInColumn() const;
     void writeListComma();
     void decideBehindComma(std::size_t next, int column);
     int hangingColumnAt(std::size_t comma) const;

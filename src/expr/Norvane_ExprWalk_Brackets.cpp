@@ -118,7 +118,7 @@ void ExprWalk::alignList(const ListStyle& list) {
     frame().alignColumn = output_.indentWidth();
     const int first = kindAt(at_);
     const bool hasFirst = first != Cpp::tkEnd && first != Cpp::tkComma && first != Cpp::tkDirective;
-    if (!list.breaksLine() || !hasFirst) return;
+    if (!isInColumn() || !hasFirst) return;
     settle();
     copier_.copyTo(tokens_.begin(at_));
     const int column = copier_.column();

@@ -33,10 +33,15 @@ bool ExprWalk::isListComma() {
     return frame().list && depthsAt(at_) == frame().depths;
 }
 
+/// Lines of the list start in a column of their own.
+bool ExprWalk::isInColumn() const {
+    return frame().aligned && (frame().list->breaksLine() || frame().list->rows);
+}
+
 void ExprWalk::writeListComma() {
     const ListStyle& list = *frame().list;
     const std::size_t comma = at_++;
-    const bool inColumn = frame().aligned && list.breaksLine();
+    const bool inColumn = isInColumn();
     const int column = inColumn ? hangingColumnAt(comma) : 0;
     // In front of the first of all it is the opening bracket that has its say.
     if (list.beforeComma.set && comma != frame().open + 1) {
@@ -57,8 +62,10 @@ void ExprWalk::writeListComma() {
 
 void ExprWalk::decideBehindComma(std::size_t next, int column) {
     const ListStyle& list = *frame().list;
-    const bool inColumn = frame().aligned && list.breaksLine();
-    if (list.between.set) {
+    const bool inColumn = isInColumn();
+    if (list.rows && inColumn && hasLineFeed(tokens_.gap(next))) {
+        startLineInColumn(next, column);
+    } else if (list.between.set) {
         decide(next, list.between.value, inColumn ? Place::kColumn : Place::kExact, column);
     } else if (hasLineFeed(tokens_.gap(next))) {
         if (inColumn) startLineInColumn(next, column);

@@ -211,7 +211,13 @@ bool CppFormatter::takePending(const Position& start, std::string_view& value) {
 void CppFormatter::beginDeclaration(const Cpp::SyntaxNode& node) {
     std::string_view ws;
     const Position start = node.start();
-    if (takePending(start, ws)) writeGapEnd(readUpTo(start), ws, base());
+    if (!takePending(start, ws)) return;
+    const std::string_view gap = readUpTo(start);
+    if (sourceChar(start) == '{') {
+        moveGapEnd(gap, ws, base());
+    } else {
+        writeGapEnd(gap, ws, base());
+    }
 }
 
 // Taken by the declaration right behind the head. Where something else stands there, such as a

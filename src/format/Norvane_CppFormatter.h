@@ -123,6 +123,8 @@ private:
     struct ListStyle {
         const OptionalString& wsComma;
         const OptionalString& wsBetween;
+        /// The elements line up, in the lines that they have in the source.
+        bool rows = false;
     };
 
     /// A stretch between format-off markers, with both of them, by source offsets.
@@ -173,8 +175,10 @@ private:
     void writeSourceTokens(std::string_view text);
     void writeDirective(const Position& start, const Position& end, Zelmar::SourceReader& input);
     void writeDirectiveOf(std::size_t lineBegin, std::size_t begin, std::size_t end);
+    bool staysBroken(std::string_view gap, std::string_view value) const;
     GapEnd splitGapEnd(std::string_view gap, std::string_view value) const;
     void writeGapEnd(std::string_view gap, std::string_view value, const Base& base);
+    void moveGapEnd(std::string_view gap, std::string_view value, const Base& base);
     void writeAtBase(std::string_view value, const Base& base);
     void writeInPlace(std::string_view value);
     void writeInPlace(std::string_view value, const Cpp::SyntaxNode& child);
@@ -232,6 +236,7 @@ private:
     void writeElementsOf(const std::vector<Cpp::SyntaxNode*>& elements, const ListStyle& style);
     void writeListGap(const Cpp::SyntaxNode& element, const Cpp::SyntaxNode& next, const ListStyle& style);
     void writePlainListGap(std::string_view gap, const ListStyle& style);
+    void writeKeptListGap(std::string_view gap, const ListStyle& style);
 
     // Classes.
     bool endsWithBody(const Cpp::ClassDeclNode& node) const;
@@ -289,7 +294,8 @@ private:
     void writeCondition(int keyword, std::string_view text, bool sourceEdge);
     void writeInParens(int keyword, std::string_view inner, const Base& paren);
     bool writeForClauses(std::string_view inner, const Base& paren);
-    void writeForClause(std::string_view clause, std::string_view wsBefore, bool isDeclaration);
+    void writeForGap(std::string_view gap, std::string_view clause, const OptionalString& wsBefore);
+    void writeForClause(std::string_view clause, const OptionalString& wsBefore, bool isDeclaration);
     void formatCondition(int keyword, std::string_view text);
 
     // Fixed at construction.

@@ -69,7 +69,9 @@ void CppFormatter::writeBehindLabel(const Cpp::SyntaxNode& next) {
     if (options_.globalWsBeforeOpenBrace.set && sourceChar(next.start()) == '{') return;
     const std::string_view value = options_.wsAfterCsCaseLabels.value;
     const std::string_view gap = readGapBefore(next, value);
-    if (isBlank(gap)) {
+    if (isBlank(gap) && staysBroken(gap, value)) {
+        writeSource(gap);
+    } else if (isBlank(gap)) {
         writeInPlace(splitGapEnd(gap, value).value, next);
     } else {
         output_.writeExact(value);
@@ -129,9 +131,11 @@ void CppFormatter::writeBodyStart(const Cpp::InteriorNode& node, const BodyStyle
         return writeAtBase(end.value, base());
     }
     const Cpp::SyntaxNode& first = node.empty() ? static_cast<const Cpp::SyntaxNode&>(node) : *node.child(0);
-    const GapEnd end = splitGapEnd(readGapBefore(first, value), value);
+    const std::string_view gap = readGapBefore(first, value);
+    const GapEnd end = splitGapEnd(gap, value);
     const ShapeScope shape(*this);
     const Edge edge(*this, style.indent);
+    if (staysBroken(gap, value)) return writeSource(gap);
     writeSource(end.kept);
     writeInPlace(end.value, first);
 }
@@ -157,7 +161,9 @@ void CppFormatter::writeOpenBrace(const Cpp::InteriorNode& node, const BodyStyle
         value = style.wsAfterOpen.breaksLine() ? throughLastFeed(value) : std::string_view("\n");
     }
     const std::string_view gap = readGapBefore(first, value);
-    if (!isBlank(gap)) {
+    if (staysBroken(gap, value)) {
+        writeSource(gap);
+    } else if (!isBlank(gap)) {
         writeAfterOpen(gap, value);
     } else if (sourceOwnsEdge()) {
         writeInPlace(value, first);
@@ -188,7 +194,7 @@ void CppFormatter::writeAfterOpen(std::string_view gap, std::string_view value) 
 
 void CppFormatter::writeCloseBrace(const Cpp::InteriorNode& node, const BodyStyle& style, int column) {
     const std::string_view gap = readUpTo(node.end());
-    if (style.wsBeforeClose.set) {
+    if (style.wsBeforeClose.set && !staysBroken(gap, style.wsBeforeClose.value)) {
         const GapEnd end = splitGapEnd(gap, style.wsBeforeClose.value);
         writeKept(end.kept, style.indent);
         // A comment or a directive has ended the line already.
@@ -215,7 +221,8 @@ void CppFormatter::writeEmptyBraces(const Cpp::InteriorNode& node, const BodySty
     const std::string_view gap = readUpTo(node.end());
     const OptionalString& after = style.wsAfterOpen;
     const OptionalString& before = style.wsBeforeClose;
-    if (!after.set && !before.set) {
+    const bool stays = isBlank(gap) && staysBroken(gap, after.breaksLine() ? after.value : before.value);
+    if ((!after.set && !before.set) || stays) {
         writeKept(gap, style.indent);
         if (keepsShape() && output_.column() == 0) return writeCloseBraceOnLine(node, column);
     } else if (isBlank(gap)) {
@@ -239,8 +246,9 @@ void CppFormatter::writeList(Cpp::InteriorNode& list, const ListStyle& style) {
     const std::vector<Cpp::SyntaxNode*> elements = elementsInOrder(list);
     if (elements.empty()) return;
     const bool breaks = style.wsComma.breaksLine() || style.wsBetween.breaksLine();
-    if (!breaks) return writeElementsOf(elements, style);
-    const std::string indent = baseIndent(beginAt(elements.front()->start()));
+    if (!breaks && !style.rows) return writeElementsOf(elements, style);
+    const Base first = beginAt(elements.front()->start());
+    const std::string indent = breaks ? baseIndent(first) : output_.columnIndent(first.column);
     const Edge edge(*this, indent, false);
     writeElementsOf(elements, style);
 }
@@ -262,6 +270,7 @@ void CppFormatter::writeListGap(const Cpp::SyntaxNode& element, const Cpp::Synta
         between = &lineFeedWs();
     }
     const std::string_view gap = readUpTo(directive ? lineOrStart(next) : next.start());
+    if (options_.keepLineBreaks || style.rows) return writeKeptListGap(gap, {style.wsComma, *between, style.rows});
     if (!style.wsComma.set && !between->set) return writeSource(gap);
     if (!style.wsComma.breaksLine() && gap.find_first_of("/#%\"'(<[{\\") == std::string_view::npos) {
         return writePlainListGap(gap, {style.wsComma, *between});
@@ -288,6 +297,34 @@ void CppFormatter::writePlainListGap(std::string_view gap, const ListStyle& styl
         output_.writeExact(style.wsBetween.value);
     } else {
         output_.write(behind);
+    }
+}
+
+// A gap that may hold comments, and goes on in the lines that it has.
+void CppFormatter::writeKeptListGap(std::string_view gap, const ListStyle& style) {
+    const std::size_t comma = findToken(gap, Cpp::tkComma);
+    if (comma == std::string_view::npos) {
+        writeSource(gap);
+        // Behind a comment too the line of a row is not the author's.
+        if (style.rows && output_.column() == 0) output_.setShape(output_.shape());
+        return;
+    }
+    const std::string_view front = gap.substr(0, comma);
+    const bool replacesFront = style.wsComma.set && isBlank(front) && !staysBroken(front, style.wsComma.value);
+    if (replacesFront) {
+        output_.writeExact(style.wsComma.value);
+    } else {
+        writeSource(front);
+    }
+    output_.put(',');
+    const std::string_view behind = gap.substr(comma + 1);
+    const bool replaces = style.wsBetween.set && isBlank(behind);
+    if (style.rows && isBlank(behind) && hasLineFeed(behind)) {
+        output_.writeExact(throughLastFeed(behind));
+    } else if (replaces && !staysBroken(behind, style.wsBetween.value)) {
+        output_.writeExact(style.wsBetween.value);
+    } else {
+        writeSource(behind);
     }
 }
 

@@ -63,8 +63,10 @@ void CppFormatter::visit(Cpp::BaseClauseListNode& node) {
     std::string_view value;
     if (takePending(node.start(), value)) wsBefore = {true, std::string(value)};
     writeColon(readUpTo(node.start()), wsBefore, options_.wsBeforeBaseClauses, base());
+    const bool aligned = options_.alignBaseClausesLeft;
     writeList(node, {options_.wsBeforeBaseClausesComma,
-                     options_.alignBaseClausesLeft ? lineFeedWs() : options_.wsBetweenBaseClauses});
+                     aligned && !options_.keepLineBreaks ? lineFeedWs() : options_.wsBetweenBaseClauses,
+                     aligned && options_.keepLineBreaks});
 }
 
 // The colon in front of a list is no node: it lies in the gap.
@@ -89,6 +91,7 @@ void CppFormatter::writeColon(std::string_view gap, const OptionalString& wsBefo
 
 // Its right neighbour is the colon, which no value glues to anything but another colon.
 void CppFormatter::writeFrontEnd(std::string_view front, const std::string& value, const Base& base) {
+    if (staysBroken(front, value)) return writeSource(front);
     if (!endsInLineComment(front)) {
         writeSource(trimmedRight(front));
         return writeAtBase(value, base);
@@ -114,7 +117,7 @@ void CppFormatter::visit(Cpp::ClassBodyNode& node) {
 void CppFormatter::visit(Cpp::AccessSpecNode& node) {
     const std::string_view gap = readUpTo(node.start());
     std::string_view sourceIndent = gap.substr(gap.rfind('\n') + 1);
-    if (options_.wsBeforeAccessSpecs.set) {
+    if (options_.wsBeforeAccessSpecs.set && !staysBroken(gap, options_.wsBeforeAccessSpecs.value)) {
         const bool onNewLine = output_.column() == 0 || hasLineFeed(gap);
         const GapEnd end = splitGapEnd(gap, options_.wsBeforeAccessSpecs.value);
         writeSource(end.kept);

@@ -20,19 +20,6 @@ struct CppFormatter::DataLine {
     int nameColumn = 0;
 };
 
-namespace {
-
-/// Offset of the first token of `type` in `text`, or npos.
-std::size_t findToken(std::string_view text, int type) {
-    Cpp::Scanner scanner(text);
-    for (Cpp::RawToken token; scanner.next(token);) {
-        if (token.type == type) return token.begin;
-    }
-    return std::string_view::npos;
-}
-
-} // namespace
-
 bool CppFormatter::alignsDataNames() const {
     return options_.alignDdNamesLeft || (options_.alignClassMemberNamesLeft && inClassBody_);
 }
@@ -101,6 +88,7 @@ void CppFormatter::writeDataType(std::string_view text, const DataLine& line) {
     if (!option.set || endsInAsterisk(text) || endsInAmpersand(text)) {
         return exprFormatter_.formatDeclarationTo(text, output_, option);
     }
+    if (staysBroken(text, option.value)) return exprFormatter_.formatDeclarationTo(text, output_, option);
     const GapEnd end = splitGapEnd(text, option.value);
     exprFormatter_.formatDeclarationTo(end.kept, output_, option);
     writeAtBase(end.value, line.column);
@@ -119,7 +107,7 @@ void CppFormatter::writeAlignedName(const Cpp::DataDeclNode& node, DataLine& lin
     }
     line.column = constructAt(node.type()->start());
     const std::string_view text = readUpTo(name);
-    if (holdsComment(text) || text.find('\\') != std::string_view::npos) {
+    if (holdsComment(text) || staysBroken(text, {}) || text.find('\\') != std::string_view::npos) {
         exprFormatter_.formatDeclarationTo(text, output_, noWs());
         line.nameColumn = output_.column();
         return;
@@ -167,13 +155,14 @@ void CppFormatter::writeNameText(std::string_view text, char initStart, const Da
                                 : options_.alignDdInitializers && initStart != '{';
     const bool spaces = !callForm && !trims && initStart != '{' && options_.wsBetweenExprOpOperands.set;
     const std::string_view value = spaces ? std::string_view(options_.wsBetweenExprOpOperands.value) : std::string_view();
+    const bool stays = (trims || spaces) && staysBroken(text, value);
     if (!line.aligned && (options_.wsAfterDdName.set || options_.wsAfterDdRbracket.set)) {
         std::string fixed(text);
         fixBrackets(fixed);
-        if (trims || spaces) replaceGapEnd(fixed, value);
+        if ((trims || spaces) && !stays) replaceGapEnd(fixed, value);
         return exprFormatter_.formatDeclarationTo(fixed, output_, options_.wsAfterDdTypeId);
     }
-    if (!trims && !spaces) return exprFormatter_.formatDeclarationTo(text, output_, options_.wsAfterDdTypeId);
+    if (stays || (!trims && !spaces)) return exprFormatter_.formatDeclarationTo(text, output_, options_.wsAfterDdTypeId);
     const GapEnd end = splitGapEnd(text, value);
     exprFormatter_.formatDeclarationTo(end.kept, output_, options_.wsAfterDdTypeId);
     if (spaces) writeAtBase(end.value, line.column);

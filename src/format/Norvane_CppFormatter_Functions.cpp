@@ -104,10 +104,13 @@ const OptionalString& CppFormatter::wsAfterReturnType(const FnHead& fn) const {
 void CppFormatter::writeReturnType(FnHead& fn, std::string_view text) {
     if (options_.fnDoNotFormat) return writeSource(text);
     const bool joined = text.find('\\') != std::string_view::npos;
-    const bool aligned = !fn.isDefinition && alignsFnNames() && !holdsComment(text) && !joined;
+    const bool aligned = !fn.isDefinition && alignsFnNames() && !holdsComment(text) && !joined && !staysBroken(text, {});
     if (aligned) return writeAlignedReturn(fn, text);
-    if (endsInMark(text)) return writePointerReturn(fn, text);
     const OptionalString& option = wsAfterReturnType(fn);
+    if (endsInMark(text) && staysBroken(text, option.value)) {
+        return exprFormatter_.formatDeclarationTo(text, output_, option);
+    }
+    if (endsInMark(text)) return writePointerReturn(fn, text);
     if (option.set) {
         writeGapEnd(text, option.value, fn.column);
     } else {
@@ -153,10 +156,10 @@ void CppFormatter::writeAlignedReturn(FnHead& fn, std::string_view text) {
 
 void CppFormatter::writeFnParams(const Cpp::FunctionHeadNode& head) {
     const std::string_view gap = readUpTo(head.params()->start());
-    if (!options_.wsAfterFnName.set || gapIsInRegion_) {
+    if (!options_.wsAfterFnName.set || gapIsInRegion_ || staysBroken(gap, options_.wsAfterFnName.value)) {
         writeSource(gap);
     } else if (isBlank(gap)) {
-        writeAtBase(splitGapEnd(gap, options_.wsAfterFnName.value).value, base());
+        writeGapEnd(gap, options_.wsAfterFnName.value, base());
     } else if (startsInLineComment(gap) || endsInLineComment(gap)) {
         writeSource(gap);
     } else {
@@ -172,7 +175,7 @@ void CppFormatter::writeParams(Cpp::ParameterListNode& list) {
     copyThrough(list.start());
     if (list.empty()) {
         const std::string_view gap = readUpTo(list.end());
-        if ((after.set || before.set) && !startsInLineComment(gap)) {
+        if ((after.set || before.set) && !startsInLineComment(gap) && !staysBroken(gap, {})) {
             writeSource(trimmedLeft(gap));
         } else {
             writeSource(gap);
@@ -185,9 +188,12 @@ void CppFormatter::writeParams(Cpp::ParameterListNode& list) {
     } else {
         writeSource(open);
     }
-    writeList(list, {options_.wsBeforeFnComma, options_.wsBetweenFnParams});
+    writeList(list, {options_.wsBeforeFnComma, options_.wsBetweenFnParams,
+                     options_.alignFnParamsLeft && options_.keepLineBreaks});
     const std::string_view close = readUpTo(list.end());
-    if (before.set && isBlank(close)) {
+    if (staysBroken(close, before.value)) {
+        exprFormatter_.formatDeclarationTo(close, output_, options_.wsAfterParamTypeId);
+    } else if (before.set && isBlank(close)) {
         writeGapEnd(close, before.value, base());
     } else if (before.set) {
         const OptionalString& separator = options_.wsAfterParamTypeId;

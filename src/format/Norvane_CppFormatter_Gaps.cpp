@@ -167,7 +167,22 @@ CppFormatter::GapEnd CppFormatter::splitGapEnd(std::string_view gap, std::string
     return end;
 }
 
+// What the source has broken stays so, unless the value brings a line feed of its own. Behind a line
+// comment the next line of a statement that keeps its shape is not for a blank to place.
+bool CppFormatter::staysBroken(std::string_view gap, std::string_view value) const {
+    if (hasLineFeed(value) || !(options_.keepLineBreaks || output_.shape().kept)) return false;
+    if (!hasLineFeed(gap.substr(trimmedRight(gap).size())) && !gap.ends_with('\n')) return endsInLineComment(gap);
+    return options_.keepLineBreaks || endsInLineComment(gap);
+}
+
 void CppFormatter::writeGapEnd(std::string_view gap, std::string_view value, const Base& base) {
+    if (staysBroken(gap, value)) return writeSource(gap);
+    moveGapEnd(gap, value, base);
+}
+
+// For what stands where its option says, on the line in front or on one of its own: braces, and the
+// keywords that go on with a statement.
+void CppFormatter::moveGapEnd(std::string_view gap, std::string_view value, const Base& base) {
     if (gapIsInRegion_) return writeSource(gap);
     const GapEnd end = splitGapEnd(gap, value);
     writeSource(end.kept);
@@ -216,7 +231,7 @@ void CppFormatter::padToColumn(int target, int indentWidth, bool hanging, std::s
 CppFormatter::Base CppFormatter::baseHere() {
     output_.sync();
     Base base;
-    base.column = std::min(output_.column() == 0 ? output_.indentWidth() : output_.column(), kWidestBase);
+    base.column = std::min(output_.nextColumn(), kWidestBase);
     base.ofSource = sourceOwnsEdge();
     if (!base.ofSource || output_.column() > kLongestIndentedLine) return base;
     const std::string_view text = output_.text();

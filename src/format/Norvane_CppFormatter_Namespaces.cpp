@@ -86,14 +86,15 @@ void CppFormatter::writeTemplateParams(Cpp::ParameterListNode& list) {
             copyUpTo(first);
         }
     }
-    writeList(list, {options_.wsBeforeTpComma, options_.wsBetweenTpParams});
+    writeList(list, {options_.wsBeforeTpComma, options_.wsBetweenTpParams,
+                     options_.alignTpParamsLeft && options_.keepLineBreaks});
     if (!list.empty()) writeTemplateClose(list);
 }
 
 void CppFormatter::writeTemplateClose(const Cpp::ParameterListNode& list) {
     const std::string_view gap = readUpTo(list.end());
     const OptionalString& option = options_.wsBeforeTpCloseBracket;
-    if (!option.set) return exprFormatter_.formatDeclarationTo(gap, output_, options_.wsAfterParamTypeId);
+    if (!option.set || staysBroken(gap, option.value)) return exprFormatter_.formatDeclarationTo(gap, output_, options_.wsAfterParamTypeId);
     const std::string& text = output_.text();
     const bool behindClose = !text.empty() && text.back() == '>';
     // The two are one token of the source.

@@ -105,7 +105,7 @@ void CppFormatter::visit(Cpp::CtrlStmtNode& node) {
     for (auto it = node.childBegin(); it != node.childEnd(); ++it) {
         const bool noted = isNote(**it);
         if (it != node.childBegin() && separator.set && !noted && !previousNoted) {
-            writeGapEnd(readUpTo((*it)->start()), separator.value, base());
+            moveGapEnd(readUpTo((*it)->start()), separator.value, base());
         }
         if (it != node.childBegin()) armShape(**it);
         (*it)->accept(*this);
@@ -170,11 +170,16 @@ void CppFormatter::visit(Cpp::CtrlSubStmtHeadNode& node) {
     const bool shaped = output_.shape().kept;
     const Edge edge(*this, shaped ? output_.indent() : std::string(), !shaped);
     if (options_.wsAfterCsKey.set) {
-        std::string gap(readUpTo(start));
-        replaceGapEnds(gap, {}, {});
-        output_.writeExact(gap);
-        // Behind a line comment blanks part the parenthesis from nothing.
-        writeAtBase(output_.column() == 0 ? std::string_view() : options_.wsAfterCsKey.value, base());
+        const std::string_view source = readUpTo(start);
+        if (staysBroken(source, options_.wsAfterCsKey.value)) {
+            writeSource(source);
+        } else {
+            std::string gap(source);
+            replaceGapEnds(gap, {}, {});
+            output_.writeExact(gap);
+            // Behind a line comment blanks part the parenthesis from nothing.
+            writeAtBase(output_.column() == 0 ? std::string_view() : options_.wsAfterCsKey.value, base());
+        }
     }
     copyUpTo(start);
     writeCondition(keywordOf(&node), readThrough(node.condition()->end()), sourceEdge);
@@ -195,8 +200,10 @@ void CppFormatter::writeCondition(int keyword, std::string_view text, bool sourc
 }
 
 void CppFormatter::writeInParens(int keyword, std::string_view inner, const Base& paren) {
-    const OptionalString& open = options_.wsAfterCsOpenParen;
-    const OptionalString& close = options_.wsBeforeCsCloseParen;
+    const std::string_view front = inner.substr(0, inner.size() - trimmedLeft(inner).size());
+    const bool keepsOpen = options_.keepLineBreaks && hasLineFeed(front) && !options_.wsAfterCsOpenParen.breaksLine();
+    const OptionalString& open = keepsOpen ? noWs() : options_.wsAfterCsOpenParen;
+    const OptionalString& close = staysBroken(inner, options_.wsBeforeCsCloseParen.value) ? noWs() : options_.wsBeforeCsCloseParen;
     if (keyword == Cpp::tkFor && writeForClauses(inner, paren)) return;
     if (!open.set && !close.set) return formatCondition(keyword, inner);
     std::string text(inner);
@@ -226,26 +233,48 @@ bool CppFormatter::writeForClauses(std::string_view inner, const Base& paren) {
     if (!aligned && !options_.wsBetweenCsForClauses.set) return false;
     const Semicolons at = findSemicolons(inner);
     if (at.first == std::string_view::npos) return false;
-    const std::string_view between = aligned ? std::string_view("\n") : options_.wsBetweenCsForClauses.value;
-    output_.writeExact(options_.wsAfterCsOpenParen.value);
+    const std::string_view front = inner.substr(0, inner.size() - trimmedLeft(inner).size());
+    const bool opensLine = options_.keepLineBreaks && hasLineFeed(front);
+    if (opensLine) {
+        writeSource(front);
+    } else {
+        output_.writeExact(options_.wsAfterCsOpenParen.value);
+    }
     Base clause = baseHere();
     clause.ofSource = paren.ofSource;
     const Edge edge(*this, baseIndent(aligned ? clause : paren), false);
-    writeForClause(inner.substr(0, at.first + 1), {}, true);
+    writeForClause(trimmedLeft(inner.substr(0, at.first + 1)), noWs(), true);
+    static const OptionalString feed = lineFeedWs();
+    const OptionalString& between = aligned && !options_.keepLineBreaks ? feed : options_.wsBetweenCsForClauses;
     if (at.last != at.first) writeForClause(inner.substr(at.first + 1, at.last - at.first), between, false);
     writeForClause(inner.substr(at.last + 1), between, at.last == at.first);
-    if (output_.column() != 0) output_.writeExact(options_.wsBeforeCsCloseParen.value);
+    const std::string_view behind = inner.substr(trimmedRight(inner).size());
+    if (options_.keepLineBreaks && hasLineFeed(behind)) {
+        writeSource(behind);
+    } else if (output_.column() != 0) {
+        output_.writeExact(options_.wsBeforeCsCloseParen.value);
+    }
     return true;
 }
 
-// A comment behind a semicolon stays on its line.
-void CppFormatter::writeForClause(std::string_view clause, std::string_view wsBefore, bool isDeclaration) {
+// The white space in front of a clause. A comment behind a semicolon stays on its line, and a clause
+// that is left out gets nothing.
+void CppFormatter::writeForGap(std::string_view gap, std::string_view clause, const OptionalString& wsBefore) {
+    const bool noteOnLine = startsInLineComment(clause) && !hasLineFeed(gap);
+    if (noteOnLine || (clause == ";" && !wsBefore.breaksLine())) return output_.writeExact(gap);
+    const bool breaks = options_.keepLineBreaks && hasLineFeed(gap);
+    if (breaks && options_.alignForClausesLeft) return output_.writeExact("\n");
+    if (breaks && !wsBefore.breaksLine()) return writeSource(gap);
+    if (options_.keepLineBreaks && !wsBefore.set) return output_.writeExact(gap);
+    output_.writeExact(wsBefore.value);
+}
+
+void CppFormatter::writeForClause(std::string_view clause, const OptionalString& wsBefore, bool isDeclaration) {
     const std::string_view visible = trimmedLeft(clause);
     const std::string_view gap = clause.substr(0, clause.size() - visible.size());
     const std::string_view text = endsInLineComment(visible) ? visible : trimmedRight(visible);
     if (text.empty()) return;
-    const bool noteOnLine = startsInLineComment(visible) && !hasLineFeed(gap);
-    output_.writeExact(noteOnLine ? gap : wsBefore);
+    writeForGap(gap, text, wsBefore);
     if (Cpp::meaningAt(visible, 0) == '#' && output_.column() != 0) output_.put('\n');
     if (isDeclaration) {
         exprFormatter_.formatDeclarationTo(text, output_, noWs());

@@ -35,6 +35,15 @@ inline int bracketStep(int type) {
     }
 }
 
+/// Offset of the first token of `type` in `text`, or npos.
+inline std::size_t findToken(std::string_view text, int type) {
+    Cpp::Scanner scanner(text);
+    for (Cpp::RawToken token; scanner.next(token);) {
+        if (token.type == type) return token.begin;
+    }
+    return std::string_view::npos;
+}
+
 /// `text` ends in a pointer mark, white space aside.
 inline bool endsInMark(std::string_view text) {
     return endsInAsterisk(text) || endsInAmpersand(text);

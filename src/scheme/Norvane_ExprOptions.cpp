@@ -17,7 +17,8 @@ PointerStyle pointerStyle(int anchor, const OptionalString& ws) {
 /// One argument on each line, unless the scheme says something else about what is between them.
 OptionalString argumentSeparator(const LayoutOptions& options) {
     const OptionalString& between = options.wsBetweenFnCallArgs;
-    return !between.set && options.alignFnCallArgsLeft ? OptionalString{true, "\n"} : between;
+    const bool aligned = options.alignFnCallArgsLeft && !options.keepLineBreaks;
+    return !between.set && aligned ? OptionalString{true, "\n"} : between;
 }
 
 } // namespace
@@ -27,14 +28,15 @@ ExprOptions::ExprOptions(const LayoutOptions& options)
       parens{options.wsAfterExprOpenParen, options.wsBeforeExprCloseParen},
       squares{options.wsAfterLbracket, options.wsBeforeRbracket},
       angles{options.wsAfterTpOpenBracket, options.wsBeforeTpCloseBracket},
-      callArgs{options.wsBeforeFnCallComma, argumentSeparator(options)},
-      templateArgs{OptionalString(), options.wsBetweenTpParams},
+      callArgs{options.wsBeforeFnCallComma, argumentSeparator(options),
+               options.alignFnCallArgsLeft && options.keepLineBreaks},
+      templateArgs{OptionalString(), options.wsBetweenTpParams, false},
       asterisk(pointerStyle(options.asteriskAnchor, options.wsBetweenAsteriskAnchor)),
       ampersand(pointerStyle(options.ampersandAnchor, options.wsBetweenAmpersandAnchor)),
       beforeInitBrace(options.wsBeforeDdOpenBrace),
       initBraces{options.wsAfterDdOpenBrace, options.wsBeforeDdCloseBrace},
-      initElements{options.wsBeforeDdComma, options.wsBetweenDdElements}, initIndent(options.indentDdContent),
-      joinsStrings(options.lineWrap) {
+      initElements{options.wsBeforeDdComma, options.wsBetweenDdElements, false}, initIndent(options.indentDdContent),
+      keepsBreaks(options.keepLineBreaks), joinsStrings(options.lineWrap) {
     any = aroundOperator.set || afterCallName.set || parens.isSet() || squares.isSet() || angles.isSet() ||
           callArgs.isSet() || templateArgs.isSet() || asterisk.anchor != PointerAnchor::kAsInSource ||
           ampersand.anchor != PointerAnchor::kAsInSource || beforeInitBrace.set || initBraces.isSet() ||

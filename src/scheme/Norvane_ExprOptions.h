@@ -20,8 +20,10 @@ struct PointerStyle {
 struct ListStyle {
     OptionalString beforeComma;
     OptionalString between;
+    /// The lines are those of the source, and start in the column of the first element.
+    bool rows = false;
 
-    bool isSet() const { return beforeComma.set || between.set; }
+    bool isSet() const { return beforeComma.set || between.set || rows; }
     bool breaksLine() const { return beforeComma.breaksLine() || between.breaksLine(); }
 };
 
@@ -51,6 +53,8 @@ struct ExprOptions {
     BracketStyle initBraces;
     ListStyle initElements;
     OptionalString initIndent;
+    /// A value without a line feed leaves a gap alone that holds one.
+    bool keepsBreaks = false;
     /// Adjacent string literals come together on one line, to be broken again where needed.
     bool joinsStrings = false;
     /// False if no option changes anything.

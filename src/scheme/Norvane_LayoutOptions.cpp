@@ -110,6 +110,7 @@ constexpr Row<bool> kSwitches[] = {
     {"ALIGN_CLASS_MEMBER_NAMES_LEFT", &LayoutOptions::alignClassMemberNamesLeft},
     {"HANGING_ASTERISK", &LayoutOptions::hangingAsterisk},
     {"HANGING_AMPERSAND", &LayoutOptions::hangingAmpersand},
+    {"KEEP_LINE_BREAKS", &LayoutOptions::keepLineBreaks},
     {"KEEP_SHAPE", &LayoutOptions::keepShape},
     {"ALIGN_FN_PARAMS_LEFT", &LayoutOptions::alignFnParamsLeft},
     {"ALIGN_TP_PARAMS_LEFT", &LayoutOptions::alignTpParamsLeft},
@@ -167,12 +168,13 @@ void LayoutOptions::readNumbers(const PropertySet& scheme) {
     if (!Zelmar::isWsMode(convertWs)) convertWs = Zelmar::kWsKeep;
 }
 
-// An alignment of parameters stands for a line of its own for each of them, and where initializers are
+// An alignment of parameters stands for a line of its own for each of them, unless the lines are those
+// of the source, and where initializers are
 // lined up the type and the name before them share a line. Expressions go by the values of the scheme.
 void LayoutOptions::settle() {
     const OptionalString lineFeedWs{true, "\n"};
-    if (alignFnParamsLeft) wsBetweenFnParams = lineFeedWs;
-    if (alignTpParamsLeft) wsBetweenTpParams = lineFeedWs;
+    if (alignFnParamsLeft && !keepLineBreaks) wsBetweenFnParams = lineFeedWs;
+    if (alignTpParamsLeft && !keepLineBreaks) wsBetweenTpParams = lineFeedWs;
     std::string& afterType = wsAfterDdTypeId.value;
     if (alignDdInitializers) std::replace(afterType.begin(), afterType.end(), '\n', ' ');
 }

@@ -374,6 +374,10 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
           {"Before \"else\", \"while\" and \"catch\"",
            "White space before the \"else\", \"while\" or \"catch\" that goes on with its statement"}),
 
+    flag("KEEP_LINE_BREAKS", Family::SourceLayout,
+         {"Keep line breaks",
+          "Nothing that stands on lines of its own is joined: a value without a line feed acts where there is "
+          "none, and lists are lined up in the lines they have; braces and \"else\" still move"}),
     flag("KEEP_SHAPE", Family::SourceLayout,
          {"Keep the shape of statements",
           "A statement of several lines moves as a whole: lines that no other option places keep their "
