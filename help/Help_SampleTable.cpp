@@ -340,7 +340,9 @@ constexpr auto kSamples = std::to_array<Sample>({
     {"WS_BETWEEN_CS", kNewLine, kIf, {}},
 
     {"KEEP_LINE_BREAKS", kOn, kLines, "3 WS_BETWEEN_EXPR_OP_OPERANDS \" \"\n3 WS_BETWEEN_FN_CALL_ARGS \" \"\n"},
+    {"KEEP_ONE_LINERS", kOn, kDefinition, "3 WS_AFTER_FN_OPEN_BRACE \"\\n\"\n3 WS_BEFORE_FN_CLOSE_BRACE \"\\n\"\n"},
     {"KEEP_SHAPE", kOn, kLines, "3 LEFT_MARGIN \"\"\n3 INDENT_FN_CONTENT \"    \"\n"},
+    {"WS_WITHIN_ONE_LINE_BRACES", R"("  ")", kDefinition, "1 KEEP_ONE_LINERS 1\n"},
 });
 
 } // namespace

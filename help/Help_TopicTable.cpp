@@ -25,6 +25,9 @@ constexpr auto kGlobals = std::to_array<Text>({
     "comma or around an operator acts where the two sides share a line. Options that line up a list, such as "
     "`ALIGN_FN_CALL_ARGS_LEFT`, put each line of it under the first element then, however many elements it "
     "holds. Braces, `else`, `while` and `catch` still go where their options put them.",
+    "With `KEEP_ONE_LINERS` a function, a class, a list or a statement on one line stays on it: a value with a "
+    "line feed acts where the source has one. What goes beyond `RIGHT_MARGIN` is broken as without the option, "
+    "if lines are wrapped at all.",
 });
 
 constexpr auto kClasses = std::to_array<Text>({

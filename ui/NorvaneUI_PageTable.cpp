@@ -54,6 +54,8 @@ constexpr auto kGlobals = std::to_array<PageOption>({
     apart(choice("CONVERT_WS")),
     apart(flag("KEEP_LINE_BREAKS")),
     apart(flag("KEEP_SHAPE")),
+    apart(flag("KEEP_ONE_LINERS")),
+    apart(space("WS_WITHIN_ONE_LINE_BRACES")),
 });
 
 constexpr auto kClasses = std::to_array<PageOption>({

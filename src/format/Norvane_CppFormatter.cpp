@@ -89,20 +89,24 @@ void CppFormatter::visit(Cpp::RootNode& node) {
         initializerColumns_ = calculator.columns();
     }
     output_.reserve(source_.size() + source_.size() / 8);
-    // The mark is no text: with it in the line, the first construct would begin in a wrong column.
+    writeText(node);
     if (sourceText().starts_with(kByteOrderMark)) {
-        const std::string_view mark = input_.readThrough({1, static_cast<std::uint32_t>(kByteOrderMark.size())});
-        destination_.write(mark.data(), static_cast<std::streamsize>(mark.size()));
-    }
-    {
-        const Edge edge(*this, options_.leftMargin.value, !options_.leftMargin.set);
-        writeChildren(node, noWs());
-        endShapes({source_.lineCount() + 1, 1}, noWs());
-        writeSource(readRest());
+        destination_.write(kByteOrderMark.data(), static_cast<std::streamsize>(kByteOrderMark.size()));
     }
     const std::string text = output_.takeText();
     destination_.write(text.data(), static_cast<std::streamsize>(text.size()));
     destination_.flush();
+}
+
+void CppFormatter::writePass(Cpp::RootNode& node) {
+    // The mark is no text: with it in the line, the first construct would begin in a wrong column.
+    if (sourceText().starts_with(kByteOrderMark)) {
+        input_.readThrough({1, static_cast<std::uint32_t>(kByteOrderMark.size())});
+    }
+    const Edge edge(*this, options_.leftMargin.value, !options_.leftMargin.set);
+    writeChildren(node, noWs());
+    endShapes({source_.lineCount() + 1, 1}, noWs());
+    writeSource(readRest());
 }
 
 std::string_view CppFormatter::readUpTo(const Position& position) {
@@ -213,10 +217,12 @@ void CppFormatter::beginDeclaration(const Cpp::SyntaxNode& node) {
     const Position start = node.start();
     if (!takePending(start, ws)) return;
     const std::string_view gap = readUpTo(start);
+    const std::string_view value = onOneLine(ws, gap, isOneLiner(node));
+    if (value.data() != ws.data()) lineNote_ = {source_.offsetOf(start), output_.line()};
     if (sourceChar(start) == '{') {
-        moveGapEnd(gap, ws, base());
+        moveGapEnd(gap, value, base());
     } else {
-        writeGapEnd(gap, ws, base());
+        writeGapEnd(gap, value, base());
     }
 }
 

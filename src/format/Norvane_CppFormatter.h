@@ -15,6 +15,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace Norvane {
@@ -137,6 +138,12 @@ private:
         bool holds(std::size_t offset) const { return begin <= offset && offset < end; }
     };
 
+    /// A statement that shares its line with what stands in front of it, such as a case label.
+    struct LineNote {
+        std::size_t begin = std::string_view::npos; // source offset of what stands in front
+        int line = 0;                               // of the output
+    };
+
     struct FnHead;
     struct DataLine;
 
@@ -214,6 +221,19 @@ private:
     int closeColumn() const;
     void writeCloseBraceOnLine(const Cpp::InteriorNode& node, int column);
 
+    // Constructs that stay on one line.
+    class OneLine;
+    void writeText(Cpp::RootNode& node);
+    void writePass(Cpp::RootNode& node);
+    void beginAgain();
+    bool isOneLiner(const Position& start, const Position& end) const;
+    bool isOneLiner(const Cpp::SyntaxNode& node) const;
+    std::string_view onOneLine(std::string_view value, std::string_view gap, bool oneLine) const;
+    const OptionalString& onOneLine(const OptionalString& option, bool oneLine) const;
+    const OptionalString& withinBraces(const OptionalString& option) const;
+    void noteLine(std::size_t begin, int line);
+    void settleLineNote();
+
     // What constructs hand on to each other.
     void pushPending(const OptionalString& option);
     bool takePending(const Position& start, std::string_view& value);
@@ -224,8 +244,9 @@ private:
     // Bodies and lists.
     static bool hasBrace(const Cpp::InteriorNode& node);
     void writeChildren(Cpp::InteriorNode& node, const OptionalString& indent);
-    void writeBehindLabel(const Cpp::SyntaxNode& next);
+    void writeBehindLabel(const Cpp::SyntaxNode& label, const Cpp::SyntaxNode& next);
     void writeBody(Cpp::InteriorNode& node, const BodyStyle& style);
+    void writeBracedBody(Cpp::InteriorNode& node, const BodyStyle& style);
     void writeBodyStart(const Cpp::InteriorNode& node, const BodyStyle& style, bool braced);
     bool isHeadNote(const Cpp::InteriorNode& body) const;
     void writeOpenBrace(const Cpp::InteriorNode& node, const BodyStyle& style);
@@ -233,6 +254,7 @@ private:
     void writeEmptyBraces(const Cpp::InteriorNode& node, const BodyStyle& style);
     void writeAfterOpen(std::string_view gap, std::string_view value);
     void writeList(Cpp::InteriorNode& list, const ListStyle& style);
+    void writeListOf(const std::vector<Cpp::SyntaxNode*>& elements, const ListStyle& style);
     void writeElementsOf(const std::vector<Cpp::SyntaxNode*>& elements, const ListStyle& style);
     void writeListGap(const Cpp::SyntaxNode& element, const Cpp::SyntaxNode& next, const ListStyle& style);
     void writePlainListGap(std::string_view gap, const ListStyle& style);
@@ -240,6 +262,7 @@ private:
 
     // Classes.
     bool endsWithBody(const Cpp::ClassDeclNode& node) const;
+    void writeColonOf(const Cpp::InteriorNode& list, const OptionalString& wsBefore, const OptionalString& wsAfter);
     void writeColon(std::string_view gap, const OptionalString& wsBefore, const OptionalString& wsAfter,
                     const Base& base);
     void writeFrontEnd(std::string_view front, const std::string& value, const Base& base);
@@ -249,7 +272,7 @@ private:
     Base writeFnHead(Cpp::FunctionDeclNode& node);
     void writeFnName(const Cpp::FunctionDeclNode& node, FnHead& fn);
     void writeNameWithoutType(FnHead& fn);
-    const OptionalString& wsAfterReturnType(const FnHead& fn) const;
+    const OptionalString& wsAfterReturnType(const FnHead& fn);
     void writeReturnType(FnHead& fn, std::string_view text);
     void writePointerReturn(FnHead& fn, std::string_view text);
     void writeAlignedReturn(FnHead& fn, std::string_view text);
@@ -287,6 +310,7 @@ private:
     Base beginBlock(const Cpp::BlockNode& node);
     void writeBlockOnNewLine(const Cpp::BlockNode& node);
     Base lineBase();
+    void breakParts(const Cpp::CtrlStmtNode& node);
     bool isFunctionTry(const Cpp::CtrlStmtNode& node) const;
     void joinElseIf(const Position& start);
     const OptionalString& separatorOf(const Cpp::CtrlStmtNode& node) const;
@@ -340,6 +364,13 @@ private:
     bool templateColumnPending_ = false;
     std::size_t templateBases_ = 0;
     std::size_t templateEnd_ = 0;
+
+    /// Source offsets of the constructs that the passes so far have found too long for one line, and
+    /// of those that the current pass finds.
+    std::unordered_set<std::size_t> broken_;
+    std::vector<std::size_t> overlong_;
+    bool isLastPass_ = false;
+    LineNote lineNote_;
 
     // Filled at the root, only read afterwards.
     std::vector<Region> regions_; // in the order of the text

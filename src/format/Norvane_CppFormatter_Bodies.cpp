@@ -5,6 +5,7 @@
 #include "src/format/Norvane_CppFormatter_Text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Norvane {
 
@@ -48,6 +49,7 @@ bool CppFormatter::hasBrace(const Cpp::InteriorNode& node) {
 void CppFormatter::writeChildren(Cpp::InteriorNode& node, const OptionalString& indent) {
     const Edge edge(*this, indent);
     const ChildScope scope(*this);
+    const LineNote outer = std::exchange(lineNote_, LineNote());
     for (auto it = node.childBegin(); it != node.childEnd(); ++it) {
         // Only the declarators right behind a class body belong to it.
         if (afterClassBody_ && dynamic_cast<const Cpp::DataDeclNode*>(it->get()) == nullptr) {
@@ -56,18 +58,24 @@ void CppFormatter::writeChildren(Cpp::InteriorNode& node, const OptionalString& 
         beginChild(**it);
         (*it)->accept(*this);
         endChild(**it);
+        settleLineNote();
         if (!afterCaseLabel_) continue;
         afterCaseLabel_ = false;
-        if (const auto next = std::next(it); next != node.childEnd()) writeBehindLabel(**next);
+        if (const auto next = std::next(it); next != node.childEnd()) writeBehindLabel(**it, **next);
     }
+    lineNote_ = outer;
 }
 
 // The white space of the label is left to what follows where that has rules of its own: a directive
 // stands on its own line, and the gap in front of a block belongs to its brace.
-void CppFormatter::writeBehindLabel(const Cpp::SyntaxNode& next) {
+void CppFormatter::writeBehindLabel(const Cpp::SyntaxNode& label, const Cpp::SyntaxNode& next) {
     if (!options_.wsAfterCsCaseLabels.set || isDirective(next)) return;
     if (options_.globalWsBeforeOpenBrace.set && sourceChar(next.start()) == '{') return;
-    const std::string_view value = options_.wsAfterCsCaseLabels.value;
+    std::string_view value = options_.wsAfterCsCaseLabels.value;
+    if (hasLineFeed(value) && isOneLiner(label.start(), next.end())) {
+        lineNote_ = {source_.offsetOf(label.start()), output_.line()};
+        value = " ";
+    }
     const std::string_view gap = readGapBefore(next, value);
     if (isBlank(gap) && staysBroken(gap, value)) {
         writeSource(gap);
@@ -100,17 +108,22 @@ void CppFormatter::writeInPlace(std::string_view value, const Cpp::SyntaxNode& c
 
 void CppFormatter::writeBody(Cpp::InteriorNode& node, const BodyStyle& style) {
     const bool braced = hasBrace(node);
+    const bool oneLine = isOneLiner(node);
     writeBodyStart(node, style, braced);
+    const OneLine line(*this, node.start(), oneLine);
+    if (oneLine && braced) return writeBracedBody(node, {style.indent, withinBraces(style.wsAfterOpen), withinBraces(style.wsBeforeClose)});
+    if (braced) return writeBracedBody(node, style);
     if (node.empty()) {
-        if (braced) return writeEmptyBraces(node, style);
         const Edge edge(*this, style.indent);
         return copyThrough(node.end());
     }
-    if (!braced) {
-        const ShapeScope shape(*this);
-        writeChildren(node, style.indent);
-        return copyThrough(node.end());
-    }
+    const ShapeScope shape(*this);
+    writeChildren(node, style.indent);
+    copyThrough(node.end());
+}
+
+void CppFormatter::writeBracedBody(Cpp::InteriorNode& node, const BodyStyle& style) {
+    if (node.empty()) return writeEmptyBraces(node, style);
     copyThrough(node.start());
     const int column = closeColumn();
     const ShapeScope shape(*this);
@@ -126,11 +139,12 @@ void CppFormatter::writeBodyStart(const Cpp::InteriorNode& node, const BodyStyle
     if (braced) {
         const std::string_view gap = readUpTo(node.start());
         if (gapIsInRegion_) return writeSource(gap);
-        const GapEnd end = splitGapEnd(gap, value);
+        const GapEnd end = splitGapEnd(gap, onOneLine(value, gap, isOneLiner(node)));
         writeKept(end.kept, holdsLineComment(gap) ? style.indent : noWs());
         return writeAtBase(end.value, base());
     }
     const Cpp::SyntaxNode& first = node.empty() ? static_cast<const Cpp::SyntaxNode&>(node) : *node.child(0);
+    value = onOneLine(value, input_.peekUpTo(first.start()), isOneLiner(node));
     const std::string_view gap = readGapBefore(first, value);
     const GapEnd end = splitGapEnd(gap, value);
     const ShapeScope shape(*this);
@@ -219,8 +233,9 @@ void CppFormatter::writeEmptyBraces(const Cpp::InteriorNode& node, const BodySty
     const int column = closeColumn();
     const ShapeScope shape(*this);
     const std::string_view gap = readUpTo(node.end());
-    const OptionalString& after = style.wsAfterOpen;
-    const OptionalString& before = style.wsBeforeClose;
+    const bool oneLine = isOneLiner(node) && isBlank(gap);
+    const OptionalString& after = oneLine ? noWs() : style.wsAfterOpen;
+    const OptionalString& before = oneLine ? noWs() : style.wsBeforeClose;
     const bool stays = isBlank(gap) && staysBroken(gap, after.breaksLine() ? after.value : before.value);
     if ((!after.set && !before.set) || stays) {
         writeKept(gap, style.indent);
@@ -245,6 +260,13 @@ void CppFormatter::writeEmptyBraces(const Cpp::InteriorNode& node, const BodySty
 void CppFormatter::writeList(Cpp::InteriorNode& list, const ListStyle& style) {
     const std::vector<Cpp::SyntaxNode*> elements = elementsInOrder(list);
     if (elements.empty()) return;
+    const bool oneLine = isOneLiner(list);
+    const OneLine line(*this, list.start(), oneLine);
+    writeListOf(elements, {style.wsComma.breaksLine() && oneLine ? noWs() : style.wsComma,
+                           onOneLine(style.wsBetween, oneLine), style.rows});
+}
+
+void CppFormatter::writeListOf(const std::vector<Cpp::SyntaxNode*>& elements, const ListStyle& style) {
     const bool breaks = style.wsComma.breaksLine() || style.wsBetween.breaksLine();
     if (!breaks && !style.rows) return writeElementsOf(elements, style);
     const Base first = beginAt(elements.front()->start());

@@ -62,11 +62,18 @@ void CppFormatter::visit(Cpp::BaseClauseListNode& node) {
     OptionalString wsBefore;
     std::string_view value;
     if (takePending(node.start(), value)) wsBefore = {true, std::string(value)};
-    writeColon(readUpTo(node.start()), wsBefore, options_.wsBeforeBaseClauses, base());
+    writeColonOf(node, wsBefore, options_.wsBeforeBaseClauses);
     const bool aligned = options_.alignBaseClausesLeft;
     writeList(node, {options_.wsBeforeBaseClausesComma,
                      aligned && !options_.keepLineBreaks ? lineFeedWs() : options_.wsBetweenBaseClauses,
                      aligned && options_.keepLineBreaks});
+}
+
+void CppFormatter::writeColonOf(const Cpp::InteriorNode& list, const OptionalString& wsBefore,
+                                const OptionalString& wsAfter) {
+    const std::string_view gap = readUpTo(list.start());
+    const bool oneLine = isOneLiner(list) && !hasLineFeed(gap);
+    writeColon(gap, onOneLine(wsBefore, oneLine), onOneLine(wsAfter, oneLine), base());
 }
 
 // The colon in front of a list is no node: it lies in the gap.
@@ -152,7 +159,7 @@ void CppFormatter::visit(Cpp::InitializerListNode& node) {
     OptionalString wsBefore;
     std::string_view value;
     if (takePending(node.start(), value)) wsBefore = {true, std::string(value)};
-    writeColon(readUpTo(node.start()), wsBefore, options_.wsBeforeClassInits, base());
+    writeColonOf(node, wsBefore, options_.wsBeforeClassInits);
     writeList(node, {options_.wsBeforeClassInitsComma, options_.wsBetweenClassInits});
 }
 

@@ -26,11 +26,15 @@ void CppFormatter::visit(Cpp::EnumBodyNode& node) {
     if (node.empty() || !isList || !hasBrace(node)) return writeBody(node, style);
     writeBodyStart(node, style, true);
     copyThrough(node.start());
+    const bool oneLine = isOneLiner(node);
+    const OneLine line(*this, node.start(), oneLine);
+    const BodyStyle used{style.indent, oneLine ? withinBraces(style.wsAfterOpen) : style.wsAfterOpen,
+                         oneLine ? withinBraces(style.wsBeforeClose) : style.wsBeforeClose};
     const int column = closeColumn();
     const ShapeScope shape(*this);
-    writeOpenBrace(node, style);
+    writeOpenBrace(node, used);
     writeElements(node);
-    writeCloseBrace(node, style, column);
+    writeCloseBrace(node, used, column);
 }
 
 // A value between the elements that breaks no line joins those that no line comment and no directive
@@ -53,9 +57,12 @@ bool CppFormatter::onSeparateLines(const Cpp::EnumBodyNode& node) const {
 // The elements are laid out as one text, commas and comments included.
 void CppFormatter::writeElements(const Cpp::EnumBodyNode& node) {
     const Edge edge(*this, options_.indentEnumContent);
-    const OptionalString& comma = options_.wsBeforeEnumComma;
-    const OptionalString& between = options_.wsBetweenEnumElements;
-    std::string text(readThrough(node.child(node.size() - 1)->end()));
+    const Cpp::SyntaxNode& last = *node.child(node.size() - 1);
+    const bool oneLine = isOneLiner(node.child(0)->start(), last.end());
+    const OneLine line(*this, node.child(0)->start(), oneLine);
+    const OptionalString& comma = onOneLine(options_.wsBeforeEnumComma, oneLine);
+    const OptionalString& between = onOneLine(options_.wsBetweenEnumElements, oneLine);
+    std::string text(readThrough(last.end()));
     Zelmar::IndentStreamState state = output_.state();
     if (sourceOwnsEdge() && (comma.breaksLine() || between.breaksLine())) {
         // The lines to come get the indentation of the first one.

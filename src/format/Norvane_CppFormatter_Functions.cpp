@@ -97,8 +97,11 @@ void CppFormatter::writeNameWithoutType(FnHead& fn) {
     if (!fn.hadTemplate) fn.column = constructHere();
 }
 
-const OptionalString& CppFormatter::wsAfterReturnType(const FnHead& fn) const {
-    return fn.isDefinition ? options_.wsAfterFnDefnReturnType : options_.wsAfterFnDeclReturnType;
+const OptionalString& CppFormatter::wsAfterReturnType(const FnHead& fn) {
+    const OptionalString& option = fn.isDefinition ? options_.wsAfterFnDefnReturnType : options_.wsAfterFnDeclReturnType;
+    const bool oneLine = isOneLiner(fn.node);
+    if (oneLine && option.breaksLine()) lineNote_ = {source_.offsetOf(fn.node.start()), output_.line()};
+    return onOneLine(option, oneLine);
 }
 
 void CppFormatter::writeReturnType(FnHead& fn, std::string_view text) {

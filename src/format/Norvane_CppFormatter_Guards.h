@@ -43,6 +43,23 @@ private:
     bool changed_ = false;
 };
 
+/// Looks at its end whether a construct that was to stay on one line has done so.
+class CppFormatter::OneLine {
+public:
+    OneLine(CppFormatter& formatter, const Position& start, bool active)
+        : formatter_(formatter), begin_(formatter.source_.offsetOf(start)), line_(active ? formatter.output_.line() : 0) {}
+    ~OneLine() {
+        if (line_ > 0) formatter_.noteLine(begin_, line_);
+    }
+    OneLine(const OneLine&) = delete;
+    OneLine& operator=(const OneLine&) = delete;
+
+private:
+    CppFormatter& formatter_;
+    std::size_t begin_;
+    int line_; // of the output; 0 if there is nothing to look at
+};
+
 /// Lets no statement keep its shape: what is written in the scope goes by the rules until the next
 /// statement in it begins. At the end the one around goes on.
 class CppFormatter::ShapeScope {

@@ -52,8 +52,9 @@ void CppFormatter::visit(Cpp::BlockNode& node) {
 }
 
 CppFormatter::Base CppFormatter::beginBlock(const Cpp::BlockNode& node) {
-    const OptionalString& option = options_.globalWsBeforeOpenBrace;
     const Position start = node.start();
+    const bool oneLine = isOneLiner(node) && !hasLineFeed(input_.peekUpTo(start));
+    const OptionalString& option = onOneLine(options_.globalWsBeforeOpenBrace, oneLine);
     if (option.set && output_.column() == 0 && isBlank(input_.peekUpTo(start))) {
         writeBlockOnNewLine(node);
     } else if (option.set) {
@@ -100,7 +101,10 @@ void CppFormatter::visit(Cpp::CtrlStmtNode& node) {
         if (isFunctionTry(node)) column = lineBase();
     }
     const BaseScope scope(*this, column);
-    const OptionalString& separator = separatorOf(node);
+    const bool oneLine = isOneLiner(node);
+    if (!oneLine && options_.keepOneLiners && node.start().line == node.end().line) breakParts(node);
+    const OneLine line(*this, node.start(), oneLine);
+    const OptionalString& separator = onOneLine(separatorOf(node), oneLine);
     bool previousNoted = false;
     for (auto it = node.childBegin(); it != node.childEnd(); ++it) {
         const bool noted = isNote(**it);
@@ -110,6 +114,14 @@ void CppFormatter::visit(Cpp::CtrlStmtNode& node) {
         if (it != node.childBegin()) armShape(**it);
         (*it)->accept(*this);
         previousNoted = noted;
+    }
+}
+
+// Of a statement that is too long for its line no part stays on one either.
+void CppFormatter::breakParts(const Cpp::CtrlStmtNode& node) {
+    for (std::size_t i = 0; i < node.size(); ++i) {
+        const auto* part = dynamic_cast<const Cpp::CtrlSubStmtNode*>(node.child(i));
+        if (part != nullptr && part->block() != nullptr) broken_.insert(source_.offsetOf(part->block()->start()));
     }
 }
 

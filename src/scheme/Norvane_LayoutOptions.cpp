@@ -95,6 +95,7 @@ constexpr Row<OptionalString> kStrings[] = {
     {"WS_BETWEEN_ASTERISK_ANCHOR", &LayoutOptions::wsBetweenAsteriskAnchor},
     {"WS_BETWEEN_AMPERSAND_ANCHOR", &LayoutOptions::wsBetweenAmpersandAnchor},
     {"WRAP_INDENT", &LayoutOptions::wrapIndent},
+    {"WS_WITHIN_ONE_LINE_BRACES", &LayoutOptions::wsWithinOneLineBraces},
 };
 
 constexpr Row<bool> kSwitches[] = {
@@ -111,6 +112,7 @@ constexpr Row<bool> kSwitches[] = {
     {"HANGING_ASTERISK", &LayoutOptions::hangingAsterisk},
     {"HANGING_AMPERSAND", &LayoutOptions::hangingAmpersand},
     {"KEEP_LINE_BREAKS", &LayoutOptions::keepLineBreaks},
+    {"KEEP_ONE_LINERS", &LayoutOptions::keepOneLiners},
     {"KEEP_SHAPE", &LayoutOptions::keepShape},
     {"ALIGN_FN_PARAMS_LEFT", &LayoutOptions::alignFnParamsLeft},
     {"ALIGN_TP_PARAMS_LEFT", &LayoutOptions::alignTpParamsLeft},

@@ -136,6 +136,8 @@ struct LayoutOptions {
     // The shape that the author has given a text.
     bool keepShape = false;
     bool keepLineBreaks = false;
+    bool keepOneLiners = false;
+    OptionalString wsWithinOneLineBraces;
 
     // 1 anchors a pointer mark to the name, 0 to the type, -1 leaves it.
     int asteriskAnchor = -1;

@@ -378,10 +378,17 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
          {"Keep line breaks",
           "Nothing that stands on lines of its own is joined: a value without a line feed acts where there is "
           "none, and lists are lined up in the lines they have; braces and \"else\" still move"}),
+    flag("KEEP_ONE_LINERS", Family::SourceLayout,
+         {"Keep one-liners",
+          "A body, a list or a statement that stands on one line stays there as long as it fits: values with "
+          "a line feed do not act in it"}),
     flag("KEEP_SHAPE", Family::SourceLayout,
          {"Keep the shape of statements",
           "A statement of several lines moves as a whole: lines that no other option places keep their "
           "distance from its first line"}),
+    space("WS_WITHIN_ONE_LINE_BRACES", Family::SourceLayout,
+          {"In the braces of a one-liner",
+           "White space inside the braces of a body that KEEP_ONE_LINERS leaves on one line"}),
 });
 
 constexpr Words kUsesGlobals = {"Use the global settings",
