@@ -97,7 +97,7 @@ void AddIn::OnConnection() {
         readSchemes();
         ReadRegOptions(host_, settings_, schemes_, options_);
         attempt([this] { convertSchemes(); });
-        chooseSchemes(schemes_, options_);
+        chooseSchemes(schemes_, shipped_, options_);
         registerCommands();
         host_.listen(*this);
         connected_ = true;
@@ -177,7 +177,7 @@ void AddIn::ShowKLOptions() {
         const auto accepted = host_.showOptions(edited, schemes_);
         if (accepted && *accepted) takeOver(edited);
         // Schemes may have been edited, renamed or removed even if the settings were not accepted.
-        chooseSchemes(schemes_, options_);
+        chooseSchemes(schemes_, shipped_, options_);
     });
 }
 

@@ -7,6 +7,8 @@
 
 #include <functional>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace Addin {
 
@@ -51,6 +53,10 @@ public:
     /// For hosts that check a result before it is written. None at first.
     void setGate(Gate gate) { bench_.gate = std::move(gate); }
 
+    /// Schemes that are part of the program, to be chosen like those of the user. None at first; for
+    /// the time before the connection.
+    void setShippedSchemes(std::vector<Norvane::PropertySet> schemes) { shipped_ = std::move(schemes); }
+
     const AddInOptions& options() const { return options_; }
     NorvaneUI::PropertySetStore& schemes() { return schemes_; }
 
@@ -71,6 +77,7 @@ private:
     Messages messages_;
     NorvaneUI::PropertySetStore schemes_;
     Settings settings_;
+    std::vector<Norvane::PropertySet> shipped_;
     bool connected_ = false;
     bool running_ = false;
 };

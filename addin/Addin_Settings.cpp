@@ -14,11 +14,14 @@ namespace {
 using NorvaneUI::FileKind;
 using NorvaneUI::FileStatus;
 
-void chooseScheme(const NorvaneUI::PropertySetStore& store, SchemeChoice& choice) {
+void chooseScheme(const NorvaneUI::PropertySetStore& store, const std::vector<Norvane::PropertySet>& shipped,
+                  SchemeChoice& choice) {
     choice.scheme.reset();
-    if (!choice.name.empty() && store.count(choice.name) != 0) {
-        choice.scheme = store.find(choice.name)->second.scheme;
+    if (choice.name.empty()) return;
+    for (const Norvane::PropertySet& scheme : shipped) {
+        if (scheme.getName() == choice.name) choice.scheme = scheme;
     }
+    if (store.count(choice.name) != 0) choice.scheme = store.find(choice.name)->second.scheme;
 }
 
 void tellOutcome(Host& host, Settings::Outcome outcome) {
@@ -97,10 +100,11 @@ Settings::Outcome Settings::create(const std::string& text) {
     return fileSystem_.create(path_, text) ? Outcome::notCreated : Outcome::done;
 }
 
-void chooseSchemes(const NorvaneUI::PropertySetStore& store, AddInOptions& options) {
-    chooseScheme(store, options.onFormat);
-    chooseScheme(store, options.onOpen);
-    chooseScheme(store, options.onClose);
+void chooseSchemes(const NorvaneUI::PropertySetStore& store, const std::vector<Norvane::PropertySet>& shipped,
+                   AddInOptions& options) {
+    for (SchemeChoice* choice : {&options.onFormat, &options.onOpen, &options.onClose}) {
+        chooseScheme(store, shipped, *choice);
+    }
 }
 
 void ReadRegOptions(Host& host, Settings& settings, const NorvaneUI::PropertySetStore& store,
@@ -116,7 +120,7 @@ void ReadRegOptions(Host& host, Settings& settings, const NorvaneUI::PropertySet
     settings.getBool("CreateBackups", options.createBackups);
     settings.getBool("PromptUnsaved", options.promptUnsaved);
     settings.getInt("MessagesThreshold", options.messagesThreshold);
-    chooseSchemes(store, options);
+    chooseSchemes(store, {}, options);
 }
 
 void WriteRegOptions(Host& host, Settings& settings, const AddInOptions& before, const AddInOptions& options) {

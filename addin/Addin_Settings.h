@@ -9,6 +9,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace Addin {
 
@@ -64,8 +65,10 @@ void ReadRegOptions(Host& host, Settings& settings, const NorvaneUI::PropertySet
 /// that nobody touched keeps its default, whatever that will be one day.
 void WriteRegOptions(Host& host, Settings& settings, const AddInOptions& before, const AddInOptions& options);
 
-/// Takes copies of the schemes that are chosen. One that `store` does not have counts as none.
-void chooseSchemes(const NorvaneUI::PropertySetStore& store, AddInOptions& options);
+/// Takes copies of the schemes that are chosen, from `store` or else from `shipped`. One that neither
+/// has counts as none.
+void chooseSchemes(const NorvaneUI::PropertySetStore& store, const std::vector<Norvane::PropertySet>& shipped,
+                   AddInOptions& options);
 
 } // namespace Addin
 

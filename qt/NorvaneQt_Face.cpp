@@ -28,7 +28,11 @@ QMessageBox::StandardButton showBox(QWidget* window, QMessageBox::Icon icon, con
     QMessageBox box(icon, QApplication::applicationDisplayName(), toQt(text), buttons, window);
     // A scheme may be called "<b>": names are no markup.
     box.setTextFormat(Qt::PlainText);
-    if (buttons.testFlag(QMessageBox::Cancel)) box.setEscapeButton(QMessageBox::Cancel);
+    if (buttons.testFlag(QMessageBox::Cancel)) {
+        // Neither Escape nor a Return that comes too early saves or loses anything.
+        box.setEscapeButton(QMessageBox::Cancel);
+        box.setDefaultButton(QMessageBox::Cancel);
+    }
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 

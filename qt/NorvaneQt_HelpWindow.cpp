@@ -40,9 +40,10 @@ HelpWindow::HelpWindow(QWidget* parent) : QTextBrowser(parent) {
 }
 
 bool HelpWindow::showTopic(const std::string& topic) {
-    if (Help::findTopic(topic) == nullptr) return false;
-    setSource(QUrl(toQt(topic)));
+    if (Help::findTopic(topic.substr(0, topic.find('#'))) == nullptr) return false;
+    // The place on a page is found by the size of the window.
     show();
+    setSource(QUrl(toQt(topic)));
     raise();
     activateWindow();
     return true;

@@ -13,7 +13,7 @@ class HelpWindow : public QTextBrowser {
 public:
     explicit HelpWindow(QWidget* parent);
 
-    /// The file of a page, such as "Classes.htm". False, with the window as it was, if there is none.
+    /// The file of a page, such as "Classes.htm", and behind a "#" the option to open it at. False, with the window as it was, if there is none.
     bool showTopic(const std::string& topic);
 
 protected:

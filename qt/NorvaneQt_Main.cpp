@@ -93,12 +93,14 @@ int main(int argc, char** argv) {
 
     Zelmar::Trace::setStream(nullptr);
     NorvaneUI::DiskFileSystem files;
-    WindowHost host(files, {Addin::userSchemeFolder(), Addin::userSettingsFile()}, shippedSchemes());
+    const std::vector<Norvane::PropertySet> shipped = shippedSchemes();
+    WindowHost host(files, {Addin::userSchemeFolder(), Addin::userSettingsFile()}, shipped);
     host.setStart(switches.start);
     if (!switches.screenshots.isEmpty()) {
         host.setWindowAction([&](OptionsWindow& window) { takeScreenshotsThenQuit(window, switches.screenshots); });
     }
     Addin::AddIn addIn(host, files);
+    addIn.setShippedSchemes(shipped);
     addIn.OnConnection();
     addIn.ShowKLOptions();
     addIn.OnDisconnection();

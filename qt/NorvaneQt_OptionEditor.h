@@ -21,8 +21,6 @@ public:
     void setEditedAction(std::function<void()> action) { editedAction_ = std::move(action); }
 
     virtual void show(const NorvaneUI::Field& field) = 0;
-    /// Gives an option without a value one to begin with.
-    virtual void begin() = 0;
     /// The widget that takes the keys.
     virtual QWidget* input() = 0;
 

@@ -39,7 +39,7 @@ void OptionRow::setEditedAction(std::function<void()> action) {
 }
 
 void OptionRow::tick(bool on) {
-    if (on) editor_->begin();
+    if (on) page_.setFirstValue(option_);
     else page_.setAsInSource(option_);
     if (editedAction_) editedAction_();
     if (on) takeFocus();

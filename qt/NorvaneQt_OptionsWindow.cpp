@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
+#include <QSplitter>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -21,6 +22,8 @@ namespace NorvaneQt {
 namespace {
 
 constexpr const char* kSettingsTopic = "FormattingAddIn.htm";
+/// The window, its splitter, its tab.
+constexpr qsizetype kStateParts = 3;
 constexpr const char* kModifiedSettings =
     "You have changed settings. Choose Yes to save the changes, No to discard the changes and Cancel to return to "
     "the settings.";
@@ -51,20 +54,34 @@ OptionsWindow::OptionsWindow(Face& face, NorvaneUI::StylesDlg& styles, NorvaneUI
     column->addLayout(row);
     addButtons(*row);
     addShortcuts();
-    settingsAtFirst_ = shownSettings();
-    QObject::connect(tabs_, &QTabWidget::currentChanged, this, [this] {
-        settings_.changeSchemes(saved_());
-        settingsView_->refresh();
-        refreshButtons();
-    });
+    styles_.setFolderAction([this](const NorvaneUI::StylesDlg::Saved& done) { followFolder(done); });
+    QObject::connect(tabs_, &QTabWidget::currentChanged, this, [this] { refreshButtons(); });
     schemesView_->setRefreshAction([this] { refreshButtons(); });
     face_.setWindow(this);
     face_.setFocusAction([this](std::string_view control) { focusControl(control); });
     refreshButtons();
     resize(firstSize(*this));
+    openAsLeft();
+}
+
+/// What was kept may be from another program, or another time of this one: what is no such state
+/// changes nothing.
+void OptionsWindow::openAsLeft() {
+    const QList<QByteArray> parts = QByteArray::fromStdString(styles_.windowState()).split(' ');
+    if (parts.size() != kStateParts) return;
+    restoreGeometry(QByteArray::fromBase64(parts[0]));
+    schemesView_->splitter().restoreState(QByteArray::fromBase64(parts[1]));
+    tabs_->setCurrentIndex(parts[2].toInt());
+}
+
+void OptionsWindow::keepPlace() {
+    const QByteArray state = saveGeometry().toBase64() + ' ' + schemesView_->splitter().saveState().toBase64() + ' ' +
+                             QByteArray::number(tabs_->currentIndex());
+    styles_.setWindowState(state.toStdString());
 }
 
 OptionsWindow::~OptionsWindow() {
+    styles_.setFolderAction({});
     face_.setWindow(nullptr);
     face_.setFocusAction({});
 }
@@ -121,7 +138,10 @@ void OptionsWindow::focusControl(std::string_view control) {
 
 void OptionsWindow::showHelp() {
     const bool onSchemes = tabs_->currentWidget() == schemesView_;
-    if (help_) help_(onSchemes ? styles_.sheet().currentPage().helpTopic() : kSettingsTopic);
+    std::string topic = onSchemes ? styles_.sheet().currentPage().helpTopic() : kSettingsTopic;
+    const std::string option = onSchemes ? schemesView_->focusedOption() : std::string();
+    if (!option.empty()) topic += '#' + option;
+    if (help_) help_(topic);
 }
 
 void OptionsWindow::togglePreview() {
@@ -136,48 +156,32 @@ void OptionsWindow::showPage(NorvaneUI::PageId id) {
 
 void OptionsWindow::showSettings() { tabs_->setCurrentWidget(settingsView_); }
 
-std::string OptionsWindow::shownSettings() const {
-    using Action = NorvaneUI::OptionsDlg::Action;
-    std::string all;
-    for (const Action action : {Action::Format, Action::Open, Action::Close}) {
-        all += settings_.schemeItems()[settings_.chosenScheme(action)].name + '\0';
-    }
-    all += settings_.shownFileExtensions() + '\0' + settings_.shownBackupExtension() + '\0';
-    all += std::to_string(settings_.chosenThreshold());
-    all += settings_.shownPromptUnsaved() ? 'p' : '-';
-    all += settings_.shownCreateBackups() ? 'b' : '-';
-    return all;
-}
-
-/// A saved scheme that has another name is still the one that was chosen.
-void OptionsWindow::followRenames() {
-    for (const auto& [before, after] : styles_.renamedSchemes()) {
-        settings_.renameScheme(before, after);
-        keepsSettings_ = true;
-    }
+/// A saved scheme that has another name is still the one that was chosen. This is no edit of the
+/// settings: it is kept even if the user drops those.
+void OptionsWindow::followFolder(const NorvaneUI::StylesDlg::Saved& saved) {
+    settings_.changeSchemes(saved_());
+    for (const auto& [before, after] : saved.renamed) settings_.renameScheme(before, after);
+    for (const std::string& name : saved.removed) settings_.removeScheme(name);
+    keepsSettings_ = keepsSettings_ || !saved.renamed.empty() || !saved.removed.empty();
+    settingsView_->refresh();
 }
 
 void OptionsWindow::accept() {
-    if (!settings_.accept(face_) || !styles_.accept()) return;
+    keepPlace();
+    if (!settings_.check(face_) || !styles_.accept()) return;
+    settings_.commit();
     keepsSettings_ = true;
-    followRenames();
     QDialog::accept();
 }
 
-/// False if the user goes back to the window.
-bool OptionsWindow::settleSettings() {
-    if (shownSettings() == settingsAtFirst_) return true;
-    const NorvaneUI::Answer answer = face_.ask(kModifiedSettings);
-    if (answer == NorvaneUI::Answer::cancel) return false;
-    if (answer == NorvaneUI::Answer::no) return true;
-    keepsSettings_ = settings_.accept(face_);
-    return keepsSettings_;
-}
-
 void OptionsWindow::reject() {
-    keepsSettings_ = false;
-    if (!settleSettings() || !styles_.close()) return;
-    followRenames();
+    const NorvaneUI::Answer settings = settings_.isModified() ? face_.ask(kModifiedSettings) : NorvaneUI::Answer::no;
+    if (settings == NorvaneUI::Answer::cancel) return;
+    const bool keeps = settings == NorvaneUI::Answer::yes;
+    keepPlace();
+    if ((keeps && !settings_.check(face_)) || !styles_.close()) return;
+    if (keeps) settings_.commit();
+    keepsSettings_ = keepsSettings_ || keeps;
     QDialog::reject();
 }
 

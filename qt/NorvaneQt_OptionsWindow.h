@@ -23,13 +23,15 @@ class SettingsView;
 /// The window of all options: the schemes, and the settings that say when they are applied.
 ///
 /// It is left in two ways. OK saves everything; Cancel, the cross and Escape ask what to do with
-/// edits, if there are any. Whoever shows it takes the settings over if keepsSettings() then.
+/// edits, if there are any. Whoever shows it takes the settings over if keepsSettings() then. It opens
+/// where it was left, and divided as it was.
 class OptionsWindow : public QDialog {
 public:
     using HelpAction = std::function<void(const std::string& topic)>;
     using SchemeList = std::function<NorvaneUI::PropertySetStore::SchemeMap()>;
 
-    /// `face`, `styles` and `settings` outlive the window; `settings` is open. `saved` tells the
+    /// `face`, `styles` and `settings` outlive the window; `settings` is open. `help` gets a page, and
+    /// behind a "#" the option that the user is at. `saved` tells the
     /// schemes that are saved now.
     OptionsWindow(Face& face, NorvaneUI::StylesDlg& styles, NorvaneUI::OptionsDlg& settings, SchemeList saved,
                   HelpAction help);
@@ -52,18 +54,16 @@ private:
     void focusControl(std::string_view control);
     void showHelp();
     void togglePreview();
-    /// What the controls of the settings say.
-    std::string shownSettings() const;
-    bool settleSettings();
-    void followRenames();
+    void followFolder(const NorvaneUI::StylesDlg::Saved& saved);
     void reread();
+    void openAsLeft();
+    void keepPlace();
 
     Face& face_;
     NorvaneUI::StylesDlg& styles_;
     NorvaneUI::OptionsDlg& settings_;
     SchemeList saved_;
     HelpAction help_;
-    std::string settingsAtFirst_;
     bool keepsSettings_ = false;
     bool rereadWaits_ = false;
     // Owned by this widget.

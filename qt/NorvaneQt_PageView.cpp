@@ -24,6 +24,11 @@ constexpr std::size_t kBodyRows = 4;
 constexpr const char* kFirstHint =
     "With a tick, the scheme decides. Without one, the code stays as it is in the source.";
 
+/// The other button of a choice has no option to be called after.
+std::string ownSettingsName(const std::string& key) {
+    return key.substr(0, key.find("_USE_GLOBAL_SETTINGS")) + "_OWN_SETTINGS";
+}
+
 /// As tall as its longest text, so that the rows above do not jump when it changes.
 QLabel* makeHint(QWidget* parent) {
     auto* hint = new QLabel(QString::fromUtf8(kFirstHint), parent);
@@ -58,8 +63,10 @@ PageView::PageView(NorvaneUI::StylesBasePage& page, QWidget* parent)
     // The colour of whatever the page stands on.
     scroll_->viewport()->setAutoFillBackground(false);
     content->setAutoFillBackground(false);
-    scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll_->setMinimumWidth(content->minimumSizeHint().width() + scroll_->fontMetrics().height() * 2);
+    // Room for all of it if the screen has it; what is too wide for a small one can be scrolled to.
+    constexpr int fewestColumns = 40;
+    scroll_->setMinimumWidth(scroll_->fontMetrics().averageCharWidth() * fewestColumns);
+    width_ = content->minimumSizeHint().width() + scroll_->fontMetrics().height() * 2;
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     auto* title = new QLabel(QStringLiteral("<b>%1</b>").arg(toQt(page.info().title)));
@@ -77,6 +84,7 @@ void PageView::addGlobalChoice(QVBoxLayout& form) {
     globalSettings_->setToolTip(QStringLiteral("Takes the braces, the indent, the parens and the comma from the page "
                                                "Globals"));
     ownSettings_ = new QRadioButton(QStringLiteral("Use settings of this page's o&wn"));
+    ownSettings_->setObjectName(toQt(ownSettingsName(page_.useGlobalSettingsKey())));
     globalNote_ = new QLabel;
     globalNote_->setObjectName(QStringLiteral("globalNote"));
     globalNote_->setWordWrap(true);
@@ -145,7 +153,18 @@ void PageView::refresh() {
     globalSettings_->setEnabled(!page_.doNotFormat());
     ownSettings_->setEnabled(!page_.doNotFormat());
     globalNote_->setText(toQt(page_.globalSettingsNote()));
-    globalNote_->setVisible(page_.useGlobalSettings() && !globalNote_->text().isEmpty());
+    // Before the choice, too: it tells what the choice would bring.
+    globalNote_->setVisible(!page_.doNotFormat() && !globalNote_->text().isEmpty());
+}
+
+QSize PageView::sizeHint() const { return {std::max(width_, QWidget::sizeHint().width()), QWidget::sizeHint().height()}; }
+
+std::string PageView::focusedOption() const {
+    const QWidget* focus = window()->focusWidget();
+    if (focus == nullptr || !isAncestorOf(focus)) return {};
+    std::string name = fromQt(focus->objectName());
+    name.resize(std::min(name.size(), name.find(':')));
+    return page_.find(name) == nullptr ? std::string() : name;
 }
 
 void PageView::focusOption(std::string_view option) {

@@ -33,6 +33,10 @@ public:
     void refresh();
     /// To a row, or to one of the switches of the page, by the name of its option.
     void focusOption(std::string_view option);
+    /// The option of the row that has the focus; empty if none has.
+    std::string focusedOption() const;
+
+    QSize sizeHint() const override;
 
 private:
     void addGlobalChoice(QVBoxLayout& form);
@@ -51,6 +55,8 @@ private:
     QScrollArea* scroll_;
     QLabel* hint_;
     std::vector<OptionRow*> rows_;
+    /// At which nothing has to be scrolled to the side.
+    int width_ = 0;
 };
 
 } // namespace NorvaneQt

@@ -26,6 +26,7 @@ public:
 
 private:
     void showItems(const std::vector<NorvaneUI::StylesDlg::Item>& items);
+    void showWarnings();
     void saveAs();
     void restore();
 
@@ -35,7 +36,9 @@ private:
     // Owned by this widget.
     QComboBox* schemes_;
     QLabel* note_;
+    QLabel* warnings_;
     std::vector<QPushButton*> needScheme_;
+    QPushButton* bringBack_;
     QPushButton* restore_;
 };
 

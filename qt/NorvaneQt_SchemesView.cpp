@@ -15,7 +15,7 @@ namespace NorvaneQt {
 
 SchemesView::SchemesView(NorvaneUI::StylesDlg& dialog, QWidget* parent)
     : QWidget(parent), dialog_(dialog), bar_(new SchemeBar(dialog, this)), list_(new PageList(this)),
-      stack_(new QStackedWidget), preview_(new PreviewPane(dialog.sheet(), this)),
+      stack_(new QStackedWidget), preview_(new PreviewPane(dialog.sheet(), this)), splitter_(new QSplitter),
       runner_(dialog.sheet().preview().newest(), [this](const NorvaneUI::PreviewResult& result) {
           if (dialog_.sheet().finishPreview(result)) preview_->refresh();
       }) {
@@ -24,15 +24,15 @@ SchemesView::SchemesView(NorvaneUI::StylesDlg& dialog, QWidget* parent)
         views_.push_back(new PageView(*page, stack_));
         stack_->addWidget(views_.back());
     }
-    auto* splitter = new QSplitter;
-    splitter->addWidget(list_);
-    splitter->addWidget(stack_);
-    splitter->addWidget(preview_);
-    splitter->setStretchFactor(2, 1);
-    splitter->setChildrenCollapsible(false);
+    splitter_->setObjectName(QStringLiteral("splitter"));
+    splitter_->addWidget(list_);
+    splitter_->addWidget(stack_);
+    splitter_->addWidget(preview_);
+    splitter_->setStretchFactor(2, 1);
+    splitter_->setChildrenCollapsible(false);
     auto* column = new QVBoxLayout(this);
     column->addWidget(bar_);
-    column->addWidget(splitter, 1);
+    column->addWidget(splitter_, 1);
     list_->setPageAction([this](NorvaneUI::PageId id) { selectPage(id); });
     list_->setOptionAction([this](const std::string& option) { goTo(option); });
     dialog.setListAction([this] { refresh(); });
@@ -75,6 +75,8 @@ void SchemesView::focusOption(std::string_view option) {
 }
 
 void SchemesView::focusSearch() { list_->focusSearch(); }
+
+std::string SchemesView::focusedOption() { return currentView().focusedOption(); }
 
 void SchemesView::save() { bar_->save(); }
 

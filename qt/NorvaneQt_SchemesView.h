@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+class QSplitter;
 class QStackedWidget;
 
 namespace NorvaneQt {
@@ -36,6 +37,9 @@ public:
     /// To the control of an option, on the page that the sheet is at.
     void focusOption(std::string_view option);
     void focusSearch();
+    /// Empty if the focus is in no option.
+    std::string focusedOption();
+    QSplitter& splitter() { return *splitter_; }
     void save();
 
 private:
@@ -50,6 +54,7 @@ private:
     PageList* list_;
     QStackedWidget* stack_;
     PreviewPane* preview_;
+    QSplitter* splitter_;
     PreviewRunner runner_;
 };
 

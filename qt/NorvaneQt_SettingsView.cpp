@@ -29,8 +29,6 @@ SettingsView::SettingsView(NorvaneUI::OptionsDlg& dialog, QWidget* parent) : QWi
     addScheme(*form, "Scheme of the &format commands:", Action::Format);
     addScheme(*form, "Scheme when a document is &opened:", Action::Open);
     addScheme(*form, "Scheme before a document is &closed:", Action::Close);
-    noSchemes_ = new QLabel(QStringLiteral("You have no schemes of your own yet. Save one under Schemes to choose it here."));
-    form->addRow({}, noSchemes_);
     fileExtensions_ = addExtensions(*form, "File &extensions:", "fileExtensions");
     form->addRow({}, new QLabel(QStringLiteral("Files of other kinds are formatted only after a question.")));
     promptUnsaved_ = addBox(*form, "&Ask before an unsaved document is formatted", "promptUnsaved");
@@ -88,7 +86,6 @@ void SettingsView::refresh() {
         for (const auto& item : dialog_.schemeItems()) box.addItem(toQt(item.shown));
         box.setCurrentIndex(static_cast<int>(dialog_.chosenScheme(action)));
     }
-    noSchemes_->setVisible(dialog_.schemeItems().size() == 1);
     showText(*fileExtensions_, dialog_.shownFileExtensions());
     showText(*backupExtension_, dialog_.shownBackupExtension());
     backupExtension_->setEnabled(dialog_.isBackupExtensionEnabled());

@@ -11,7 +11,6 @@
 class QCheckBox;
 class QComboBox;
 class QFormLayout;
-class QLabel;
 class QLineEdit;
 
 namespace NorvaneQt {
@@ -35,7 +34,6 @@ private:
     NorvaneUI::OptionsDlg& dialog_;
     // Owned by this widget.
     std::array<QComboBox*, 3> schemes_{};
-    QLabel* noSchemes_;
     QLineEdit* fileExtensions_;
     QCheckBox* promptUnsaved_;
     QCheckBox* createBackups_;

@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QSpinBox>
@@ -19,8 +20,6 @@ namespace NorvaneQt {
 
 namespace {
 
-/// A first indent that does something, where nothing would be taken for "no value" again.
-constexpr int kFirstIndent = 4;
 /// What a spin box has below its smallest value, for "not set".
 constexpr int kNoCount = -1;
 
@@ -49,11 +48,27 @@ void showText(QLineEdit& field, const QString& text) {
     field.setText(text);
 }
 
+/// A box that can say in words that there is no number.
+class NumberBox : public QSpinBox {
+public:
+    using QSpinBox::QSpinBox;
+
+protected:
+    /// The words are no part of a number that is typed behind them: they give way to it.
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool isDigit = !event->text().isEmpty() && event->text().front().isDigit();
+        const bool isWords = value() == minimum();
+        if (isWords && (isDigit || event->matches(QKeySequence::Paste))) selectAll();
+        QSpinBox::keyPressEvent(event);
+    }
+};
+
 QSpinBox* makeSpinBox(QWidget* parent, int smallest, int largest, const QString& wordsForNone) {
-    auto* box = new QSpinBox(parent);
+    auto* box = new NumberBox(parent);
     box->setRange(smallest - 1, largest);
     box->setSpecialValueText(wordsForNone);
     leaveWheelToPage(*box);
+    leaveUndoToWindow(*box);
     return box;
 }
 
@@ -81,8 +96,6 @@ void WhiteSpaceEditor::show(const NorvaneUI::Field& field) {
     picture_->setValue(hasValue ? std::optional(NorvaneUI::decodeWhiteSpace(field.text)) : std::nullopt);
 }
 
-void WhiteSpaceEditor::begin() { page().typeText(option(), {}); }
-
 QWidget* WhiteSpaceEditor::input() { return text_; }
 
 IndentEditor::IndentEditor(NorvaneUI::StylesBasePage& page, std::string option)
@@ -99,6 +112,7 @@ IndentEditor::IndentEditor(NorvaneUI::StylesBasePage& page, std::string option)
     row->addStretch(1);
     text_->hide();
     QObject::connect(count_, &QSpinBox::valueChanged, this, [this] { store(); });
+    QObject::connect(count_, &QSpinBox::editingFinished, this, [this] { this->page().endTyping(); });
     QObject::connect(kind_, &QComboBox::activated, this, [this] { store(); });
     QObject::connect(text_, &QLineEdit::textEdited, this, [this](const QString& typed) {
         this->page().typeText(this->option(), fromQt(typed));
@@ -131,8 +145,6 @@ void IndentEditor::show(const NorvaneUI::Field& field) {
     count_->setVisible(!asText);
     kind_->setVisible(!asText);
 }
-
-void IndentEditor::begin() { page().setCount(option(), kFirstIndent, kind_->currentIndex() == 1); }
 
 QWidget* IndentEditor::input() { return count_->isHidden() ? static_cast<QWidget*>(text_) : count_; }
 
@@ -168,8 +180,6 @@ void ChoiceEditor::show(const NorvaneUI::Field& field) {
     box_->setCurrentIndex(field.set ? box_->findData(value) : -1);
 }
 
-void ChoiceEditor::begin() { choose(0); }
-
 QWidget* ChoiceEditor::input() { return box_; }
 
 NumberEditor::NumberEditor(NorvaneUI::StylesBasePage& page, const NorvaneUI::Field& field)
@@ -183,6 +193,7 @@ NumberEditor::NumberEditor(NorvaneUI::StylesBasePage& page, const NorvaneUI::Fie
         else this->page().setNumber(this->option(), value);
         tellEdited();
     });
+    QObject::connect(number_, &QSpinBox::editingFinished, this, [this] { this->page().endTyping(); });
 }
 
 void NumberEditor::show(const NorvaneUI::Field& field) {
@@ -192,8 +203,6 @@ void NumberEditor::show(const NorvaneUI::Field& field) {
     number_->setRange(smallest - 1, std::max(field.maximum, field.value));
     number_->setValue(field.set ? field.value : number_->minimum());
 }
-
-void NumberEditor::begin() { page().setNumber(option(), number_->minimum() + 1); }
 
 QWidget* NumberEditor::input() { return number_; }
 

@@ -19,7 +19,6 @@ public:
     WhiteSpaceEditor(NorvaneUI::StylesBasePage& page, std::string option);
 
     void show(const NorvaneUI::Field& field) override;
-    void begin() override;
     QWidget* input() override;
 
 private:
@@ -33,7 +32,6 @@ public:
     IndentEditor(NorvaneUI::StylesBasePage& page, std::string option);
 
     void show(const NorvaneUI::Field& field) override;
-    void begin() override;
     QWidget* input() override;
 
 private:
@@ -50,7 +48,6 @@ public:
     ChoiceEditor(NorvaneUI::StylesBasePage& page, const NorvaneUI::Field& field);
 
     void show(const NorvaneUI::Field& field) override;
-    void begin() override;
     QWidget* input() override;
 
 private:
@@ -66,7 +63,6 @@ public:
     NumberEditor(NorvaneUI::StylesBasePage& page, const NorvaneUI::Field& field);
 
     void show(const NorvaneUI::Field& field) override;
-    void begin() override;
     QWidget* input() override;
 
 private:

@@ -2,7 +2,6 @@
 
 #include <QEvent>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QPushButton>
 
 namespace NorvaneQt {
@@ -41,7 +40,7 @@ void leaveWheelToPage(QWidget& widget) {
     widget.installEventFilter(new WheelFilter(&widget));
 }
 
-void leaveUndoToWindow(QLineEdit& field) { field.installEventFilter(new UndoFilter(&field)); }
+void leaveUndoToWindow(QWidget& field) { field.installEventFilter(new UndoFilter(&field)); }
 
 QPushButton* makeButton(const QString& text, const char* name, QWidget* parent) {
     auto* button = new QPushButton(text, parent);

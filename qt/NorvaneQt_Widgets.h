@@ -3,7 +3,6 @@
 
 #include <QString>
 
-class QLineEdit;
 class QPushButton;
 class QWidget;
 
@@ -14,7 +13,7 @@ namespace NorvaneQt {
 void leaveWheelToPage(QWidget& widget);
 
 /// Undo and redo go to the window, which takes back steps of the scheme and not letters of a field.
-void leaveUndoToWindow(QLineEdit& field);
+void leaveUndoToWindow(QWidget& field);
 
 /// Return goes to no button that the user does not stand on. The button is owned by `parent`.
 QPushButton* makeButton(const QString& text, const char* name, QWidget* parent);

@@ -46,6 +46,7 @@ Addin::Result<bool> WindowHost::showOptions(Addin::AddInOptions& options, Norvan
     NorvaneUI::StylesDlg styles(face_, files_, state, schemes, shipped_);
     selectFirst(state, styles);
     NorvaneUI::OptionsDlg settings;
+    for (const Norvane::PropertySet& scheme : shipped_) settings.shipped.push_back(scheme.getName());
     settings.take(options, schemes.schemes());
     settings.open();
     OptionsWindow window(

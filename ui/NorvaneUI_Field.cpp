@@ -11,6 +11,8 @@ namespace NorvaneUI {
 namespace {
 
 constexpr std::int32_t kLargestCount = 99;
+/// An indent that does something: none at all would be taken for "no value" again.
+constexpr const char* kFirstIndent = "    ";
 
 /// Only tabs or only blanks, and no more than a count can say.
 bool isPlainIndent(std::string_view value) {
@@ -45,6 +47,7 @@ Field makeField(const PageOption& option) {
         field.explanation = info->description;
     }
     if (option.kind == ControlKind::Choice) field.choices = Norvane::propertyChoices(option.name);
+    field.first = option.first;
     field.minimum = option.minimum;
     field.maximum = option.kind == ControlKind::CountAndKind ? kLargestCount : option.maximum;
     return field;
@@ -65,6 +68,24 @@ void showValue(Field& field, const OptionValue& value) {
     const auto* text = std::get_if<std::string>(&value);
     if (text != nullptr && field.kind == ControlKind::CountAndKind) showIndent(field, *text);
     else if (text != nullptr) field.text = encodeWhiteSpace(*text);
+}
+
+OptionValue firstValue(const Field& field) {
+    switch (field.kind) {
+    case ControlKind::WhiteSpace: return std::string();
+    case ControlKind::CountAndKind: return std::string(kFirstIndent);
+    case ControlKind::Switch: return true;
+    case ControlKind::Number: return field.first;
+    case ControlKind::Choice: break;
+    }
+    const std::int32_t first = field.choices.empty() ? 0 : field.choices.front().value;
+    return numberValue(field, first);
+}
+
+OptionValue numberValue(const Field& field, std::int32_t number) {
+    const Norvane::PropertyInfo* info = Norvane::findProperty(field.option);
+    const bool isBool = info != nullptr && info->kind == Norvane::PropertyKind::Bool;
+    return isBool ? OptionValue(number != 0) : OptionValue(number);
 }
 
 std::string entryProblem(const Field& field, std::string_view typed) {

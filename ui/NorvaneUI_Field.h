@@ -24,6 +24,8 @@ struct Field {
     /// Both ends included. Only for Number and CountAndKind.
     std::int32_t minimum = 0;
     std::int32_t maximum = 0;
+    /// What it begins with when it gets a value. Only for Number.
+    std::int32_t first = 0;
 
     // The value. Those that do not belong to `kind`, or whose option is not set, are empty, 0, false.
     /// The scheme says something of the option. Without it, the source decides: that is different
@@ -53,6 +55,12 @@ Field makeField(const PageOption& option);
 
 /// Shows a value. What is fixed, and where the field stands, stays.
 void showValue(Field& field, const OptionValue& value);
+
+/// A number that was entered, as the kind of value that the option has.
+OptionValue numberValue(const Field& field, std::int32_t number);
+
+/// What the option begins with when the user ticks it, and has not said a value yet.
+OptionValue firstValue(const Field& field);
 
 /// Why `typed` is no value for the field; empty if it is one.
 std::string entryProblem(const Field& field, std::string_view typed);

@@ -48,6 +48,14 @@ void OptionsDlg::open() {
 void OptionsDlg::makeSchemeItems() {
     schemeItems_ = {{std::string(kNoFormatting), {}}};
     for (const auto& [name, entry] : schemes) schemeItems_.push_back({name, name});
+    for (const std::string& name : shipped) {
+        if (!isListed(name)) schemeItems_.push_back({name + std::string(Texts::kShipped), name});
+    }
+}
+
+bool OptionsDlg::isListed(const std::string& name) const {
+    return std::any_of(schemeItems_.begin(), schemeItems_.end(),
+                       [&](const SchemeItem& item) { return item.name == name; });
 }
 
 void OptionsDlg::changeSchemes(const PropertySetStore::SchemeMap& known) {
@@ -58,6 +66,13 @@ void OptionsDlg::changeSchemes(const PropertySetStore::SchemeMap& known) {
 void OptionsDlg::renameScheme(const std::string& before, const std::string& after) {
     for (std::string* name : {&onFormat, &onOpen, &onClose, &onFormat_, &onOpen_, &onClose_}) {
         if (*name == before) *name = after;
+    }
+}
+
+void OptionsDlg::removeScheme(const std::string& name) {
+    if (isListed(name)) return;
+    for (std::string* choice : {&onFormat, &onOpen, &onClose, &onFormat_, &onOpen_, &onClose_}) {
+        if (*choice == name) choice->clear();
     }
 }
 
@@ -105,7 +120,13 @@ void OptionsDlg::checkCreateBackups(bool on) {
     backupExtensionEnabled_ = on;
 }
 
-bool OptionsDlg::accept(DialogFace& face) {
+bool OptionsDlg::isModified() const {
+    return onFormat != onFormat_ || onOpen != onOpen_ || onClose != onClose_ || fileExtensions != fileExtensions_ ||
+           promptUnsaved != promptUnsaved_ || createBackups != createBackups_ ||
+           backupExtension != backupExtension_ || messagesThreshold != messagesThreshold_;
+}
+
+bool OptionsDlg::check(DialogFace& face) {
     backupExtensionEnabled_ = createBackups_;
     // None of the characters that separate extensions is one that an extension must not hold, so
     // all of them pass if the list passes as a whole.
@@ -115,6 +136,16 @@ bool OptionsDlg::accept(DialogFace& face) {
         backupExtensionEnabled_ = true;
         return refuseExtension(face, "backupExtension");
     }
+    return true;
+}
+
+bool OptionsDlg::accept(DialogFace& face) {
+    if (!check(face)) return false;
+    commit();
+    return true;
+}
+
+void OptionsDlg::commit() {
     onFormat = onFormat_;
     onOpen = onOpen_;
     onClose = onClose_;
@@ -123,7 +154,6 @@ bool OptionsDlg::accept(DialogFace& face) {
     createBackups = createBackups_;
     backupExtension = backupExtension_;
     messagesThreshold = messagesThreshold_;
-    return true;
 }
 
 bool OptionsDlg::refuseExtension(DialogFace& face, std::string_view control) const {

@@ -36,6 +36,10 @@ public:
     std::string backupExtension;
     int messagesThreshold = 1;
 
+    /// Names of schemes that are part of the program. One of the store with the same name stands in
+    /// front of them.
+    std::vector<std::string> shipped;
+
     void take(const Addin::AddInOptions& options, const PropertySetStore::SchemeMap& known);
     /// Requires: accepted.
     void giveTo(Addin::AddInOptions& options) const;
@@ -54,6 +58,8 @@ public:
     void changeSchemes(const PropertySetStore::SchemeMap& known);
     /// The scheme has another name from now on; choices follow it.
     void renameScheme(const std::string& before, const std::string& after);
+    /// The scheme is no more; what it was chosen for has none, unless another one has its name.
+    void removeScheme(const std::string& name);
 
     const std::vector<SchemeItem>& schemeItems() const { return schemeItems_; }
     /// Index of the item that is shown for an action.
@@ -74,15 +80,21 @@ public:
     void checkPromptUnsaved(bool on) { promptUnsaved_ = on; }
     void checkCreateBackups(bool on);
 
-    /// Reads the controls back into the members. Where an extension cannot be one, tells the user,
-    /// puts the focus there ("fileExtensions", "backupExtension") and returns false; members and
-    /// controls stay as they are then.
+    /// The controls say something else than the members.
+    bool isModified() const;
+    /// Where an extension cannot be one, tells the user, puts the focus there ("fileExtensions",
+    /// "backupExtension") and returns false.
+    bool check(DialogFace& face);
+    /// Reads the controls back into the members. Requires: they passed the check.
+    void commit();
+    /// Both, in one; members and controls stay as they are if it is false.
     bool accept(DialogFace& face);
 
 private:
     std::string& chosenName(Action action);
     const std::string& chosenName(Action action) const;
     void makeSchemeItems();
+    bool isListed(const std::string& name) const;
     bool refuseExtension(DialogFace& face, std::string_view control) const;
 
     std::vector<SchemeItem> schemeItems_;

@@ -7,22 +7,24 @@ namespace NorvaneUI {
 namespace {
 
 constexpr std::int32_t kLargestTab = 64;
+constexpr std::int32_t kUsualTab = 4;
 constexpr std::int32_t kLargestMargin = 999;
+constexpr std::int32_t kUsualMargin = 80;
 
 constexpr std::string_view kGlobalParen = "GLOBAL_WS_AFTER_OPEN_PAREN";
 constexpr std::string_view kGlobalCloseParen = "GLOBAL_WS_BEFORE_CLOSE_PAREN";
 constexpr std::string_view kGlobalComma = "GLOBAL_WS_BEFORE_COMMA";
 
 constexpr PageOption space(std::string_view name, std::string_view global = {}) {
-    return {name, ControlKind::WhiteSpace, 0, 0, global, true};
+    return {name, ControlKind::WhiteSpace, 0, 0, 0, global, true};
 }
 constexpr PageOption indent(std::string_view name, std::string_view global = {}) {
-    return {name, ControlKind::CountAndKind, 0, 0, global, true};
+    return {name, ControlKind::CountAndKind, 0, 0, 0, global, true};
 }
 constexpr PageOption flag(std::string_view name) { return {name, ControlKind::Switch}; }
 constexpr PageOption choice(std::string_view name) { return {name, ControlKind::Choice}; }
-constexpr PageOption number(std::string_view name, std::int32_t minimum, std::int32_t maximum) {
-    return {name, ControlKind::Number, minimum, maximum};
+constexpr PageOption number(std::string_view name, std::int32_t minimum, std::int32_t maximum, std::int32_t first) {
+    return {name, ControlKind::Number, minimum, maximum, first};
 }
 /// Acts on something that the do-not-format box of its page does not speak of.
 constexpr PageOption apart(PageOption option) {
@@ -50,7 +52,7 @@ constexpr auto kGlobals = std::to_array<PageOption>({
     space("GLOBAL_WS_BEFORE_CLOSE_PAREN"),
     space("GLOBAL_WS_BEFORE_COMMA"),
     apart(indent("LEFT_MARGIN")),
-    apart(number("TAB_SIZE", 1, kLargestTab)),
+    apart(number("TAB_SIZE", 1, kLargestTab, kUsualTab)),
     apart(choice("CONVERT_WS")),
     apart(flag("KEEP_LINE_BREAKS")),
     apart(flag("KEEP_SHAPE")),
@@ -153,7 +155,7 @@ constexpr auto kExpressions = std::to_array<PageOption>({
 // Nothing here acts without the first, so the box has to take out no other.
 constexpr auto kLineWrapping = std::to_array<PageOption>({
     flag("LINE_WRAP"),
-    apart(number("RIGHT_MARGIN", 0, kLargestMargin)),
+    apart(number("RIGHT_MARGIN", 0, kLargestMargin, kUsualMargin)),
     apart(choice("WRAP_STYLE")),
     apart(indent("WRAP_INDENT")),
     apart(choice("EXPR_WRAP_STYLE")),

@@ -41,9 +41,11 @@ enum class ControlKind {
 struct PageOption {
     std::string_view name;
     ControlKind kind;
-    /// What can be entered, both ends included. Only for Number.
+    /// What can be entered, both ends included, and what an option that had no value begins with. Only
+    /// for Number.
     std::int32_t minimum = 0;
     std::int32_t maximum = 0;
+    std::int32_t first = 0;
     /// The global option whose value is copied here while the page uses the global settings. Empty:
     /// none.
     std::string_view global = {};

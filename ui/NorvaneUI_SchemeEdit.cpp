@@ -10,15 +10,16 @@ SchemeEdit::SchemeEdit(Norvane::PropertySet scheme) : original_(scheme), scheme_
 
 bool SchemeEdit::isModified() const { return !isSameScheme(original_, scheme_); }
 
-void SchemeEdit::change(Norvane::PropertySet scheme, std::string_view option, bool typing) {
+void SchemeEdit::change(Norvane::PropertySet scheme, Shelves shelves, std::string_view option, bool typing) {
     if (isSameScheme(scheme, scheme_)) return;
     // A step holds a whole scheme, so this bounds the memory of a long session to a few megabytes.
     constexpr std::size_t mostSteps = 500;
     const bool goesOn = typing && typing_ && !undo_.empty() && undo_.back().option == option;
-    if (!goesOn) undo_.push_back({std::move(scheme_), std::string(option)});
+    if (!goesOn) undo_.push_back({std::move(scheme_), std::move(shelves_), std::string(option)});
     if (undo_.size() > mostSteps) undo_.pop_front();
     redo_.clear();
     scheme_ = std::move(scheme);
+    shelves_ = std::move(shelves);
     typing_ = typing;
 }
 
@@ -28,8 +29,9 @@ std::string SchemeEdit::take(Steps& from, Steps& to) {
     if (from.empty()) return {};
     Step step = std::move(from.back());
     from.pop_back();
-    to.push_back({std::move(scheme_), step.option});
+    to.push_back({std::move(scheme_), std::move(shelves_), step.option});
     scheme_ = std::move(step.scheme);
+    shelves_ = std::move(step.shelves);
     return step.option;
 }
 

@@ -14,8 +14,11 @@ namespace NorvaneUI {
 /// A scheme that is being edited: as it was, as it is, and the steps in between for undo and redo.
 class SchemeEdit {
 public:
-    /// Values of options that a box took out of the scheme.
+    /// Values of options that are out of the scheme for now, as they were.
     using Shelf = std::map<std::string, OptionValue, std::less<>>;
+    /// By what took them out: the key of a switch of a page, or `kUnticked`.
+    using Shelves = std::map<std::string, Shelf, std::less<>>;
+    static constexpr const char* kUnticked = "";
 
     explicit SchemeEdit(Norvane::PropertySet scheme);
 
@@ -25,9 +28,13 @@ public:
     /// False again for one whose changes were taken back one by one.
     bool isModified() const;
 
-    /// One step. `option` tells what it was about. Steps that follow each other as `typing` in the
+    /// One step. What is on the shelves belongs to it, so that undo takes both back. `option` tells what it was about. Steps that follow each other as `typing` in the
     /// same option count as one, so that undo does not go letter by letter.
-    void change(Norvane::PropertySet scheme, std::string_view option, bool typing = false);
+    void change(Norvane::PropertySet scheme, Shelves shelves, std::string_view option, bool typing = false);
+    /// With the shelves as they are.
+    void change(Norvane::PropertySet scheme, std::string_view option, bool typing = false) {
+        change(std::move(scheme), shelves_, option, typing);
+    }
     /// The user has left the field.
     void endTyping() { typing_ = false; }
 
@@ -45,12 +52,12 @@ public:
     void restart(Norvane::PropertySet scheme);
     void rename(const std::string& name);
 
-    /// What the box of a page has taken out, by the key of the box.
-    Shelf& shelf(const std::string& box) { return shelves_[box]; }
+    const Shelves& shelves() const { return shelves_; }
 
 private:
     struct Step {
         Norvane::PropertySet scheme;
+        Shelves shelves;
         std::string option;
     };
 
@@ -60,10 +67,10 @@ private:
 
     Norvane::PropertySet original_;
     Norvane::PropertySet scheme_;
+    Shelves shelves_;
     Steps undo_;
     Steps redo_;
     bool typing_ = false;
-    std::map<std::string, Shelf> shelves_;
 };
 
 } // namespace NorvaneUI

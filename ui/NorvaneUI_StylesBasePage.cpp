@@ -83,9 +83,45 @@ void StylesBasePage::exchangeValues(Exchange direction, Norvane::PropertySet& sc
         return;
     }
     if (boxTouched_) storeBox(scheme);
-    if (globalsTouched_) scheme.setBool(useGlobalSettingsKey(), useGlobalSettings_);
-    if (globalsTouched_ && useGlobalSettings_) copyFurtherGlobals(scheme, info_);
-    for (const auto& [option, value] : pending_) storeOption(scheme, option, value);
+    if (globalsTouched_) storeGlobalChoice(scheme);
+    storePending(scheme);
+}
+
+void StylesBasePage::storePending(Norvane::PropertySet& scheme) {
+    for (const auto& [option, value] : pending_) {
+        const OptionValue before = readOption(scheme, option);
+        const bool goes = std::holds_alternative<std::monostate>(value);
+        if (goes) shelves_[SchemeEdit::kUnticked][std::string(option)] = before;
+        storeOption(scheme, option, value);
+    }
+}
+
+void StylesBasePage::storeGlobalChoice(Norvane::PropertySet& scheme) {
+    scheme.setBool(useGlobalSettingsKey(), useGlobalSettings_);
+    if (useGlobalSettings_) {
+        keepOwn(scheme);
+        copyFurtherGlobals(scheme, info_);
+    } else {
+        bringOwnBack(scheme);
+    }
+}
+
+/// The copies of the global settings take the place of the values of the page's own.
+void StylesBasePage::keepOwn(const Norvane::PropertySet& scheme) {
+    SchemeEdit::Shelf own;
+    for (const PageOption& option : info_.options) {
+        if (!option.global.empty()) own.emplace(option.name, readOption(scheme, option.name));
+    }
+    shelves_[useGlobalSettingsKey()] = std::move(own);
+}
+
+/// What could be edited all the time is as the user wants it.
+void StylesBasePage::bringOwnBack(Norvane::PropertySet& scheme) {
+    for (const auto& [option, value] : shelves_[useGlobalSettingsKey()]) {
+        const Field* field = find(option);
+        if (field != nullptr && !field->enabled) storeOption(scheme, option, value);
+    }
+    shelves_.erase(useGlobalSettingsKey());
 }
 
 void StylesBasePage::showSwitches(const Norvane::PropertySet& scheme) {
@@ -132,14 +168,13 @@ void StylesBasePage::leaveAlone(Norvane::PropertySet& scheme) {
         taken.emplace(option.name, value);
         storeOption(scheme, option.name, {});
     }
-    edit_->shelf(doNotFormatKey()) = std::move(taken);
+    shelves_[doNotFormatKey()] = std::move(taken);
 }
 
 /// The global settings may have changed since the values were taken out.
 void StylesBasePage::bringBack(Norvane::PropertySet& scheme) {
-    SchemeEdit::Shelf& taken = edit_->shelf(doNotFormatKey());
-    for (const auto& [option, value] : taken) storeOption(scheme, option, value);
-    taken.clear();
+    for (const auto& [option, value] : shelves_[doNotFormatKey()]) storeOption(scheme, option, value);
+    shelves_.erase(doNotFormatKey());
     if (useGlobalSettings_) copyGlobalsThatAreSet(scheme, info_);
 }
 
@@ -168,6 +203,11 @@ Field* StylesBasePage::editable(std::string_view option, std::initializer_list<C
     return fits ? &field : nullptr;
 }
 
+Field* StylesBasePage::editable(std::string_view option) {
+    return editable(option, {ControlKind::WhiteSpace, ControlKind::CountAndKind, ControlKind::Switch,
+                             ControlKind::Number, ControlKind::Choice});
+}
+
 void StylesBasePage::typeText(std::string_view option, const std::string& typed) {
     Field* field = editable(option, {ControlKind::WhiteSpace, ControlKind::CountAndKind});
     if (field == nullptr) return;
@@ -182,7 +222,7 @@ void StylesBasePage::setCount(std::string_view option, std::int32_t count, bool 
     if (field == nullptr) return;
     const std::int32_t fitting = std::clamp(count, field->minimum, field->maximum);
     typed_.erase(field->option);
-    enter(*field, std::string(static_cast<std::size_t>(fitting), tabs ? '\t' : ' '));
+    enter(*field, std::string(static_cast<std::size_t>(fitting), tabs ? '\t' : ' '), true);
 }
 
 void StylesBasePage::setSwitch(std::string_view option, bool on) {
@@ -200,16 +240,25 @@ void StylesBasePage::setNumber(std::string_view option, std::int32_t value) {
         return;
     }
     typed_.erase(field->option);
-    const bool isBool = Norvane::findProperty(field->option)->kind == Norvane::PropertyKind::Bool;
-    enter(*field, isBool ? OptionValue(value != 0) : OptionValue(value));
+    // The digits of a number come one by one.
+    enter(*field, numberValue(*field, value), field->kind == ControlKind::Number);
 }
 
 void StylesBasePage::setAsInSource(std::string_view option) {
-    Field* field = editable(option, {ControlKind::WhiteSpace, ControlKind::CountAndKind, ControlKind::Switch,
-                                     ControlKind::Number, ControlKind::Choice});
+    Field* field = editable(option);
     if (field == nullptr) return;
     typed_.erase(field->option);
     enter(*field, {});
+}
+
+void StylesBasePage::setFirstValue(std::string_view option) {
+    Field* field = editable(option);
+    if (field == nullptr || field->set) return;
+    typed_.erase(field->option);
+    const auto unticked = edit_->shelves().find(SchemeEdit::kUnticked);
+    const bool isKept = unticked != edit_->shelves().end() && unticked->second.count(option) != 0;
+    const OptionValue last = isKept ? unticked->second.find(option)->second : OptionValue();
+    enter(*field, std::holds_alternative<std::monostate>(last) ? firstValue(*field) : last);
 }
 
 void StylesBasePage::endTyping() {
@@ -229,11 +278,12 @@ void StylesBasePage::enter(Field& field, OptionValue value, bool typing) {
 
 void StylesBasePage::save(std::string_view option, bool typing) {
     Norvane::PropertySet scheme = edit_->scheme();
+    shelves_ = edit_->shelves();
     exchangeValues(Exchange::toScheme, scheme);
     boxTouched_ = false;
     globalsTouched_ = false;
     pending_.clear();
-    edit_->change(scheme, option, typing);
+    edit_->change(scheme, std::move(shelves_), option, typing);
     exchangeValues(Exchange::toControls, scheme);
     refreshPreview();
 }

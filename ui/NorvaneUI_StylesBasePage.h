@@ -75,6 +75,8 @@ public:
     void setNumber(std::string_view option, std::int32_t value);
     /// Takes the option out of the scheme, so that the source decides.
     void setAsInSource(std::string_view option);
+    /// Gives an option that has no value the last one that it had, or one to begin with.
+    void setFirstValue(std::string_view option);
     /// The user has left a field.
     void endTyping();
 
@@ -101,6 +103,11 @@ private:
     void storeBox(Norvane::PropertySet& scheme);
     void leaveAlone(Norvane::PropertySet& scheme);
     void bringBack(Norvane::PropertySet& scheme);
+    void storeGlobalChoice(Norvane::PropertySet& scheme);
+    void keepOwn(const Norvane::PropertySet& scheme);
+    void bringOwnBack(Norvane::PropertySet& scheme);
+    void storePending(Norvane::PropertySet& scheme);
+    Field* editable(std::string_view option);
     void enter(Field& field, OptionValue value, bool typing = false);
     void save(std::string_view option, bool typing = false);
 
@@ -118,6 +125,8 @@ private:
     bool boxTouched_ = false;
     bool globalsTouched_ = false;
     std::map<std::string_view, OptionValue> pending_;
+    /// Those of the scheme, with what this step puts there or takes away.
+    SchemeEdit::Shelves shelves_;
 };
 
 } // namespace NorvaneUI

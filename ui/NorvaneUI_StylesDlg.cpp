@@ -107,6 +107,10 @@ std::vector<std::string> StylesDlg::warnings() const {
         const auto [first, added] = used.try_emplace(scheme, file);
         if (!added) result.push_back(filled(Texts::kSameName, {first->second, file, scheme, first->second}));
     }
+    for (const std::string& path : store_.unreadable()) result.push_back(filled(Texts::kLeftOut, {path}));
+    for (const auto& [file, problem] : store_.problems()) {
+        result.push_back(filled(Texts::kFileProblem, {file, std::to_string(problem.line), problem.text}));
+    }
     return result;
 }
 
@@ -214,12 +218,39 @@ bool StylesDlg::deleteScheme() {
         face_.notify(std::string(Texts::kCannotDelete));
         return false;
     }
+    const std::string_view question = entry->base ? Texts::kAskDelete : Texts::kAskDeleteNew;
+    if (face_.ask(filled(question, {current_})) != Answer::yes) return false;
     if (entry->base) erased_.emplace(current_, *entry->base);
+    std::erase_if(renaming_, [this](const auto& renaming) { return renaming.second == current_; });
     sheet_.show(nullptr);
+    deleted_.emplace_back(current_, std::move(*entry));
     entries_.erase(current_);
     addShipped();
     showAfterLoss();
     return true;
+}
+
+bool StylesDlg::bringBack() {
+    if (deleted_.empty() || !sheet_.check()) return false;
+    const auto& [name, entry] = deleted_.back();
+    const auto taken = entries_.find(name);
+    if (taken != entries_.end() && taken->second.origin != Origin::shipped) {
+        face_.notify(nameFault(name, {}));
+        return false;
+    }
+    sheet_.show(nullptr);
+    if (entry.base) erased_.erase(name);
+    entries_.insert_or_assign(name, entry);
+    current_ = name;
+    deleted_.pop_back();
+    show(current_);
+    return true;
+}
+
+std::string StylesDlg::windowState() const {
+    std::string state;
+    settings_.getString(kWindowSetting, state);
+    return state;
 }
 
 } // namespace NorvaneUI

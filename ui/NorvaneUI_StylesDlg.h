@@ -14,6 +14,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace NorvaneUI {
@@ -52,10 +53,18 @@ public:
     /// As the list shows it.
     std::string currentShown() const;
     /// What is odd about the folder, in words for the user: files with schemes of the same name, of
-    /// which only one can be in use.
+    /// which only one can be in use; files that cannot be read; lines that do not do what they seem to.
     std::vector<std::string> warnings() const;
     /// Called when the list has changed.
     void setListAction(std::function<void()> action);
+    /// What became of schemes on the disk.
+    struct Saved {
+        /// New names by those before.
+        std::map<std::string, std::string> renamed;
+        std::set<std::string> removed;
+    };
+    /// Called when the folder was read again, after a save or because others may have been there.
+    void setFolderAction(std::function<void(const Saved&)> action) { folderAction_ = std::move(action); }
 
     // Each of these asks the user for what it needs, and is false if it was not done: cancelled,
     // refused, or because an entry on the page is no value.
@@ -68,6 +77,9 @@ public:
     bool saveAs();
     bool renameScheme();
     bool deleteScheme();
+    /// Brings back the scheme that was deleted last, also if its file is gone already.
+    bool bringBack();
+    bool canBringBack() const { return !deleted_.empty(); }
     /// Writes what was edited, without closing.
     bool save();
 
@@ -83,8 +95,9 @@ public:
     /// is told. To be called when the window becomes the active one.
     void rereadFolder();
 
-    /// Saved schemes that have a new name, by the name before.
-    const std::map<std::string, std::string>& renamedSchemes() const { return renamed_; }
+    /// Where the window was and how it was divided, in its own words; kept with the settings.
+    std::string windowState() const;
+    void setWindowState(const std::string& state) { settings_.setString(kWindowSetting, state); }
 
 private:
     enum class Origin { folder, shipped, added };
@@ -110,6 +123,7 @@ private:
     };
 
     static constexpr const char* kCurrentSetting = "CurrentPropertySet";
+    static constexpr const char* kWindowSetting = "OptionsWindow";
 
     // The list.
     void fillEntries();
@@ -139,7 +153,8 @@ private:
     // Saving.
     std::vector<SchemeChange> changes() const;
     void takeSaved(const std::vector<SchemeChange>& changes, const std::set<std::string>& dropped);
-    void rememberRename(const std::string& before, const std::string& after);
+    void forgetFiles(const std::set<std::string>& dropped);
+    void tellFolder(const Saved& saved);
     void dropEdits(const std::string& name);
 
     // The folder.
@@ -154,13 +169,15 @@ private:
     SchemeFolder folder_;
     std::vector<Norvane::PropertySet> shipped_;
     std::function<void()> listAction_;
+    std::function<void(const Saved&)> folderAction_;
 
     EntryMap entries_;
     /// Schemes of the folder that are to go, with what they held.
     std::map<std::string, Norvane::PropertySet> erased_;
     /// Names on the disk to new names, until they are saved.
     std::map<std::string, std::string> renaming_;
-    std::map<std::string, std::string> renamed_;
+    /// The last one was deleted last.
+    std::vector<std::pair<std::string, Entry>> deleted_;
     std::string current_;
     /// Shows an entry, so it goes before the entries.
     StylesSheet sheet_;

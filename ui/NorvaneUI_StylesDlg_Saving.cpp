@@ -33,6 +33,7 @@ void StylesDlg::discardOwnEdits() {
     sheet_.show(nullptr);
     erased_.clear();
     renaming_.clear();
+    deleted_.clear();
     std::erase_if(entries_, [](const auto& item) { return item.second.origin == Origin::added; });
     for (auto& [name, entry] : entries_) {
         if (!entry.builtIn) entry.edit.revert();
@@ -102,6 +103,7 @@ void StylesDlg::cancel() {
     entries_.clear();
     erased_.clear();
     renaming_.clear();
+    deleted_.clear();
     fillEntries();
     showCurrent();
     storeState();
@@ -161,20 +163,35 @@ void StylesDlg::takeSaved(const std::vector<SchemeChange>& changes, const std::s
             entry->second.told = false;
         }
     }
-    erased_.clear();
+    Saved saved;
     for (const auto& [before, after] : renaming_) {
-        if (dropped.count(after) == 0) rememberRename(before, after);
+        if (dropped.count(after) == 0) saved.renamed.emplace(before, after);
+    }
+    for (const auto& erased : erased_) {
+        const bool isGone = dropped.count(erased.first) == 0 && saved.renamed.count(erased.first) == 0;
+        if (isGone) saved.removed.insert(erased.first);
     }
     renaming_.clear();
+    erased_.clear();
+    forgetFiles(dropped);
     if (folder_.read(store_)) reconcile(store_);
     showCurrent();
+    // What was edited is now what is saved.
+    sheet_.reload();
+    tellFolder(saved);
 }
 
-void StylesDlg::rememberRename(const std::string& before, const std::string& after) {
-    for (auto& renamed : renamed_) {
-        if (renamed.second == before) renamed.second = after;
+/// Deleted schemes have no file any more: brought back, they are new ones.
+void StylesDlg::forgetFiles(const std::set<std::string>& dropped) {
+    std::erase_if(deleted_, [&](const auto& deleted) { return dropped.count(deleted.first) != 0; });
+    for (auto& [name, entry] : deleted_) {
+        entry.origin = Origin::added;
+        entry.base.reset();
     }
-    renamed_[before] = after;
+}
+
+void StylesDlg::tellFolder(const Saved& saved) {
+    if (folderAction_) folderAction_(saved);
 }
 
 /// The user has given them up. What the folder holds comes in with the next look at it.
@@ -186,8 +203,9 @@ void StylesDlg::dropEdits(const std::string& name) {
 }
 
 void StylesDlg::rereadFolder() {
-    PropertySetStore fresh = folder_.emptyStore();
-    if (folder_.read(fresh)) reconcile(fresh);
+    if (!folder_.read(store_)) return;
+    reconcile(store_);
+    tellFolder({});
 }
 
 void StylesDlg::reconcile(const PropertySetStore& fresh) {

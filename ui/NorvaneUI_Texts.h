@@ -8,6 +8,7 @@
 namespace NorvaneUI::Texts {
 
 // Settings.
+inline constexpr std::string_view kShipped = " (comes with the program)";
 inline constexpr std::string_view kBadExtension =
     "Error: Invalid file extension entered. File extensions may not contain any of the following "
     "characters: \"<>:\\/|?\"";
@@ -32,6 +33,11 @@ inline constexpr std::string_view kTextNoSource = "The file \"%s\" is no source 
 // Schemes.
 inline constexpr std::string_view kNewScheme = "New Scheme";
 inline constexpr std::string_view kModified = " (Modified)";
+inline constexpr std::string_view kAskDelete =
+    "Delete the scheme \"%s\"? Its file goes when you save; until you close this window, it can be brought back. "
+    "Where the settings name it, no scheme takes its place.";
+inline constexpr std::string_view kAskDeleteNew = "Delete the scheme \"%s\"? Until you close this window, it can be "
+                                                  "brought back.";
 inline constexpr std::string_view kCannotDelete = "This scheme is built-in and cannot be deleted.";
 inline constexpr std::string_view kCannotRename = "This scheme is built-in and cannot be renamed.";
 inline constexpr std::string_view kModifiedBuiltIn =
@@ -43,6 +49,9 @@ inline constexpr std::string_view kModifiedOwn =
 
 inline constexpr std::string_view kSameName =
     "The files \"%s\" and \"%s\" both hold a scheme \"%s\". The one in \"%s\" is in use.";
+
+inline constexpr std::string_view kLeftOut = "%s cannot be read as a scheme and is left out.";
+inline constexpr std::string_view kFileProblem = "%s, line %s: %s";
 
 // Another program at work in the scheme folder.
 inline constexpr std::string_view kChangedMeanwhile =

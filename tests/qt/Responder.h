@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
 
 #include <deque>
@@ -23,6 +24,8 @@ public:
     }
 
     void press(QMessageBox::StandardButton button) { planned_.push_back({button, std::nullopt}); }
+    /// As somebody who presses Return or Escape without reading.
+    void key(Qt::Key pressed) { planned_.push_back({QMessageBox::NoButton, std::nullopt, pressed}); }
     /// A name that is asked for; nothing to cancel.
     void enter(std::optional<std::string> name) { planned_.push_back({QMessageBox::Ok, std::move(name)}); }
 
@@ -35,6 +38,7 @@ private:
     struct Answer {
         QMessageBox::StandardButton button;
         std::optional<std::string> name;
+        std::optional<Qt::Key> key = std::nullopt;
     };
 
     void look() {
@@ -59,6 +63,7 @@ private:
     void answer(QMessageBox& box) {
         texts.push_back(box.text().toStdString());
         const auto planned = next();
+        if (planned && planned->key) return QTest::keyClick(&box, *planned->key);
         QAbstractButton* button = planned ? box.button(planned->button) : nullptr;
         if (button != nullptr) button->click();
         else box.reject();

@@ -51,7 +51,8 @@ protected:
         store->read();
         styles = std::make_unique<NorvaneUI::StylesDlg>(face, files, *settings, *store,
                                                         std::vector{Norvane::PropertySet("shipped")});
-        options.take({}, store->schemes());
+        options.shipped = {"shipped"};
+        options.take(initial, store->schemes());
         options.open();
         window = std::make_unique<NorvaneQt::OptionsWindow>(
             face, *styles, options, [this] { return store->schemes(); },
@@ -79,6 +80,20 @@ protected:
     }
     void click(const std::string& button) { widget<QAbstractButton>(button).click(); }
 
+    // As a user does it, with mouse and keys.
+    void mouseClick(QWidget& target) {
+        QTest::mouseClick(&target, Qt::LeftButton, {}, QPoint(target.height() / 2, target.height() / 2));
+    }
+    void mouseClick(const std::string& name) { mouseClick(widget(name)); }
+    /// Into the text of a number, behind its last letter.
+    void mouseClickText(const std::string& name) {
+        auto& edit = *widget(name).findChild<QLineEdit*>();
+        QTest::mouseClick(&edit, Qt::LeftButton, {}, QPoint(edit.width() - 2, edit.height() / 2));
+    }
+    QWidget* focus() { return window->focusWidget() != nullptr ? window->focusWidget() : window.get(); }
+    void keys(const std::string& text) { QTest::keyClicks(focus(), QString::fromStdString(text)); }
+    void keys(QKeySequence::StandardKey key) { QTest::keySequence(focus(), QKeySequence(key)); }
+
     /// Into the empty field of an option.
     void type(const std::string& option, const std::string& keys) {
         auto& field = widget<QLineEdit>(option);
@@ -105,6 +120,8 @@ protected:
         return QTest::qWaitFor([&] { return shownPreview().find(part) != std::string::npos; }, 10000);
     }
 
+    /// The settings that the window opens with.
+    Addin::AddInOptions initial;
     FakeFileSystem files;
     NorvaneQt::Face face;
     std::unique_ptr<Addin::Settings> settings;

@@ -15,7 +15,6 @@ protected:
     bool isTicked(const std::string& option) { return widget<QCheckBox>(option + ":set").isChecked(); }
     QLabel& problem(const std::string& option) { return widget<QLabel>(option + ":problem"); }
     QListWidget& pages() { return widget<QListWidget>("pages"); }
-    QWidget* focus() { return window->focusWidget(); }
 };
 
 TEST_F(PageViewTest, TypedEscapesAreStoredAsWhiteSpace) {

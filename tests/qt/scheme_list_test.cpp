@@ -88,6 +88,7 @@ TEST_F(SchemeList, NewCopyRenameAndDelete) {
     click("rename");
     click("save");
     EXPECT_TRUE(files.has(path("fresh")) && files.has(path("triplet")) && !files.has(path("twin")));
+    responder.press(QMessageBox::Yes);
     click("delete");
     click("save");
     EXPECT_FALSE(files.has(path("triplet")));

@@ -8,7 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,7 +36,19 @@ protected:
         store = std::make_unique<NorvaneUI::PropertySetStore>("/s", disk);
         store->read();
         dialog = std::make_unique<NorvaneUI::StylesDlg>(face, disk, settings, *store, std::move(shipped));
+        dialog->setFolderAction([this](const NorvaneUI::StylesDlg::Saved& saved) {
+            renamed.insert(saved.renamed.begin(), saved.renamed.end());
+            removed.insert(saved.removed.begin(), saved.removed.end());
+        });
         disk.changes.clear();
+    }
+    /// The user means it.
+    bool deleteScheme() {
+        face.answers.push_front(NorvaneUI::Answer::yes);
+        const bool done = dialog->deleteScheme();
+        if (!done) face.answers.pop_front();
+        face.questions.clear();
+        return done;
     }
 
     std::string shown() const {
@@ -63,6 +77,9 @@ protected:
     }
 
     FakeFace face;
+    // What the dialog told of the folder.
+    std::map<std::string, std::string> renamed;
+    std::set<std::string> removed;
     FakeFileSystem disk;
     Addin::Settings settings{disk, "/c/settings"};
     std::unique_ptr<NorvaneUI::PropertySetStore> store;

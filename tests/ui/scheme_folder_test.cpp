@@ -69,7 +69,7 @@ TEST_F(StylesDialog, TellsOfASchemeThatHasBecomeReadOnly) {
 
 TEST_F(StylesDialog, BringsBackADeletedSchemeThatHasBecomeReadOnly) {
     dialog->select("Mine");
-    dialog->deleteScheme();
+    deleteScheme();
     disk.setWritable("/s/Mine.kls", false);
     EXPECT_TRUE(dialog->save());
     EXPECT_EQ(face.notices, FakeFace::Lines{"This scheme is built-in and cannot be deleted."});
@@ -166,7 +166,7 @@ TEST_F(StylesDialog, TakesOverWhatOtherProgramsDid) {
 
 TEST_F(StylesDialog, DoesNotBringADeletedSchemeBack) {
     dialog->select("Mine");
-    dialog->deleteScheme();
+    deleteScheme();
     dialog->rereadFolder();
     EXPECT_EQ(shown(), "Locked [built-in], Other");
 }
@@ -240,7 +240,7 @@ protected:
             edit("Mine", *GetParam().here);
         } else {
             dialog->select("Mine");
-            dialog->deleteScheme();
+            deleteScheme();
         }
         if (GetParam().there) put("Mine", *GetParam().there);
         else disk.vanish("/s/Mine.kls");
@@ -293,7 +293,7 @@ TEST_F(StylesDialog, DoesNotAskIfBothDidTheSame) {
     edit("Mine", "\\t");
     put("Mine", "\t");
     dialog->select("Other");
-    dialog->deleteScheme();
+    deleteScheme();
     disk.vanish("/s/Other.kls");
     dialog->rereadFolder();
     EXPECT_EQ(shown(), "Locked [built-in], Mine");

@@ -35,7 +35,7 @@ TEST_F(StylesDialog, TakesShippedSchemesForBuiltInBehindThoseOfTheUser) {
     EXPECT_EQ(shown(), "Locked [built-in], Mine, Other, Shipped [built-in]");
     // Without the scheme in front of it, the shipped one comes to light.
     dialog->select("Mine");
-    EXPECT_TRUE(dialog->deleteScheme());
+    EXPECT_TRUE(deleteScheme());
     EXPECT_EQ(shown(), "Locked [built-in], Mine [built-in], Other, Shipped [built-in]");
     EXPECT_TRUE(dialog->accept());
     EXPECT_FALSE(disk.has("/s/Mine.kls"));
@@ -59,6 +59,17 @@ TEST_F(StylesDialog, WarnsOfTwoFilesWithTheSameScheme) {
     open();
     EXPECT_EQ(dialog->warnings(), FakeFace::Lines{"The files \"Copy of Mine.kls\" and \"Mine.kls\" both hold a "
                                                   "scheme \"Mine\". The one in \"Copy of Mine.kls\" is in use."});
+}
+
+TEST_F(StylesDialog, WarnsOfWhatIsWrongInFiles) {
+    disk.put("/s/broken.kls", "x");
+    disk.put("/s/Other.kls", "Norvane::PropertySet\n1\n3 WS_AFTER_CS_KEY \" \"\n2 TAB_SIZE 1\n2 TAB_SIZE 2\n");
+    dialog->rereadFolder();
+    EXPECT_EQ(dialog->warnings(),
+              (FakeFace::Lines{"/s/broken.kls cannot be read as a scheme and is left out.",
+                               "Other.kls, line 3: the name of the scheme is missing: it stands here, in double quotes, "
+                               "in front of the options",
+                               "Other.kls, line 5: TAB_SIZE is given twice: the value of line 4 does not count"}));
 }
 
 TEST_F(StylesDialog, MakesANewSchemeThatChangesNothing) {
@@ -126,11 +137,11 @@ TEST_F(StylesDialog, RenamesASchemeWithItsFile) {
     EXPECT_TRUE(dialog->renameScheme());
     EXPECT_EQ(face.proposals, FakeFace::Lines{"Mine"});
     EXPECT_EQ(shown(), "Locked [built-in], Other, Yours (Modified)");
-    EXPECT_TRUE(dialog->renamedSchemes().empty());
+    EXPECT_TRUE(renamed.empty());
     EXPECT_TRUE(dialog->save());
     EXPECT_EQ(valueOnDisk("Yours"), "\" \"");
     EXPECT_FALSE(disk.has("/s/Mine.kls"));
-    EXPECT_EQ(dialog->renamedSchemes(), (std::map<std::string, std::string>{{"Mine", "Yours"}}));
+    EXPECT_EQ(renamed, (std::map<std::string, std::string>{{"Mine", "Yours"}}));
     EXPECT_EQ(shown(), "Locked [built-in], Other, Yours");
 }
 
@@ -165,22 +176,80 @@ TEST_F(StylesDialog, FollowsASchemeThatIsRenamedTwice) {
     EXPECT_TRUE(dialog->save());
     EXPECT_TRUE(dialog->renameScheme());
     EXPECT_TRUE(dialog->save());
-    EXPECT_EQ(dialog->renamedSchemes().at("Mine"), "Third");
+    EXPECT_EQ(renamed, (std::map<std::string, std::string>{{"Mine", "Second"}, {"Second", "Third"}}));
+    EXPECT_TRUE(removed.empty());
 }
 
 TEST_F(StylesDialog, DeletesASchemeWithTheNextSave) {
     dialog->select("Mine");
-    EXPECT_TRUE(dialog->deleteScheme());
+    EXPECT_TRUE(deleteScheme());
     EXPECT_EQ(dialog->current(), "Other");
     EXPECT_TRUE(disk.has("/s/Mine.kls"));
     EXPECT_TRUE(dialog->accept());
     EXPECT_FALSE(disk.has("/s/Mine.kls"));
     EXPECT_EQ(store->count("Mine"), 0u);
+    EXPECT_EQ(removed, std::set<std::string>{"Mine"});
+}
+
+TEST_F(StylesDialog, AsksBeforeItDeletes) {
+    dialog->select("Mine");
+    for (const Answer answer : {Answer::no, Answer::cancel}) {
+        face.answers = {answer};
+        EXPECT_FALSE(dialog->deleteScheme());
+        EXPECT_EQ(shown(), "Locked [built-in], Mine, Other");
+        EXPECT_TRUE(face.questions.back().starts_with("Delete the scheme \"Mine\"?"));
+    }
+}
+
+TEST_F(StylesDialog, BringsDeletedSchemesBackWithTheirEdits) {
+    EXPECT_FALSE(dialog->bringBack());
+    edit("Mine", "\\t");
+    deleteScheme();
+    dialog->select("Other");
+    deleteScheme();
+    EXPECT_TRUE(dialog->bringBack());
+    EXPECT_EQ(dialog->current(), "Other");
+    EXPECT_TRUE(dialog->bringBack());
+    EXPECT_EQ(shown(), "Locked [built-in], Mine (Modified), Other");
+    EXPECT_FALSE(dialog->canBringBack());
+    EXPECT_TRUE(dialog->save());
+    EXPECT_EQ(disk.changes, FakeFace::Lines{"replace /s/Mine.kls"});
+    EXPECT_EQ(valueOnDisk("Mine"), "\"\t\"");
+}
+
+TEST_F(StylesDialog, BringsASchemeBackWhoseFileIsGone) {
+    dialog->select("Mine");
+    deleteScheme();
+    EXPECT_TRUE(dialog->save());
+    EXPECT_TRUE(dialog->bringBack());
+    EXPECT_EQ(shown(), "Locked [built-in], Mine (Modified), Other");
+    EXPECT_TRUE(dialog->save());
+    EXPECT_EQ(valueOnDisk("Mine"), "\" \"");
+}
+
+TEST_F(StylesDialog, DoesNotBringBackOverASchemeOfTheSameName) {
+    dialog->select("Mine");
+    deleteScheme();
+    face.names = {"Mine"};
+    EXPECT_TRUE(dialog->newScheme());
+    EXPECT_FALSE(dialog->bringBack());
+    EXPECT_EQ(face.notices, FakeFace::Lines{"There is already a scheme \"Mine\"."});
+}
+
+TEST_F(StylesDialog, ARenamedSchemeThatIsDeletedIsGone) {
+    dialog->select("Mine");
+    face.names = {"Yours"};
+    dialog->renameScheme();
+    deleteScheme();
+    EXPECT_TRUE(dialog->save());
+    EXPECT_TRUE(renamed.empty());
+    EXPECT_EQ(removed, std::set<std::string>{"Mine"});
+    EXPECT_FALSE(disk.has("/s/Mine.kls") || disk.has("/s/Yours.kls"));
 }
 
 TEST_F(StylesDialog, RefusesToDeleteOrRenameABuiltInScheme) {
     dialog->select("Locked");
-    EXPECT_FALSE(dialog->deleteScheme());
+    EXPECT_FALSE(deleteScheme());
     EXPECT_FALSE(dialog->renameScheme());
     EXPECT_EQ(face.notices, (FakeFace::Lines{"This scheme is built-in and cannot be deleted.",
                                              "This scheme is built-in and cannot be renamed."}));
@@ -190,9 +259,9 @@ TEST_F(StylesDialog, RefusesToDeleteOrRenameABuiltInScheme) {
 TEST_F(StylesDialog, CanBeEmptied) {
     disk.vanish("/s/Locked.kls");
     open();
-    EXPECT_TRUE(dialog->deleteScheme());
-    EXPECT_TRUE(dialog->deleteScheme());
-    EXPECT_FALSE(dialog->deleteScheme());
+    EXPECT_TRUE(deleteScheme());
+    EXPECT_TRUE(deleteScheme());
+    EXPECT_FALSE(deleteScheme());
     EXPECT_EQ(dialog->current(), "");
     EXPECT_EQ(dialog->currentShown(), "");
     EXPECT_EQ(dialog->sheet().scheme(), nullptr);
@@ -237,7 +306,7 @@ TEST_F(StylesDialog, DropsEverythingOnCancel) {
     edit("Mine", "\\t");
     edit("Locked", "\\t");
     dialog->select("Other");
-    dialog->deleteScheme();
+    deleteScheme();
     dialog->cancel();
     EXPECT_EQ(disk.changes, FakeFace::Lines{"create /c/settings"});
     EXPECT_EQ(shown(), "Locked [built-in], Mine, Other");
@@ -278,12 +347,12 @@ TEST_F(StylesDialog, BringsDeletedAndRenamedSchemesBackIfTheyAreNotToBeSaved) {
     dialog->select("Mine");
     dialog->renameScheme();
     dialog->select("Other");
-    dialog->deleteScheme();
+    deleteScheme();
     face.answers = {Answer::no};
     EXPECT_TRUE(dialog->close());
     EXPECT_EQ(shown(), "Locked [built-in], Mine, Other");
     EXPECT_EQ(disk.changes, FakeFace::Lines{"create /c/settings"});
-    EXPECT_TRUE(dialog->renamedSchemes().empty());
+    EXPECT_TRUE(renamed.empty());
 }
 
 TEST_F(StylesDialog, SavesEditsOfABuiltInSchemeAsANewOneOnYes) {
