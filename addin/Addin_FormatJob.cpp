@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <sstream>
 #include <utility>
 
 namespace Addin {
@@ -108,15 +107,10 @@ bool FormatJob::format(const Norvane::PropertySet& scheme, const std::string& so
         messages.push_back(*fault);
         return false;
     }
-    std::istringstream in(source);
-    std::ostringstream out;
     const Norvane::FormatOptions options(scheme, Norvane::defaultFormatMarkers());
     Norvane::UpdateFunctor silent;
     StageWatcher watcher(dialog_ == nullptr ? silent : update_);
-    if (Norvane::FormatDriver().format(options, in, out, messages, watcher) == 0) {
-        result = std::move(out).str();
-        return true;
-    }
+    if (Norvane::FormatDriver().format(options, source, result, messages, watcher) == 0) return true;
     // The laid out text is parsed once more before lines are wrapped.
     if (watcher.sourceParsed() && !isCancelled()) {
         for (Trn::Message& message : messages) message.text += Texts::kPlaceInResult;

@@ -26,8 +26,9 @@ InteriorNode& InteriorNode::operator=(InteriorNode other) noexcept {
     return *this;
 }
 
+// The two may have their memory from different places.
 void InteriorNode::swapChildren(InteriorNode& other) noexcept {
-    children_.swap(other.children_);
+    std::swap(children_, other.children_);
     index_.swap(other.index_);
 }
 
@@ -78,10 +79,16 @@ bool InteriorNode::isChild(const SyntaxNode* node) {
 void InteriorNode::add(SyntaxNode* child) {
     if (child == nullptr) return;
     if (isChild(child)) throw Trn::AlreadyExistsException();
-    append(std::unique_ptr<SyntaxNode>(child));
+    append(OwnedNode<SyntaxNode>(child));
 }
 
-void InteriorNode::append(std::unique_ptr<SyntaxNode> child) {
+/// From here on the list of children has its memory from `pool`, too. For a node without children.
+void InteriorNode::usePool(std::pmr::memory_resource& pool) {
+    std::destroy_at(&children_);
+    std::construct_at(&children_, &pool);
+}
+
+void InteriorNode::append(OwnedNode<SyntaxNode> child) {
     if (!child) return;
     if (index_) index_->insert(child.get());
     children_.push_back(std::move(child));

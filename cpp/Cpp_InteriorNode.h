@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <memory_resource>
 #include <unordered_set>
 #include <vector>
 
@@ -18,13 +19,13 @@ class PreprocDirectiveNode;
 /// positions.
 class InteriorNode : public SyntaxNode {
 public:
-    using Children = std::vector<std::unique_ptr<SyntaxNode>>;
+    using Children = std::pmr::vector<OwnedNode<SyntaxNode>>;
     using iterator = Children::iterator;
     using const_iterator = Children::const_iterator;
 
     InteriorNode() = default;
     InteriorNode(const InteriorNode& other);
-    InteriorNode(InteriorNode&& other) noexcept = default;
+    InteriorNode(InteriorNode&& other) noexcept : SyntaxNode(other), children_(std::move(other.children_)), index_(std::move(other.index_)) {}
     InteriorNode& operator=(InteriorNode other) noexcept;
     ~InteriorNode() override = default;
 
@@ -48,7 +49,7 @@ public:
     virtual void addDirective(PreprocDirectiveNode* directive);
 
     /// As add, for a node that cannot be a child of anything yet, which saves the search.
-    void append(std::unique_ptr<SyntaxNode> child);
+    void append(OwnedNode<SyntaxNode> child);
 
     SyntaxNode* child(std::size_t index) const { return children_[index].get(); }
     bool empty() const { return children_.empty(); }
@@ -57,8 +58,10 @@ protected:
     void swapChildren(InteriorNode& other) noexcept;
 
 private:
+    friend class NodePool;
     using Index = std::unordered_set<const SyntaxNode*>;
 
+    void usePool(std::pmr::memory_resource& pool);
     bool isChild(const SyntaxNode* node);
     bool isListed(const SyntaxNode* node) const;
 

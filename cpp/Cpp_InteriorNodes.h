@@ -4,13 +4,38 @@
 #include "cpp/Cpp_InteriorNode.h"
 #include "cpp/Cpp_VisitedNode.h"
 
+#include <memory>
+#include <utility>
+
 namespace Cpp {
+
+class ParsedText;
 
 /// The whole of a text: its top-level nodes in source order.
 class RootNode : public VisitedNode<RootNode, InteriorNode> {
 public:
-    /// Exchanges the children, without a copy.
-    void swap(RootNode& other) noexcept { swapChildren(other); }
+    RootNode() = default;
+    RootNode(const RootNode& other) : VisitedNode(other) {}
+    RootNode(RootNode&& other) noexcept { swap(other); }
+    RootNode& operator=(RootNode other) noexcept {
+        swap(other);
+        return *this;
+    }
+    ~RootNode() override { erase(childBegin(), childEnd()); }
+
+    /// Exchanges the children, without a copy, and what they live on.
+    void swap(RootNode& other) noexcept {
+        swapChildren(other);
+        parsed_.swap(other.parsed_);
+    }
+
+    /// What the nodes below were made from and live on: it stays as long as they do. Null in a tree
+    /// that no parser made.
+    const std::shared_ptr<const ParsedText>& parsed() const { return parsed_; }
+    void setParsed(std::shared_ptr<const ParsedText> parsed) { parsed_ = std::move(parsed); }
+
+private:
+    std::shared_ptr<const ParsedText> parsed_;
 };
 
 /// The base classes of a class head, and the comments and directives among them.

@@ -18,7 +18,7 @@ std::int32_t requireKeyword(std::int32_t keyword) {
 } // namespace
 
 std::string CommentNode::markerText() const {
-    const std::string& whole = text();
+    const std::string whole = text();
     if (whole.size() <= 1) return std::string();
     std::string inner(std::find_if_not(whole.begin(), whole.end(), isSpace), whole.end());
     if (inner.starts_with("/*")) {
@@ -33,9 +33,9 @@ std::string CommentNode::markerText() const {
     return inner;
 }
 
-IdNode::IdNode(std::string text, const Trn::Position& start, const Trn::Position& end)
+IdNode::IdNode(NodeText text, const Trn::Position& start, const Trn::Position& end)
     : VisitedNode(std::move(text), start, end) {
-    if (this->text().empty()) throw InvalidId();
+    if (nodeText().empty()) throw InvalidId();
 }
 
 KeywordNode::KeywordNode(std::int32_t keyword, const Trn::Position& start, const Trn::Position& end)

@@ -1,6 +1,7 @@
 #ifndef KERFLINE_CPP_LEAFNODES_H
 #define KERFLINE_CPP_LEAFNODES_H
 
+#include "cpp/Cpp_NodeText.h"
 #include "cpp/Cpp_VisitedNode.h"
 #include "trn/Trn_Exception.h"
 
@@ -26,14 +27,17 @@ public:
 class TextNode : public VisitedNode<TextNode, LeafNode> {
 public:
     TextNode() = default;
-    TextNode(std::string text, const Trn::Position& start, const Trn::Position& end)
+    TextNode(NodeText text, const Trn::Position& start, const Trn::Position& end)
         : VisitedNode(start, end), text_(std::move(text)) {}
 
-    const std::string& text() const { return text_; }
-    void setText(std::string text) { text_ = std::move(text); }
+    std::string text() const { return text_.str(); }
+    void setText(const std::string& text) { text_ = NodeText(text); }
+
+protected:
+    const NodeText& nodeText() const { return text_; }
 
 private:
-    std::string text_;
+    NodeText text_;
 };
 
 /// A directive line, or a whole region that "#if 0" disables; the text of a region is empty, and it
@@ -66,7 +70,7 @@ class IdNode : public VisitedNode<IdNode, TextNode> {
 public:
     IdNode() = default;
     /// Throws InvalidId for an empty text.
-    IdNode(std::string text, const Trn::Position& start, const Trn::Position& end);
+    IdNode(NodeText text, const Trn::Position& start, const Trn::Position& end);
 };
 
 /// An expression or statement. Its extent is the truth, and passes read its characters by that. The
@@ -74,28 +78,28 @@ public:
 class ExprNode : public VisitedNode<ExprNode, LeafNode> {
 public:
     ExprNode() = default;
-    ExprNode(std::string text, const Trn::Position& start, const Trn::Position& end)
+    ExprNode(NodeText text, const Trn::Position& start, const Trn::Position& end)
         : VisitedNode(start, end), text_(std::move(text)) {}
 
-    virtual void setText(const std::string& text) { text_ = text; }
-    virtual std::string text() const { return text_; }
+    virtual void setText(const std::string& text) { text_ = NodeText(text); }
+    virtual std::string text() const { return text_.str(); }
 
 private:
-    std::string text_;
+    NodeText text_;
 };
 
 /// The flat text of a type.
 class TypeNode : public VisitedNode<TypeNode, LeafNode> {
 public:
     TypeNode() = default;
-    TypeNode(std::string text, const Trn::Position& start, const Trn::Position& end)
+    TypeNode(NodeText text, const Trn::Position& start, const Trn::Position& end)
         : VisitedNode(start, end), text_(std::move(text)) {}
 
-    virtual void setText(const std::string& text) { text_ = text; }
-    virtual std::string text() const { return text_; }
+    virtual void setText(const std::string& text) { text_ = NodeText(text); }
+    virtual std::string text() const { return text_.str(); }
 
 private:
-    std::string text_;
+    NodeText text_;
 };
 
 /// The return type and decl specifiers of a function.
@@ -136,7 +140,7 @@ private:
 class BaseClauseNode : public VisitedNode<BaseClauseNode, LeafNode> {
 public:
     BaseClauseNode() = default;
-    BaseClauseNode(std::int32_t access, bool isVirtual, std::string name, const Trn::Position& start,
+    BaseClauseNode(std::int32_t access, bool isVirtual, NodeText name, const Trn::Position& start,
                    const Trn::Position& end)
         : VisitedNode(start, end), access_(access), isVirtual_(isVirtual), name_(std::move(name)) {}
 
@@ -145,90 +149,90 @@ public:
     void setAccess(std::int32_t access) { access_ = access; }
     bool isVirtual() const { return isVirtual_; }
     void setIsVirtual(bool isVirtual) { isVirtual_ = isVirtual; }
-    const std::string& name() const { return name_; }
-    void setName(std::string name) { name_ = std::move(name); }
+    std::string name() const { return name_.str(); }
+    void setName(const std::string& name) { name_ = NodeText(name); }
 
 private:
     std::int32_t access_ = 0;
     bool isVirtual_ = false;
-    std::string name_;
+    NodeText name_;
 };
 
 /// The class key and the name of a class head. The name may be empty.
 class ClassNameNode : public VisitedNode<ClassNameNode, LeafNode> {
 public:
     ClassNameNode() = default;
-    ClassNameNode(std::int32_t classKey, std::string name, const Trn::Position& start, const Trn::Position& end)
+    ClassNameNode(std::int32_t classKey, NodeText name, const Trn::Position& start, const Trn::Position& end)
         : VisitedNode(start, end), classKey_(classKey), name_(std::move(name)) {}
 
     /// Token number of "class", "struct" or "union".
     std::int32_t classKey() const { return classKey_; }
     void setClassKey(std::int32_t classKey) { classKey_ = classKey; }
-    const std::string& name() const { return name_; }
-    void setName(std::string name) { name_ = std::move(name); }
+    std::string name() const { return name_.str(); }
+    void setName(const std::string& name) { name_ = NodeText(name); }
 
 private:
     std::int32_t classKey_ = 0;
-    std::string name_;
+    NodeText name_;
 };
 
 /// The keyword "enum" with what stands in front of the "{". The name may be empty.
 class EnumHeadNode : public VisitedNode<EnumHeadNode, LeafNode> {
 public:
     EnumHeadNode() = default;
-    EnumHeadNode(std::string name, const Trn::Position& start, const Trn::Position& end)
+    EnumHeadNode(NodeText name, const Trn::Position& start, const Trn::Position& end)
         : VisitedNode(start, end), name_(std::move(name)) {}
 
-    const std::string& name() const { return name_; }
-    void setName(std::string name) { name_ = std::move(name); }
+    std::string name() const { return name_.str(); }
+    void setName(const std::string& name) { name_ = NodeText(name); }
 
 private:
-    std::string name_;
+    NodeText name_;
 };
 
 /// The keyword "namespace" and the name behind it, which may be empty.
 class NamespaceHeadNode : public VisitedNode<NamespaceHeadNode, LeafNode> {
 public:
     NamespaceHeadNode() = default;
-    NamespaceHeadNode(std::string name, const Trn::Position& start, const Trn::Position& end)
+    NamespaceHeadNode(NodeText name, const Trn::Position& start, const Trn::Position& end)
         : VisitedNode(start, end), name_(std::move(name)) {}
 
-    const std::string& name() const { return name_; }
-    void setName(std::string name) { name_ = std::move(name); }
+    std::string name() const { return name_.str(); }
+    void setName(const std::string& name) { name_ = NodeText(name); }
 
 private:
-    std::string name_;
+    NodeText name_;
 };
 
 /// One argument of a member initializer. Has no visit of its own.
 class ArgNode : public LeafNode {
 public:
     ArgNode() = default;
-    ArgNode(std::string text, const Trn::Position& start, const Trn::Position& end)
+    ArgNode(NodeText text, const Trn::Position& start, const Trn::Position& end)
         : LeafNode(start, end), text_(std::move(text)) {}
 
     void accept(Emitter& emitter) override { emitter.visit(static_cast<SyntaxNode&>(*this)); }
     SyntaxNode* clone() const override { return new ArgNode(*this); }
 
-    const std::string& text() const { return text_; }
-    void setText(std::string text) { text_ = std::move(text); }
+    std::string text() const { return text_.str(); }
+    void setText(const std::string& text) { text_ = NodeText(text); }
 
 private:
-    std::string text_;
+    NodeText text_;
 };
 
 /// One parameter of a function or template, as flat text.
 class ParameterNode : public VisitedNode<ParameterNode, LeafNode> {
 public:
     ParameterNode() = default;
-    ParameterNode(std::string text, const Trn::Position& start, const Trn::Position& end)
+    ParameterNode(NodeText text, const Trn::Position& start, const Trn::Position& end)
         : VisitedNode(start, end), text_(std::move(text)) {}
 
-    const std::string& text() const { return text_; }
-    void setText(std::string text) { text_ = std::move(text); }
+    std::string text() const { return text_.str(); }
+    void setText(const std::string& text) { text_ = NodeText(text); }
 
 private:
-    std::string text_;
+    NodeText text_;
 };
 
 } // namespace Cpp

@@ -32,12 +32,12 @@ std::ostream& Lexer::print(std::ostream& out) const {
                << "\tlastlinecol:\t" << std::to_string(columnBeforeLast()) << '\n';
 }
 
-const Zelmar::SourceText& Lexer::source() {
+const std::shared_ptr<const Zelmar::SourceText>& Lexer::sharedSource() {
     if (!source_) {
-        source_.emplace(Zelmar::readAll(*stream_));
+        source_ = std::make_shared<const Zelmar::SourceText>(Zelmar::readAll(*stream_));
         scanner_.emplace(source_->text(), Scanner::LineComments::byLine);
     }
-    return *source_;
+    return source_;
 }
 
 std::string Lexer::unescape(std::string_view text) {

@@ -7,6 +7,7 @@
 #include "trn/Trn_Token.h"
 
 #include <istream>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,7 +34,9 @@ public:
     std::ostream& print(std::ostream& out) const override;
 
     /// The whole text, with line feeds only. For those who want its tokens without copies.
-    const Zelmar::SourceText& source();
+    const Zelmar::SourceText& source() { return *sharedSource(); }
+    /// The same for those who need it longer than the lexer is there.
+    const std::shared_ptr<const Zelmar::SourceText>& sharedSource();
 
     /// Resolves the escapes of a literal: a backslash with "\", "n", "r", "t" or "v" is what it is
     /// in C; any other backslash is dropped.
@@ -45,7 +48,7 @@ private:
 
     std::istream* stream_;
     // Both are there from the first use on.
-    std::optional<Zelmar::SourceText> source_;
+    std::shared_ptr<const Zelmar::SourceText> source_;
     std::optional<Scanner> scanner_;
 };
 

@@ -2,12 +2,16 @@
 
 #include "cpp/Cpp_ConditionalFolder.h"
 #include "cpp/Cpp_Lexer.h"
+#include "cpp/Cpp_ParsedText.h"
 #include "cpp/Cpp_TreeBuilder.h"
 #include "trn/Trn_Exception.h"
 
 #include <algorithm>
 #include <array>
+#include <memory>
+#include <optional>
 #include <utility>
+#include <vector>
 
 namespace Cpp {
 
@@ -29,13 +33,48 @@ struct Attempt {
     bool isWhole() const { return !hasErrors(messages) && !hasStrayBrace; }
 };
 
-Attempt build(const Zelmar::SourceText& source, std::vector<ParseToken> tokens) {
+using Source = std::shared_ptr<const Zelmar::SourceText>;
+
+Attempt build(const Source& source, std::vector<ParseToken> tokens) {
     Attempt attempt;
-    const TokenTable table(source, std::move(tokens));
-    TreeBuilder builder(table, attempt.messages);
+    const auto parsed = std::make_shared<ParsedText>(source, std::move(tokens));
+    attempt.root.setParsed(parsed);
+    TreeBuilder builder(parsed->tokens(), parsed->pool(), attempt.messages);
     builder.parseRoot(attempt.root);
     attempt.hasStrayBrace = builder.hasStrayBrace();
     return attempt;
+}
+
+/// Some brace is not closed, or closes nothing.
+bool hasUnevenBraces(const std::vector<ParseToken>& tokens) {
+    int open = 0;
+    for (const ParseToken& token : tokens) {
+        if (token.type == tkOpenBrace) ++open;
+        if (token.type == tkCloseBrace && --open < 0) return true;
+    }
+    return open != 0;
+}
+
+/// The best of the attempts with and without the branches of conditional groups.
+Attempt buildFolded(const Source& source, const std::vector<ParseToken>& tokens) {
+    const auto folded = [&](Fold fold) { return build(source, foldConditionals(source->text(), tokens, fold)); };
+    std::optional<Attempt> first;
+    if (hasUnevenBraces(tokens)) {
+        // As it stands it can't be whole, and most texts are with the first branches alone.
+        first = folded(Fold::UnbalancedKeepFirst);
+        if (first->isWhole()) return std::move(*first);
+    }
+    Attempt best = build(source, tokens);
+    if (best.isWhole()) return best;
+    // A stray brace alone stops nothing, but it shows that the nesting has been misread.
+    for (Fold fold : {Fold::UnbalancedKeepFirst, Fold::UnbalancedKeepLast, Fold::AllKeepFirst, Fold::AllKeepLast}) {
+        Attempt attempt = fold == Fold::UnbalancedKeepFirst && first ? std::move(*first) : folded(fold);
+        if (!attempt.isWhole() && (hasErrors(attempt.messages) || !hasErrors(best.messages))) continue;
+        const bool whole = attempt.isWhole();
+        best = std::move(attempt);
+        if (whole) break;
+    }
+    return best;
 }
 
 } // namespace
@@ -44,23 +83,16 @@ void Parser::parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::MessageList& m
     auto* ownLexer = dynamic_cast<Lexer*>(&lexer);
     auto* ownRoot = dynamic_cast<RootNode*>(&root);
     if (!ownLexer || !ownRoot) throw Trn::InvalidParameterException();
+    parse(ownLexer->sharedSource(), *ownRoot, messages);
+}
 
-    const Zelmar::SourceText& source = ownLexer->source();
-    const ParserTokens scanned = scanForParser(source);
-    Attempt best = build(source, scanned.tokens);
-    if (scanned.regionUnclosed) {
-        best.messages.push_back({Trn::kSeverityError, source.positionOf(scanned.last), 1, messageText(1)});
-    } else if (!best.isWhole() && hasConditionals(source.text(), scanned.tokens)) {
-        // A stray brace alone stops nothing, but it shows that the nesting has been misread.
-        for (Fold fold : {Fold::UnbalancedKeepFirst, Fold::UnbalancedKeepLast, Fold::AllKeepFirst, Fold::AllKeepLast}) {
-            Attempt attempt = build(source, foldConditionals(source.text(), scanned.tokens, fold));
-            if (!attempt.isWhole() && (hasErrors(attempt.messages) || !hasErrors(best.messages))) continue;
-            const bool whole = attempt.isWhole();
-            best = std::move(attempt);
-            if (whole) break;
-        }
-    }
-    ownRoot->swap(best.root);
+void Parser::parse(std::shared_ptr<const Zelmar::SourceText> source, RootNode& root, Trn::MessageList& messages) {
+    ParserTokens scanned = scanForParser(*source);
+    const bool folds = !scanned.regionUnclosed && hasConditionals(source->text(), scanned.tokens);
+    Attempt best = folds ? buildFolded(source, scanned.tokens) : build(source, std::move(scanned.tokens));
+    if (scanned.regionUnclosed)
+        best.messages.push_back({Trn::kSeverityError, source->positionOf(scanned.last), 1, messageText(1)});
+    root.swap(best.root);
     messages.splice(messages.end(), best.messages);
 }
 

@@ -11,19 +11,37 @@ namespace Cpp {
 class Emitter;
 
 /// A node of the coarse tree that is made for layout: it tells where each construct starts and
-/// ends. Extents are inclusive, and (0, 0) means that there is none. A node owns its children.
+/// ends. Extents are inclusive, and (0, 0) means that there is none. A node
+/// owns its children.
 class SyntaxNode : public Trn::SyntaxNode {
 public:
     /// Calls the visit of this node's own class. Descends nowhere by itself.
     virtual void accept(Emitter& emitter) = 0;
     /// Returns a deep copy, owned by the caller.
     virtual SyntaxNode* clone() const = 0;
+    /// True for the nodes that a parser makes: their memory is that of the tree and goes with it, and
+    /// nobody deletes them. Other nodes are on the heap.
+    bool isPooled() const { return pooled_; }
 
 protected:
     SyntaxNode() = default;
-    SyntaxNode(const SyntaxNode&) = default;
-    SyntaxNode& operator=(const SyntaxNode&) = default;
+    SyntaxNode(const SyntaxNode& other) : Trn::SyntaxNode(other) {}
+    SyntaxNode& operator=(const SyntaxNode&) { return *this; }
+
+private:
+    friend class NodePool;
+
+    bool pooled_ = false;
 };
+
+/// Ends the life of a node that has an owner.
+struct NodeDeleter {
+    void operator()(const SyntaxNode* node) const {
+        if (!node->isPooled()) delete node;
+    }
+};
+
+template <class Node> using OwnedNode = std::unique_ptr<Node, NodeDeleter>;
 
 /// A node without children that stores its extent.
 class LeafNode : public SyntaxNode {
@@ -53,6 +71,7 @@ template <class Node> class NodePtr {
 public:
     NodePtr() = default;
     explicit NodePtr(Node* node) : node_(node) {}
+    NodePtr(OwnedNode<Node> node) : node_(std::move(node)) {}
     NodePtr(const NodePtr& other) : node_(other.node_ ? static_cast<Node*>(other.node_->clone()) : nullptr) {}
     NodePtr(NodePtr&&) noexcept = default;
     NodePtr& operator=(NodePtr other) noexcept {
@@ -69,7 +88,7 @@ public:
     void swap(NodePtr& other) noexcept { node_.swap(other.node_); }
 
 private:
-    std::unique_ptr<Node> node_;
+    OwnedNode<Node> node_;
 };
 
 } // namespace Cpp

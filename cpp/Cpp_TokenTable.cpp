@@ -327,6 +327,37 @@ std::string TokenTable::spelling(Index i) const {
     return Cpp::spelling(source_.text(), {static_cast<std::uint8_t>(token.type), true, false, token.begin, token.end, token.line});
 }
 
+void TokenTable::appendSpelling(std::string& text, Index i) const {
+    const std::string_view spelled = this->text(i);
+    if (type(i) == tkIdentifier && std::any_of(spelled.begin(), spelled.end(), isSpace)) text += spelling(i);
+    else text += spelled;
+}
+
+std::string TokenTable::joined(Index first, Index last) const {
+    std::string text;
+    for (Index i = significant(first); i < last; i = significant(i + 1)) {
+        if (!text.empty()) text += ' ';
+        appendSpelling(text, i);
+    }
+    return text;
+}
+
+std::string TokenTable::statement(Index first, Index last) const {
+    std::string text;
+    int parens = 0;
+    for (Index j = first; j < last; j = significant(j + 1)) {
+        switch (type(j)) {
+        case tkOpenParen: ++parens; continue;
+        case tkCloseParen: parens -= parens > 0 ? 1 : 0; continue;
+        case tkLess: case tkGreater: case tkTemplate: continue;
+        default: break;
+        }
+        if (!text.empty() && (type(j) != tkSemicolon || parens > 0)) text += ' ';
+        appendSpelling(text, j);
+    }
+    return text;
+}
+
 Trn::Position TokenTable::start(Index i) const {
     const ParseToken& token = tokens_[i];
     const auto column = token.begin - source_.lineStart(token.line) + 1;

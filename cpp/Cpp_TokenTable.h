@@ -54,6 +54,14 @@ public:
         return source_.text().substr(tokens_[i].begin, tokens_[i].end - tokens_[i].begin);
     }
     std::string spelling(Index i) const;
+    /// The spellings from `first` up to but not including `last`, with single blanks between them;
+    /// comments and directives are left out.
+    std::string joined(Index first, Index last) const;
+    /// The text of a statement: its words with single blanks between them. Parentheses, angle brackets
+    /// and "template" are left out, and no blank stands in front of the closing ";".
+    std::string statement(Index first, Index last) const;
+    /// Appends the spelling of a token, a name without the white space in it.
+    void appendSpelling(std::string& text, Index i) const;
     Trn::Position start(Index i) const;
     Trn::Position end(Index i) const;
 

@@ -106,23 +106,6 @@ Index TreeBuilder::findSemicolon(Index from) const {
     return kNone;
 }
 
-/// The spellings from `first` up to but not including `last`, with single blanks between them;
-/// comments and directives are left out.
-std::string TreeBuilder::joined(Index first, Index last) const {
-    std::string text;
-    for (Index i = sig(first); i < last; i = nextSig(i)) {
-        if (!text.empty()) text += ' ';
-        appendSpelling(text, i);
-    }
-    return text;
-}
-
-void TreeBuilder::appendSpelling(std::string& text, Index i) const {
-    const std::string_view spelled = t_.text(i);
-    if (type(i) == tkIdentifier && std::any_of(spelled.begin(), spelled.end(), isSpace)) text += t_.spelling(i);
-    else text += spelled;
-}
-
 void TreeBuilder::parseRoot(RootNode& root) { parseBody(root, Body::Root); }
 
 /// Reads what stands in a body, up to its "}" or the end of the text. Returns whether it is closed;
@@ -144,11 +127,11 @@ bool TreeBuilder::parseBody(InteriorNode& body, Body kind) {
 void TreeBuilder::addNote(InteriorNode& body) {
     const Trn::Position start = t_.start(at_);
     const Trn::Position end = t_.end(at_);
-    std::string text = t_.isRegion(at_) ? std::string() : t_.spelling(at_);
+    NodeText text = t_.isRegion(at_) ? NodeText() : spelled(at_);
     if (type(at_) == tkDirective)
-        body.append(std::make_unique<PreprocDirectiveNode>(std::move(text), start, end));
+        body.append(make<PreprocDirectiveNode>(std::move(text), start, end));
     else
-        body.append(std::make_unique<CommentNode>(std::move(text), start, end));
+        body.append(make<CommentNode>(std::move(text), start, end));
     ++at_;
 }
 
@@ -279,12 +262,12 @@ void TreeBuilder::parseWord(InteriorNode& body, Body kind) {
     }
     const int next = nextType(at_);
     if (isLoneMacro(at_)) {
-        body.append(std::make_unique<ExprNode>(t_.spelling(at_), t_.start(at_), t_.end(at_)));
+        body.append(make<ExprNode>(spelled(at_), t_.start(at_), t_.end(at_)));
         ++at_;
     } else if (kind == Body::Class && next == tkColon && !isBitfieldWidth(nextSig(nextSig(at_)))) {
         addUnlessNull(body, parseAccessLabel());
     } else if (next == tkOpenBrace && !isBehindComma(at_)) {
-        body.append(std::make_unique<ExprNode>(t_.spelling(at_), t_.start(at_), t_.end(at_)));
+        body.append(make<ExprNode>(spelled(at_), t_.start(at_), t_.end(at_)));
         ++at_;
         addNotes(body);
         addUnlessNull(body, parseBlock());

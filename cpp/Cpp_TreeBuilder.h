@@ -2,13 +2,14 @@
 #define KERFLINE_CPP_TREEBUILDER_H
 
 #include "cpp/Cpp_BraceClassifier.h"
+#include "cpp/Cpp_NodePool.h"
 #include "cpp/Cpp_Nodes.h"
 #include "cpp/Cpp_TokenTable.h"
 #include "trn/Trn_Message.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
+#include <utility>
 
 namespace Cpp {
 
@@ -21,8 +22,8 @@ class TreeBuilder {
 public:
     using Index = TokenTable::Index;
 
-    TreeBuilder(const TokenTable& table, Trn::MessageList& messages)
-        : t_(table), braces_(table), messages_(messages) {}
+    TreeBuilder(const TokenTable& table, NodePool& pool, Trn::MessageList& messages)
+        : t_(table), braces_(table), pool_(pool), messages_(messages) {}
 
     void parseRoot(RootNode& root);
     /// True if a "}" was met that closes nothing.
@@ -33,7 +34,7 @@ private:
     // Deep enough for generated code; a level of the passes needs up to some kB of stack.
     static constexpr int kMaxDepth = 1000;
 
-    template <class T> using Ptr = std::unique_ptr<T>;
+    template <class T> using Ptr = OwnedNode<T>;
     using NodePtr = Ptr<SyntaxNode>;
 
     /// What a body may hold.
@@ -86,6 +87,17 @@ private:
     Index lastTaken(Index before) const;
     bool tooDeep(Index at);
 
+    // What nodes are made of.
+    template <class Node, class... Arguments> Ptr<Node> make(Arguments&&... arguments) const {
+        return pool_.make<Node>(std::forward<Arguments>(arguments)...);
+    }
+    /// The same for a part that is handed to a node as a pointer.
+    template <class Node, class... Arguments> Node* part(Arguments&&... arguments) const {
+        return pool_.make<Node>(std::forward<Arguments>(arguments)...).release();
+    }
+    NodeText joined(Index first, Index last) const { return NodeText::joined(t_, first, last); }
+    NodeText spelled(Index i) const { return NodeText::spelling(t_, i); }
+
     // Small questions.
     int type(Index i) const { return t_.type(i); }
     Index sig(Index i) const { return t_.significant(i); }
@@ -108,8 +120,6 @@ private:
     static bool hasWord(std::string_view name, std::string_view word);
     bool isLoneMacro(Index i) const;
     bool isMacroCall(Index name) const;
-    void appendSpelling(std::string& text, Index i) const;
-    std::string joined(Index first, Index last) const;
 
     // Bodies and what all of them share.
     bool parseBody(InteriorNode& body, Body kind);
@@ -182,7 +192,7 @@ private:
     Index findFunctionName(Index first, Index paren) const;
     Index nameStart(Index first, Index at) const;
     bool checkOperator(Index op, Index paren, bool member);
-    std::string functionName(Index first, Index op, Index paren) const;
+    NodeText functionName(Index first, Index op, Index paren);
     bool isOpenAngle(Index less) const;
     bool parseHeadTail(FunctionHeadNode& head, Index from, Index end);
     Ptr<ParameterListNode> parseParameterList(Index open, Index close);
@@ -218,10 +228,10 @@ private:
     Index findAsmEnd(Index keyword, std::int32_t& form) const;
     bool beginsStatement(Index j, Index prev, bool isTemplate) const;
     NodePtr parseExpressionStatement();
-    std::string statementText(Index first, Index last) const;
 
     const TokenTable& t_;
     const BraceClassifier braces_;
+    NodePool& pool_;
     Trn::MessageList& messages_;
     Index at_ = 0;
     int depth_ = 0;

@@ -20,13 +20,13 @@ TreeBuilder::NodePtr TreeBuilder::parseClassDecl(Index first, Index brace) {
     if (tooDeep(brace)) return nullptr;
     const Depth depth(*this);
     Ptr<ClassHeadNode> head = parseClassHead(sig(first), brace);
-    auto body = std::make_unique<ClassBodyNode>();
+    auto body = make<ClassBodyNode>();
     body->setStart(t_.start(brace));
     at_ = brace + 1;
     if (!parseBody(*body, Body::Class)) return nullptr;
     body->setEnd(t_.end(at_));
     ++at_;
-    auto node = std::make_unique<ClassDeclNode>(head.release(), body.release());
+    auto node = make<ClassDeclNode>(head.release(), body.release());
     endAtSemicolon(*node);
     return node;
 }
@@ -46,17 +46,17 @@ TreeBuilder::Ptr<ClassHeadNode> TreeBuilder::parseClassHead(Index first, Index b
         const bool isKey = type(j) == tkClass || type(j) == tkStruct || type(j) == tkUnion;
         const Index end = skipGroup(j);
         if (isKey) key = type(j);
-        else (name += name.empty() ? "" : " ") += joined(j, end + 1);
+        else (name += name.empty() ? "" : " ") += t_.joined(j, end + 1);
         last = j = end;
     }
-    auto nameNode = std::make_unique<ClassNameNode>(key, std::move(name), t_.start(first), t_.end(last));
+    auto nameNode = make<ClassNameNode>(key, pool_.keep(name), t_.start(first), t_.end(last));
     Ptr<BaseClauseListNode> bases;
     if (j < brace) bases = parseBaseClauses(nextSig(j), brace);
-    return std::make_unique<ClassHeadNode>(nameNode.release(), bases.release());
+    return make<ClassHeadNode>(nameNode.release(), bases.release());
 }
 
 TreeBuilder::Ptr<BaseClauseListNode> TreeBuilder::parseBaseClauses(Index first, Index last) {
-    auto list = std::make_unique<BaseClauseListNode>();
+    auto list = make<BaseClauseListNode>();
     bool compares = false;
     for (Index j = first; j < last; j = nextSig(j)) compares = compares || (type(j) == tkLess && t_.mate(j) == kNone);
     for (Index j = first; j < last;) {
@@ -86,13 +86,13 @@ TreeBuilder::Ptr<BaseClauseNode> TreeBuilder::parseBaseClause(Index first, Index
             once(k, isVirtual);
             isVirtual = true;
         } else if (groupEnd != k || isBaseName(type(k)) || compares) {
-            (name += name.empty() ? "" : " ") += joined(k, groupEnd + 1);
+            (name += name.empty() ? "" : " ") += t_.joined(k, groupEnd + 1);
             k = groupEnd;
         } else {
             report("Unexpected Token: \"" + t_.spelling(k) + "\"", k);
         }
     }
-    return std::make_unique<BaseClauseNode>(access, isVirtual, std::move(name), t_.start(first),
+    return make<BaseClauseNode>(access, isVirtual, pool_.keep(name), t_.start(first),
                                             t_.end(t_.significantBefore(end)));
 }
 
@@ -106,11 +106,11 @@ TreeBuilder::NodePtr TreeBuilder::parseAccessLabel() {
     }
     if (type(j) == tkColon) {
         at_ = j + 1;
-        return std::make_unique<AccessSpecNode>(access, t_.start(first), t_.end(j));
+        return make<AccessSpecNode>(access, t_.start(first), t_.end(j));
     }
     report("Expected ':' Found: " + t_.spelling(j), j);
     at_ = first + 1;
-    return std::make_unique<AccessSpecNode>(access, t_.start(first), t_.end(first));
+    return make<AccessSpecNode>(access, t_.start(first), t_.end(first));
 }
 
 TreeBuilder::NodePtr TreeBuilder::parseEnumDecl(Index first, Index brace) {
@@ -121,10 +121,10 @@ TreeBuilder::NodePtr TreeBuilder::parseEnumDecl(Index first, Index brace) {
         if (type(j) == tkEnum && !found) found = true;
         else if (found) (name += name.empty() ? "" : " ") += t_.spelling(j);
     }
-    auto head = std::make_unique<EnumHeadNode>(std::move(name), t_.start(first), t_.end(t_.significantBefore(brace)));
+    auto head = make<EnumHeadNode>(pool_.keep(name), t_.start(first), t_.end(t_.significantBefore(brace)));
     Ptr<EnumBodyNode> body = parseEnumBody(brace);
     if (!body) return nullptr;
-    auto node = std::make_unique<EnumDeclNode>(head.release(), body.release());
+    auto node = make<EnumDeclNode>(head.release(), body.release());
     endAtSemicolon(*node);
     return node;
 }
@@ -138,13 +138,13 @@ TreeBuilder::Ptr<EnumBodyNode> TreeBuilder::parseEnumBody(Index brace) {
         at_ = t_.size();
         return nullptr;
     }
-    auto body = std::make_unique<EnumBodyNode>(t_.start(brace), t_.end(close));
+    auto body = make<EnumBodyNode>(t_.start(brace), t_.end(close));
     Index first = kNone;
     const auto flush = [&](Index end) {
         if (first != kNone) {
             const Index last = t_.significantBefore(end);
             const Index textEnd = type(last) == tkComma ? last : end;
-            body->append(std::make_unique<ExprNode>(joined(first, textEnd), t_.start(first), t_.end(last)));
+            body->append(make<ExprNode>(joined(first, textEnd), t_.start(first), t_.end(last)));
         }
         first = kNone;
     };
@@ -179,7 +179,7 @@ TreeBuilder::NodePtr TreeBuilder::parseNamespace() {
     const Depth depth(*this);
     const bool named = type(name) == tkIdentifier && !takesPair(name);
     const Index last = named ? name : keyword;
-    auto head = std::make_unique<NamespaceHeadNode>(named ? t_.spelling(name) : std::string(), t_.start(first),
+    auto head = make<NamespaceHeadNode>(named ? spelled(name) : NodeText(), t_.start(first),
                                                     t_.end(last));
     // Between the name and the brace macros and attributes may stand.
     Index j = nextSig(last);
@@ -191,13 +191,13 @@ TreeBuilder::NodePtr TreeBuilder::parseNamespace() {
         at_ = keyword + 1;
         return nullptr;
     }
-    auto body = std::make_unique<NamespaceBodyNode>();
+    auto body = make<NamespaceBodyNode>();
     body->setStart(t_.start(j));
     at_ = j + 1;
     if (!parseBody(*body, Body::Namespace)) return nullptr;
     body->setEnd(t_.end(at_));
     ++at_;
-    return std::make_unique<NamespaceDeclNode>(head.release(), body.release());
+    return make<NamespaceDeclNode>(head.release(), body.release());
 }
 
 /// A template head; or a statement, where no "<" follows: an explicit instantiation.
@@ -212,10 +212,10 @@ TreeBuilder::NodePtr TreeBuilder::parseTemplate() {
         at_ = open + 1;
         return nullptr;
     }
-    auto word = std::make_unique<KeywordNode>(tkTemplate, t_.start(first), t_.end(keyword));
+    auto word = make<KeywordNode>(tkTemplate, t_.start(first), t_.end(keyword));
     Ptr<ParameterListNode> params = parseParameterList(open, close);
     at_ = close + 1;
-    return std::make_unique<TemplateNode>(word.release(), params.release());
+    return make<TemplateNode>(word.release(), params.release());
 }
 
 TreeBuilder::NodePtr TreeBuilder::parseExtern() {
@@ -232,9 +232,9 @@ TreeBuilder::NodePtr TreeBuilder::parseLinkageBlock(Index lastOfHead) {
     const Index keyword = at_;
     if (tooDeep(keyword)) return nullptr;
     const Depth depth(*this);
-    auto linkage = std::make_unique<ExprNode>(joined(keyword, lastOfHead + 1), t_.start(keyword), t_.end(lastOfHead));
+    auto linkage = make<ExprNode>(joined(keyword, lastOfHead + 1), t_.start(keyword), t_.end(lastOfHead));
     const Index brace = nextSig(lastOfHead);
-    auto body = std::make_unique<LinkageBlockBodyNode>();
+    auto body = make<LinkageBlockBodyNode>();
     body->setStart(t_.start(brace));
     at_ = brace + 1;
     // Only 'C' linkage forbids templates.
@@ -242,7 +242,7 @@ TreeBuilder::NodePtr TreeBuilder::parseLinkageBlock(Index lastOfHead) {
     if (!parseBody(*body, kind)) return nullptr;
     body->setEnd(t_.end(at_));
     ++at_;
-    return std::make_unique<LinkageBlockNode>(linkage.release(), body.release());
+    return make<LinkageBlockNode>(linkage.release(), body.release());
 }
 
 } // namespace Cpp

@@ -381,14 +381,14 @@ TreeBuilder::NodePtr TreeBuilder::parseData(Index first, Index last, const DataR
         if (run.hasTerminator) at_ = last + 1;
         return nullptr;
     }
-    auto node = std::make_unique<DataDeclNode>();
+    auto node = make<DataDeclNode>();
     const bool bitfield = headEnd < last && type(headEnd) == tkColon;
     if (!bitfield || !splitBitfield(first, headEnd, *node)) splitDeclarator(first, headEnd, *node);
     if (type(headEnd) == tkOpenParen && headEnd < last && !node->name()) return nullptr;
     if (bitfield && !checkBitfield(headEnd, last)) return nullptr;
     if (headEnd < last) {
         const Index lastOfInit = t_.significantBefore(last);
-        node->setInit(new ExprNode(joined(headEnd, last), t_.start(headEnd), t_.end(lastOfInit)));
+        node->setInit(part<ExprNode>(joined(headEnd, last), t_.start(headEnd), t_.end(lastOfInit)));
     }
     const Index end = run.hasTerminator ? last : t_.significantBefore(last);
     node->setEnd(t_.end(end));
@@ -451,14 +451,14 @@ void TreeBuilder::splitDeclarator(Index first, Index last, DataDeclNode& node) c
     const Index second = nextSig(first);
     const bool onlyKeyAndName = (isClassKey(type(first)) || type(first) == tkEnum) && name == second && nextSig(name) >= end;
     if (onlyKeyAndName && comma == kNone && last == end && type(last) == tkSemicolon) {
-        node.setType(new TypeNode(joined(first, end), t_.start(first), t_.end(name)));
+        node.setType(part<TypeNode>(joined(first, end), t_.start(first), t_.end(name)));
         return;
     }
     if (name > first)
-        node.setType(new TypeNode(joined(first, name), t_.start(first), t_.end(t_.significantBefore(name))));
+        node.setType(part<TypeNode>(joined(first, name), t_.start(first), t_.end(t_.significantBefore(name))));
     const Index lastOfName = t_.significantBefore(end);
     if (end > name && lastOfName != kNone && lastOfName >= name)
-        node.setName(new IdNode(joined(name, end), t_.start(name), t_.end(lastOfName)));
+        node.setName(part<IdNode>(joined(name, end), t_.start(name), t_.end(lastOfName)));
 }
 
 /// Type and name in front of the ":" of a bit field. Returns false if that is left to the general rule.
@@ -467,17 +467,17 @@ bool TreeBuilder::splitBitfield(Index first, Index last, DataDeclNode& node) con
     Index j = first;
     while (j < last && (isBuiltinType(type(j)) || isDeclSpecifier(type(j)))) j = nextSig(j);
     if (j >= last) {
-        node.setType(new TypeNode(joined(first, last), t_.start(first), t_.end(t_.significantBefore(last))));
+        node.setType(part<TypeNode>(joined(first, last), t_.start(first), t_.end(t_.significantBefore(last))));
         return true;
     }
     const Index name = t_.significantBefore(last);
     if (name == first) { // nothing but one word: an unnamed field of a named type
-        node.setType(new TypeNode(joined(first, last), t_.start(first), t_.end(name)));
+        node.setType(part<TypeNode>(joined(first, last), t_.start(first), t_.end(name)));
         return true;
     }
     if (type(name) != tkIdentifier) return false;
-    node.setType(new TypeNode(joined(first, name), t_.start(first), t_.end(t_.significantBefore(name))));
-    node.setName(new IdNode(t_.spelling(name), t_.start(name), t_.end(name)));
+    node.setType(part<TypeNode>(joined(first, name), t_.start(first), t_.end(t_.significantBefore(name))));
+    node.setName(part<IdNode>(spelled(name), t_.start(name), t_.end(name)));
     return true;
 }
 
@@ -513,7 +513,7 @@ TreeBuilder::NodePtr TreeBuilder::parseBraceInit(Index first, const DeclHead& he
         return parseData(first, behind, {behind, true, true}, allowBitfield);
     if (start == head.at) return parseBlock();
     const Index last = t_.significantBefore(head.at);
-    auto node = std::make_unique<ExprNode>(joined(start, head.at), t_.start(start), t_.end(last));
+    auto node = make<ExprNode>(joined(start, head.at), t_.start(start), t_.end(last));
     at_ = last + 1;
     return node;
 }

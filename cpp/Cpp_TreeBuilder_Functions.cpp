@@ -44,8 +44,8 @@ TreeBuilder::NodePtr TreeBuilder::finishFunction(Ptr<FunctionHeadNode> head, con
         block = parseBlock();
         inMacroBody_ = outer;
     }
-    if (inits) return std::make_unique<CtorDeclNode>(head.release(), block.release(), inits.release());
-    return std::make_unique<FunctionDeclNode>(head.release(), block.release());
+    if (inits) return make<CtorDeclNode>(head.release(), block.release(), inits.release());
+    return make<FunctionDeclNode>(head.release(), block.release());
 }
 
 /// Looks at what follows the parameters, at `paren`, of the function that starts at `first`. What is no
@@ -265,14 +265,14 @@ TreeBuilder::Ptr<FunctionHeadNode> TreeBuilder::parseFunctionHead(Index first, I
         report("Expected function name. Got: " + t_.spelling(paren), paren);
         return nullptr;
     }
-    auto head = std::make_unique<FunctionHeadNode>();
+    auto head = make<FunctionHeadNode>();
     if (name > first) {
         const Index last = t_.significantBefore(name);
-        head->setReturnType(new FunctionReturnNode(joined(first, name), t_.start(first), t_.end(last)));
+        head->setReturnType(part<FunctionReturnNode>(joined(first, name), t_.start(first), t_.end(last)));
     }
     if (op != kNone && op < paren && !checkOperator(op, paren, member)) return nullptr;
     const Index lastOfName = t_.significantBefore(paren);
-    head->setName(new IdNode(functionName(name, op, paren), t_.start(name), t_.end(lastOfName)));
+    head->setName(part<IdNode>(functionName(name, op, paren), t_.start(name), t_.end(lastOfName)));
     head->setParams(parseParameterList(paren, t_.mate(paren)).release());
     if (!parseHeadTail(*head, nextSig(t_.mate(paren)), end)) return nullptr;
     return head;
@@ -303,7 +303,7 @@ bool TreeBuilder::checkOperator(Index op, Index paren, bool member) {
 
 /// The text of the name from `first` up to `paren`. An operator stands directly behind its keyword,
 /// and that behind the class; words are kept apart by single blanks.
-std::string TreeBuilder::functionName(Index first, Index op, Index paren) const {
+NodeText TreeBuilder::functionName(Index first, Index op, Index paren) {
     if (op == kNone || op >= paren) return joined(first, paren);
     std::string text;
     const int what = type(nextSig(op));
@@ -312,9 +312,9 @@ std::string TreeBuilder::functionName(Index first, Index op, Index paren) const 
         const bool allocation = (what == tkNew || what == tkDelete) && type(j) < tkClass;
         const bool symbol = j > op && type(j) < tkClass && (what < tkClass || allocation);
         if (!text.empty() && !qualified && !symbol) text += ' ';
-        appendSpelling(text, j);
+        t_.appendSpelling(text, j);
     }
-    return text;
+    return pool_.keep(text);
 }
 
 /// The qualifiers, the exception specification and the "= 0" of a head.
@@ -323,11 +323,11 @@ bool TreeBuilder::parseHeadTail(FunctionHeadNode& head, Index from, Index end) {
         if (type(k) == tkConst || type(k) == tkVolatile) {
             Index last = k;
             while (nextSig(last) < end && (nextType(last) == tkConst || nextType(last) == tkVolatile)) last = nextSig(last);
-            head.setQualifiers(new TextNode(joined(k, last + 1), t_.start(k), t_.end(last)));
+            head.setQualifiers(part<TextNode>(joined(k, last + 1), t_.start(k), t_.end(last)));
             k = last;
         } else if (type(k) == tkThrow) {
             const Index close = t_.mate(nextSig(k));
-            head.setThrowSpec(new ExprNode(joined(k, close + 1), t_.start(k), t_.end(close)));
+            head.setThrowSpec(part<ExprNode>(joined(k, close + 1), t_.start(k), t_.end(close)));
             k = close;
         } else if (type(k) == tkAssign) {
             const Index value = nextSig(k);
@@ -335,7 +335,7 @@ bool TreeBuilder::parseHeadTail(FunctionHeadNode& head, Index from, Index end) {
                 report("Expected '= 0' to indicate a pure virtual function. Got: " + t_.spelling(value), value);
                 return false;
             }
-            head.setPureSpec(new ExprNode("= 0", t_.start(k), t_.end(value)));
+            head.setPureSpec(part<ExprNode>("= 0", t_.start(k), t_.end(value)));
             k = value;
         }
     }
@@ -352,13 +352,13 @@ bool TreeBuilder::isOpenAngle(Index less) const {
 
 /// The parameters between two brackets, and the comments among them, in source order.
 TreeBuilder::Ptr<ParameterListNode> TreeBuilder::parseParameterList(Index open, Index close) {
-    auto list = std::make_unique<ParameterListNode>(t_.start(open), t_.end(close));
+    auto list = make<ParameterListNode>(t_.start(open), t_.end(close));
     Index first = kNone;
     bool openAngle = false;
     const auto flush = [&](Index end) {
         if (first != kNone) {
             const Index last = t_.significantBefore(end);
-            list->append(std::make_unique<ParameterNode>(joined(first, end), t_.start(first), t_.end(last)));
+            list->append(make<ParameterNode>(joined(first, end), t_.start(first), t_.end(last)));
         }
         first = kNone;
     };
@@ -369,7 +369,7 @@ TreeBuilder::Ptr<ParameterListNode> TreeBuilder::parseParameterList(Index open, 
             const bool between = first == kNone || next >= close || type(next) == tkComma;
             if (!between || type(j) == tkDirective) continue;
             flush(j);
-            list->append(std::make_unique<CommentNode>(t_.spelling(j), t_.start(j), t_.end(j)));
+            list->append(make<CommentNode>(spelled(j), t_.start(j), t_.end(j)));
         } else if (type(j) == tkComma) {
             flush(j);
         } else {
@@ -379,7 +379,7 @@ TreeBuilder::Ptr<ParameterListNode> TreeBuilder::parseParameterList(Index open, 
             if (opens && t_.mate(j) != kNone && t_.mate(j) < close) j = t_.mate(j);
             // A ">>" closes both the argument and the list: its first half is the argument's.
             if (type(j) == tkLess && t_.mate(j) == close) {
-                list->append(std::make_unique<ParameterNode>(joined(first, close) + " >", t_.start(first), t_.start(close)));
+                list->append(make<ParameterNode>(pool_.keep(t_.joined(first, close) + " >"), t_.start(first), t_.start(close)));
                 return list;
             }
         }
@@ -390,7 +390,7 @@ TreeBuilder::Ptr<ParameterListNode> TreeBuilder::parseParameterList(Index open, 
 }
 
 TreeBuilder::Ptr<InitializerListNode> TreeBuilder::parseMemberInits(Index colon, Index brace) {
-    auto list = std::make_unique<InitializerListNode>();
+    auto list = make<InitializerListNode>();
     for (at_ = colon + 1; at_ < brace;) {
         if (isCommentOrDirective(type(at_))) {
             addNote(*list);
@@ -421,19 +421,19 @@ TreeBuilder::Ptr<InitializerNode> TreeBuilder::parseMemberInit(Index& at, Index 
         report("Expected a (. Got: \"" + t_.spelling(open) + "\"", open);
         return nullptr;
     }
-    auto name = std::make_unique<IdNode>(joined(first, open), t_.start(first), t_.end(t_.significantBefore(open)));
+    auto name = make<IdNode>(joined(first, open), t_.start(first), t_.end(t_.significantBefore(open)));
     Ptr<ArgListNode> args = parseArgs(open, t_.mate(open));
     at = t_.mate(open) + 1;
-    return std::make_unique<InitializerNode>(name.release(), args.release());
+    return make<InitializerNode>(name.release(), args.release());
 }
 
 TreeBuilder::Ptr<ArgListNode> TreeBuilder::parseArgs(Index open, Index close) const {
-    auto list = std::make_unique<ArgListNode>(t_.start(open), t_.end(close));
+    auto list = make<ArgListNode>(t_.start(open), t_.end(close));
     for (Index j = nextSig(open); j < close;) {
         Index end = firstComma(j, close);
         if (end == kNone) end = close;
         if (j < end)
-            list->append(std::make_unique<ArgNode>(joined(j, end), t_.start(j), t_.end(t_.significantBefore(end))));
+            list->append(make<ArgNode>(joined(j, end), t_.start(j), t_.end(t_.significantBefore(end))));
         j = end < close ? nextSig(end) : close;
     }
     return list;
@@ -462,11 +462,11 @@ TreeBuilder::NodePtr TreeBuilder::parsePointer(Index first, const DeclHead& head
     if (macro) {
         node = parseFunctionHead(first, paren, kNone, false, t_.mate(paren) + 1);
     } else {
-        node = std::make_unique<FunctionHeadNode>();
+        node = make<FunctionHeadNode>();
         const Index start = sig(first);
         if (start < paren)
-            node->setReturnType(new FunctionReturnNode(joined(start, paren), t_.start(start), t_.end(t_.significantBefore(paren))));
-        node->setName(new IdNode(joined(paren, t_.mate(paren) + 1), t_.start(paren), t_.end(t_.mate(paren))));
+            node->setReturnType(part<FunctionReturnNode>(joined(start, paren), t_.start(start), t_.end(t_.significantBefore(paren))));
+        node->setName(part<IdNode>(joined(paren, t_.mate(paren) + 1), t_.start(paren), t_.end(t_.mate(paren))));
         if (type(second) == tkOpenParen && t_.mate(second) != kNone)
             node->setParams(parseParameterList(second, t_.mate(second)).release());
     }
@@ -478,11 +478,11 @@ TreeBuilder::NodePtr TreeBuilder::parsePointer(Index first, const DeclHead& head
 TreeBuilder::NodePtr TreeBuilder::parseFunctionPtr(Index first, Index paren, Index end) {
     first = sig(first);
     const Index close = t_.mate(paren);
-    auto node = std::make_unique<FunctionPtrDeclNode>();
+    auto node = make<FunctionPtrDeclNode>();
     if (first < paren)
-        node->setReturnType(new FunctionReturnNode(joined(first, paren), t_.start(first), t_.end(t_.significantBefore(paren))));
+        node->setReturnType(part<FunctionReturnNode>(joined(first, paren), t_.start(first), t_.end(t_.significantBefore(paren))));
     const bool filled = nextSig(paren) < close;
-    node->setName(new IdNode(filled ? joined(paren + 1, close) : "( )", t_.start(paren), t_.end(close)));
+    node->setName(part<IdNode>(filled ? joined(paren + 1, close) : NodeText::keptBy("( )"), t_.start(paren), t_.end(close)));
     Index rest = nextSig(close);
     if (type(rest) == tkOpenParen && t_.mate(rest) != kNone) {
         node->setParams(parseParameterList(rest, t_.mate(rest)).release());
@@ -490,7 +490,7 @@ TreeBuilder::NodePtr TreeBuilder::parseFunctionPtr(Index first, Index paren, Ind
     }
     if (rest < end) {
         const Index last = t_.significantBefore(end);
-        node->setSuffix(new TextNode(joined(rest, end), t_.start(rest), t_.end(last)));
+        node->setSuffix(part<TextNode>(joined(rest, end), t_.start(rest), t_.end(last)));
         node->setEnd(t_.end(last));
     }
     if (type(end) == tkEnd || type(end) == tkInvalid) {

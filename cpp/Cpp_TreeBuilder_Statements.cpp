@@ -48,7 +48,7 @@ bool startsDeclaration(int type) {
 
 /// Reads one statement or a compound one. Always returns a block with the statement in it.
 TreeBuilder::Ptr<BlockNode> TreeBuilder::parseBlock() {
-    auto block = std::make_unique<BlockNode>();
+    auto block = make<BlockNode>();
     if (tooDeep(at_)) return block;
     const Depth depth(*this);
     at_ = sig(at_);
@@ -259,7 +259,7 @@ TreeBuilder::NodePtr TreeBuilder::parseCtrlStmt() {
         report(11, at_++);
         return nullptr;
     }
-    auto statement = std::make_unique<CtrlStmtNode>();
+    auto statement = make<CtrlStmtNode>();
     for (int before = tkEnd;;) {
         const int keyword = type(skipAttributes(sig(at_)));
         Ptr<CtrlSubStmtNode> part = parseCtrlSub(before);
@@ -290,7 +290,7 @@ TreeBuilder::Ptr<CtrlSubStmtNode> TreeBuilder::parseCtrlSub(int before) {
         block = parseBlock();
         if (block->start().isNone()) block.reset();
     }
-    return std::make_unique<CtrlSubStmtNode>(head.release(), block.release());
+    return make<CtrlSubStmtNode>(head.release(), block.release());
 }
 
 TreeBuilder::Ptr<CtrlSubStmtHeadNode> TreeBuilder::parseCtrlSubHead() {
@@ -300,7 +300,7 @@ TreeBuilder::Ptr<CtrlSubStmtHeadNode> TreeBuilder::parseCtrlSubHead() {
     const bool bare = kind == tkElse || kind == tkDo || kind == tkTry;
     const Index last = bare ? keyword : lastOfKeyword(keyword);
     at_ = last + 1;
-    auto head = std::make_unique<CtrlSubStmtHeadNode>(new KeywordNode(kind, t_.start(first), t_.end(last)), nullptr);
+    auto head = make<CtrlSubStmtHeadNode>(part<KeywordNode>(kind, t_.start(first), t_.end(last)), nullptr);
     if (kind == tkTry) takeTryInits(*head);
     if (bare) return head;
     const Index open = sig(at_);
@@ -322,7 +322,7 @@ void TreeBuilder::takeTryInits(CtrlSubStmtHeadNode& head) {
     if (type(colon) != tkColon) return;
     const Index brace = findInitBody(colon);
     if (type(brace) != tkOpenBrace) return;
-    head.setCondition(new ExprNode(joined(colon, brace), t_.start(colon), t_.end(t_.significantBefore(brace))));
+    head.setCondition(part<ExprNode>(joined(colon, brace), t_.start(colon), t_.end(t_.significantBefore(brace))));
     at_ = brace;
 }
 
@@ -357,21 +357,21 @@ TreeBuilder::Ptr<ExprNode> TreeBuilder::parseCondition() {
         }
     }
     at_ = close + 1;
-    return std::make_unique<ExprNode>(std::string(), t_.start(open), t_.end(close));
+    return make<ExprNode>(std::string(), t_.start(open), t_.end(close));
 }
 
 TreeBuilder::NodePtr TreeBuilder::parseCase() {
     const Index keyword = skipAttributes(at_);
-    auto word = std::make_unique<KeywordNode>(type(keyword), t_.start(at_), t_.end(keyword));
+    auto word = make<KeywordNode>(type(keyword), t_.start(at_), t_.end(keyword));
     const Index first = nextSig(keyword);
     if (type(keyword) == tkDefault) {
         at_ = keyword + 1;
         if (type(first) != tkColon) {
             report("Expected a : immediately following 'default'. Got: " + t_.spelling(first), first);
-            return std::make_unique<CaseNode>(word.release(), nullptr);
+            return make<CaseNode>(word.release(), nullptr);
         }
         at_ = first + 1;
-        return std::make_unique<CaseNode>(word.release(), nullptr, t_.end(first));
+        return make<CaseNode>(word.release(), nullptr, t_.end(first));
     }
     Index colon = first;
     while (type(colon) != tkColon && !endsCase(type(colon))) {
@@ -382,17 +382,17 @@ TreeBuilder::NodePtr TreeBuilder::parseCase() {
     }
     Ptr<ExprNode> expr;
     if (first < colon)
-        expr = std::make_unique<ExprNode>(joined(first, colon), t_.start(first), t_.end(t_.significantBefore(colon)));
+        expr = make<ExprNode>(joined(first, colon), t_.start(first), t_.end(t_.significantBefore(colon)));
     const bool closed = type(colon) == tkColon;
     at_ = closed ? colon + 1 : colon;
-    return std::make_unique<CaseNode>(word.release(), expr.release(), closed ? t_.end(colon) : Trn::Position());
+    return make<CaseNode>(word.release(), expr.release(), closed ? t_.end(colon) : Trn::Position());
 }
 
 TreeBuilder::NodePtr TreeBuilder::parseLabel() {
     const Index name = at_;
     const Index colon = nextSig(name);
     at_ = colon + 1;
-    return std::make_unique<LabelNode>(new IdNode(t_.spelling(name), t_.start(name), t_.end(name)), t_.end(colon));
+    return make<LabelNode>(part<IdNode>(spelled(name), t_.start(name), t_.end(name)), t_.end(colon));
 }
 
 TreeBuilder::NodePtr TreeBuilder::parseAsm() {
@@ -401,22 +401,22 @@ TreeBuilder::NodePtr TreeBuilder::parseAsm() {
         report("Expected 'asm'. Got: " + t_.spelling(keyword), keyword);
         return nullptr;
     }
-    auto word = std::make_unique<TextNode>(t_.spelling(keyword), t_.start(keyword), t_.end(keyword));
+    auto word = make<TextNode>(spelled(keyword), t_.start(keyword), t_.end(keyword));
     const Index first = nextSig(keyword);
     if (type(first) == tkOpenBrace) return parseAsmBlock(std::move(word), first);
     std::int32_t form = AsmNode::kOneLine;
     const Index end = findAsmEnd(keyword, form);
     if (first >= end) {
         at_ = keyword + 1;
-        return std::make_unique<AsmNode>(word.release(), nullptr, form);
+        return make<AsmNode>(word.release(), nullptr, form);
     }
     const Index last = t_.significantBefore(end);
-    auto body = std::make_unique<BlockNode>();
-    body->append(std::make_unique<TextNode>(joined(first, end), t_.start(first), t_.end(last)));
+    auto body = make<BlockNode>();
+    body->append(make<TextNode>(joined(first, end), t_.start(first), t_.end(last)));
     body->setStart(t_.start(first));
     body->setEnd(t_.end(last));
     at_ = last + 1;
-    return std::make_unique<AsmNode>(word.release(), body.release(), form);
+    return make<AsmNode>(word.release(), body.release(), form);
 }
 
 TreeBuilder::NodePtr TreeBuilder::parseAsmBlock(Ptr<TextNode> word, Index brace) {
@@ -426,16 +426,16 @@ TreeBuilder::NodePtr TreeBuilder::parseAsmBlock(Ptr<TextNode> word, Index brace)
         at_ = brace + 1;
         return nullptr;
     }
-    auto body = std::make_unique<BlockNode>();
+    auto body = make<BlockNode>();
     body->setStart(t_.start(brace));
     body->setEnd(t_.end(close));
     const Index first = nextSig(brace);
     if (first < close) {
         const Index last = t_.significantBefore(close);
-        body->append(std::make_unique<TextNode>(joined(first, close), t_.start(first), t_.end(last)));
+        body->append(make<TextNode>(joined(first, close), t_.start(first), t_.end(last)));
     }
     at_ = close + 1;
-    return std::make_unique<AsmNode>(word.release(), body.release(), AsmNode::kBraced);
+    return make<AsmNode>(word.release(), body.release(), AsmNode::kBraced);
 }
 
 /// Where assembler without braces ends: at the ";" or the end of the line, but never in a bracket.
@@ -496,25 +496,7 @@ TreeBuilder::NodePtr TreeBuilder::parseExpressionStatement() {
         return nullptr;
     }
     at_ = last + 1;
-    return std::make_unique<ExprNode>(statementText(first, last), t_.start(first), t_.end(last));
-}
-
-/// The text of a statement: its words with single blanks between them. Parentheses, angle brackets
-/// and "template" are left out, and no blank stands in front of the closing ";".
-std::string TreeBuilder::statementText(Index first, Index last) const {
-    std::string text;
-    int parens = 0;
-    for (Index j = first; j <= last; j = nextSig(j)) {
-        switch (type(j)) {
-        case tkOpenParen: ++parens; continue;
-        case tkCloseParen: parens -= parens > 0 ? 1 : 0; continue;
-        case tkLess: case tkGreater: case tkTemplate: continue;
-        default: break;
-        }
-        if (!text.empty() && (type(j) != tkSemicolon || parens > 0)) text += ' ';
-        appendSpelling(text, j);
-    }
-    return text;
+    return make<ExprNode>(NodeText::statement(t_, first, last + 1), t_.start(first), t_.end(last));
 }
 
 } // namespace Cpp

@@ -1,17 +1,14 @@
 #include "src/Norvane_FormatDriver.h"
 
-#include "cpp/Cpp_Lexer.h"
 #include "cpp/Cpp_Nodes.h"
 #include "cpp/Cpp_Parser.h"
 #include "src/format/Norvane_CppFormatter.h"
 #include "src/format/Norvane_CppPreFormatter.h"
 #include "src/scheme/Norvane_LayoutOptions.h"
 #include "src/wrap/Norvane_CppLineWrapper.h"
-#include "streams/Zelmar_ITextDocStream.h"
 #include "streams/Zelmar_SourceText.h"
-#include "trn/Trn_Exception.h"
 
-#include <sstream>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -23,11 +20,6 @@ namespace {
 const Trn::Message& cancelledMessage() {
     static const Trn::Message message{
         Trn::kSeverityInformation, {}, 0, "Formatting cancelled at user's request."};
-    return message;
-}
-
-const Trn::Message& noRewindMessage() {
-    static const Trn::Message message{Trn::kSeverityError, {}, 0, "Unable to rewind input."};
     return message;
 }
 
@@ -47,18 +39,9 @@ void writeAll(std::string_view text, std::ostream& output) {
     output.flush();
 }
 
-/// An empty stream with room for a text a little longer than `source`: growing to it step by step
-/// would copy it twice over.
-std::stringstream streamWithRoom(std::string_view source) {
-    std::string room;
-    room.reserve(source.size() + source.size() / 4);
-    return std::stringstream(std::move(room));
-}
+using Source = std::shared_ptr<const Zelmar::SourceText>;
 
-/// What a failed stream did not take would be missing from the text that replaces the user's.
-void checkWritten(const std::ostream& text) {
-    if (!text.good()) throw Trn::Exception("The formatted text could not be written.");
-}
+Source sourceOf(std::string text) { return std::make_shared<const Zelmar::SourceText>(std::move(text)); }
 
 /// One run: the stages that both parses share, and what the run was called with.
 class Run {
@@ -67,14 +50,14 @@ public:
         : preFormatter_(options.markers()), options_(readOptions(options)), messages_(messages), update_(update) {}
 
     /// Both return 0, or the number of messages with which the run ends.
-    std::int32_t format(std::stringstream& source, std::stringstream& formatted);
-    std::int32_t wrap(std::stringstream& formatted, std::ostream& wrapped);
+    std::int32_t format(const Source& source, std::string& formatted);
+    std::int32_t wrap(const Source& formatted, std::string& wrapped);
     /// True if no line of the text is to be broken.
     bool fits(std::string_view formatted) const { return CppLineWrapper::leavesAsItIs(*options_, formatted); }
 
 private:
-    std::int32_t parse(Cpp::Lexer& lexer, Cpp::RootNode& root);
-    std::int32_t buildTree(std::istream& text, Cpp::Lexer& lexer, Cpp::RootNode& root);
+    std::int32_t parse(const Source& source, Cpp::RootNode& root);
+    std::int32_t buildTree(const Source& source, Cpp::RootNode& root);
 
     CppPreFormatter preFormatter_;
     Cpp::Parser parser_;
@@ -83,66 +66,65 @@ private:
     UpdateFunctor& update_;
 };
 
-std::int32_t Run::parse(Cpp::Lexer& lexer, Cpp::RootNode& root) {
+std::int32_t Run::parse(const Source& source, Cpp::RootNode& root) {
     Trn::MessageList diagnostics;
-    parser_.parse(lexer, root, diagnostics);
+    parser_.parse(source, root, diagnostics);
     diagnostics.remove_if([](const Trn::Message& message) { return message.code == kWithdrawnCode; });
     const auto count = static_cast<std::int32_t>(diagnostics.size());
     messages_.splice(messages_.end(), diagnostics);
     return count;
 }
 
-/// Makes the tree that a pass walks, and puts `text` back to its start for that pass to read.
-std::int32_t Run::buildTree(std::istream& text, Cpp::Lexer& lexer, Cpp::RootNode& root) {
-    const std::int32_t diagnostics = parse(lexer, root);
-    if (diagnostics != 0) return diagnostics;
-    if (!Zelmar::rewind(text)) return endWith(noRewindMessage(), messages_);
-    root.accept(preFormatter_);
-    return 0;
+/// Makes the tree that a pass walks.
+std::int32_t Run::buildTree(const Source& source, Cpp::RootNode& root) {
+    const std::int32_t diagnostics = parse(source, root);
+    if (diagnostics == 0) root.accept(preFormatter_);
+    return diagnostics;
 }
 
-std::int32_t Run::format(std::stringstream& source, std::stringstream& formatted) {
+std::int32_t Run::format(const Source& source, std::string& formatted) {
     if (!update_("Analyzing file:\n%s")) return endWith(cancelledMessage(), messages_);
     Cpp::RootNode root;
-    Cpp::Lexer lexer(source);
-    const std::int32_t ended = buildTree(source, lexer, root);
+    const std::int32_t ended = buildTree(source, root);
     if (ended != 0) return ended;
     if (!update_("Formatting file:\n%s")) return endWith(cancelledMessage(), messages_);
-    CppFormatter formatter(source, formatted, options_);
+    CppFormatter formatter(source, options_);
     root.accept(formatter);
-    checkWritten(formatted);
+    formatted = formatter.takeText();
     return 0;
 }
 
-std::int32_t Run::wrap(std::stringstream& formatted, std::ostream& wrapped) {
+std::int32_t Run::wrap(const Source& formatted, std::string& wrapped) {
     Cpp::RootNode root;
-    Cpp::Lexer lexer(formatted);
-    const std::int32_t ended = buildTree(formatted, lexer, root);
+    const std::int32_t ended = buildTree(formatted, root);
     if (ended != 0) return ended;
-    const std::string text = std::move(formatted).str();
-    CppLineWrapper wrapper(options_, text, wrapped);
+    CppLineWrapper wrapper(formatted, options_);
     root.accept(wrapper);
-    checkWritten(wrapped);
+    wrapped = wrapper.takeText();
     return 0;
 }
 
 } // namespace
 
-std::int32_t FormatDriver::format(const FormatOptions& options, std::istream& input, std::ostream& output,
+std::int32_t FormatDriver::format(const FormatOptions& options, std::string text, std::string& result,
                                   Trn::MessageList& messages, UpdateFunctor& update) {
     Run run(options, messages, update);
-    std::stringstream source(Zelmar::readAll(input));
-    std::stringstream formatted = streamWithRoom(source.view());
-    const std::int32_t ended = run.format(source, formatted);
+    std::string formatted;
+    const std::int32_t ended = run.format(sourceOf(std::move(text)), formatted);
     if (ended != 0) return ended;
-    if (run.fits(formatted.view())) {
-        writeAll(formatted.view(), output);
+    if (run.fits(formatted)) {
+        result = std::move(formatted);
         return 0;
     }
-    std::stringstream wrapped = streamWithRoom(formatted.view());
-    const std::int32_t wrapEnded = run.wrap(formatted, wrapped);
-    if (wrapEnded == 0) writeAll(wrapped.view(), output);
-    return wrapEnded;
+    return run.wrap(sourceOf(std::move(formatted)), result);
+}
+
+std::int32_t FormatDriver::format(const FormatOptions& options, std::istream& input, std::ostream& output,
+                                  Trn::MessageList& messages, UpdateFunctor& update) {
+    std::string result;
+    const std::int32_t ended = format(options, Zelmar::readAll(input), result, messages, update);
+    if (ended == 0) writeAll(result, output);
+    return ended;
 }
 
 } // namespace Norvane

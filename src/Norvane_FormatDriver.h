@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <istream>
 #include <ostream>
+#include <string>
 
 namespace Norvane {
 
@@ -28,6 +29,10 @@ public:
     /// `update` is asked before each of the two long stages. What a stage throws passes through,
     /// and nothing has been written then either.
     std::int32_t format(const FormatOptions& options, std::istream& input, std::ostream& output,
+                        Trn::MessageList& messages, UpdateFunctor& update);
+    /// The same for a text at hand, which has line feeds only. `result` is replaced, and stays as it
+    /// was unless 0 is returned.
+    std::int32_t format(const FormatOptions& options, std::string text, std::string& result,
                         Trn::MessageList& messages, UpdateFunctor& update);
 };
 

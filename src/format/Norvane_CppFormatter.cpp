@@ -64,11 +64,13 @@ CppFormatter::CppFormatter(std::istream& source, std::ostream& output)
     : CppFormatter(source, output, PropertySet("FormatterProperties")) {}
 
 CppFormatter::CppFormatter(std::istream& source, std::ostream& output, const PropertySet& scheme)
-    : CppFormatter(source, output, readOptions(scheme)) {}
+    : CppFormatter(std::make_shared<const Zelmar::SourceText>(Zelmar::readAll(source)), readOptions(scheme)) {
+    destination_ = &output;
+}
 
-CppFormatter::CppFormatter(std::istream& source, std::ostream& output, SharedOptions options)
-    : sharedOptions_(std::move(options)), options_(*sharedOptions_), source_(Zelmar::readAll(source)),
-      destination_(output), exprFormatter_(sharedOptions_), input_(source_) {
+CppFormatter::CppFormatter(std::shared_ptr<const Zelmar::SourceText> source, SharedOptions options)
+    : sharedOptions_(std::move(options)), options_(*sharedOptions_), sharedSource_(std::move(source)),
+      source_(*sharedSource_), exprFormatter_(sharedOptions_), input_(source_) {
     output_.setTabSize(options_.tabSize);
     output_.setWsMode(options_.convertWs);
 }
@@ -90,12 +92,11 @@ void CppFormatter::visit(Cpp::RootNode& node) {
     }
     output_.reserve(source_.size() + source_.size() / 8);
     writeText(node);
-    if (sourceText().starts_with(kByteOrderMark)) {
-        destination_.write(kByteOrderMark.data(), static_cast<std::streamsize>(kByteOrderMark.size()));
-    }
-    const std::string text = output_.takeText();
-    destination_.write(text.data(), static_cast<std::streamsize>(text.size()));
-    destination_.flush();
+    result_ = output_.takeText();
+    if (sourceText().starts_with(kByteOrderMark)) result_.insert(0, kByteOrderMark);
+    if (destination_ == nullptr) return;
+    destination_->write(result_.data(), static_cast<std::streamsize>(result_.size()));
+    destination_->flush();
 }
 
 void CppFormatter::writePass(Cpp::RootNode& node) {

@@ -11,11 +11,13 @@
 
 #include <cstddef>
 #include <istream>
+#include <memory>
 #include <ostream>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace Norvane {
@@ -43,7 +45,11 @@ public:
     /// must outlive the pass.
     CppFormatter(std::istream& source, std::ostream& output);
     CppFormatter(std::istream& source, std::ostream& output, const PropertySet& scheme);
-    CppFormatter(std::istream& source, std::ostream& output, SharedOptions options);
+    /// Lays out a text at hand. The result stays here.
+    CppFormatter(std::shared_ptr<const Zelmar::SourceText> source, SharedOptions options);
+
+    /// Hands the result over, once the root has been visited. For a formatter without a stream.
+    std::string takeText() { return std::move(result_); }
 
     using Cpp::Emitter::visit;
     void visit(Cpp::AsmNode& node) override;
@@ -325,8 +331,10 @@ private:
     // Fixed at construction.
     SharedOptions sharedOptions_;
     const LayoutOptions& options_;
-    Zelmar::SourceText source_;
-    std::ostream& destination_;
+    std::shared_ptr<const Zelmar::SourceText> sharedSource_;
+    const Zelmar::SourceText& source_;
+    std::string result_;
+    std::ostream* destination_ = nullptr; // where the result goes, too
     CppExprFormatter exprFormatter_;
 
     // Changing from visit to visit.

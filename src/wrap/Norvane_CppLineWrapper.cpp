@@ -24,12 +24,12 @@ bool isBeyond(std::string_view line, int margin, int tabSize) {
 
 } // namespace
 
-CppLineWrapper::CppLineWrapper(SharedOptions options, const std::string& formattedText, std::ostream& wrapped)
-    : options_(std::move(options)), source_(formattedText), reader_(source_), wrapped_(wrapped),
+CppLineWrapper::CppLineWrapper(std::shared_ptr<const Zelmar::SourceText> formatted, SharedOptions options)
+    : options_(std::move(options)), sharedSource_(std::move(formatted)), source_(*sharedSource_), reader_(source_),
       exprFormatter_(options_), exprWrapper_(options_) {
     if (rules().isOn) findOverLines();
     output_.setTabSize(options_->tabSize);
-    output_.reserve(formattedText.size() + formattedText.size() / 16);
+    output_.reserve(source_.size() + source_.size() / 16);
 }
 
 bool CppLineWrapper::leavesAsItIs(const LayoutOptions& options, std::string_view text) {
@@ -123,9 +123,10 @@ void CppLineWrapper::visit(Cpp::RootNode& node) {
     }
     output_.writeRaw(reader_.readRest());
     output_.sync();
+    if (wrapped_ == nullptr) return;
     const std::string& text = output_.text();
-    wrapped_.write(text.data(), static_cast<std::streamsize>(text.size()));
-    wrapped_.flush();
+    wrapped_->write(text.data(), static_cast<std::streamsize>(text.size()));
+    wrapped_->flush();
 }
 
 // Where a body has an indent of its own its lines were laid out from the base column.

@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -40,8 +41,14 @@ public:
     using Cpp::Emitter::visit;
 
     CppLineWrapper(const PropertySet& scheme, const std::string& formattedText, std::ostream& wrapped)
-        : CppLineWrapper(readOptions(scheme), formattedText, wrapped) {}
-    CppLineWrapper(SharedOptions options, const std::string& formattedText, std::ostream& wrapped);
+        : CppLineWrapper(std::make_shared<const Zelmar::SourceText>(formattedText), readOptions(scheme)) {
+        wrapped_ = &wrapped;
+    }
+    /// Wraps a text at hand. The result stays here.
+    CppLineWrapper(std::shared_ptr<const Zelmar::SourceText> formatted, SharedOptions options);
+
+    /// Hands the result over, once the root has been visited. For a wrapper without a stream.
+    std::string takeText() { return output_.takeText(); }
 
     /// True if the pass would write `text` as it stands, since no line of it is beyond the margin:
     /// then it need not be parsed for the pass.
@@ -140,11 +147,12 @@ private:
     void moveComment(const Cpp::CommentNode& node);
 
     SharedOptions options_;
-    Zelmar::SourceText source_;
+    std::shared_ptr<const Zelmar::SourceText> sharedSource_;
+    const Zelmar::SourceText& source_;
     Zelmar::SourceReader reader_;
     // Its mode is always to leave white space alone: the text was converted when it was formatted.
     Zelmar::IndentWriter output_;
-    std::ostream& wrapped_;
+    std::ostream* wrapped_ = nullptr; // where the result goes, if it does not stay here
     CppExprFormatter exprFormatter_;
     CppExprLineWrapper exprWrapper_;
     // Made once, then only read: the numbers of the lines beyond the margin, in order.
