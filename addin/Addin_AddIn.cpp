@@ -82,7 +82,7 @@ void AddIn::attempt(const std::function<void()>& action) {
         try {
             action();
         } catch (...) {
-            messages_.send(Trn::kSeverityError, currentExceptionText());
+            messages_.send({Trn::kSeverityError, currentExceptionText()});
         }
     } catch (...) {
     }
@@ -151,7 +151,7 @@ void AddIn::FormatActiveDocument() {
         if (scheme == nullptr) return;
         const auto document = host_.activeDocument();
         if (!document) return host_.notify(std::string(Texts::kNoDocument));
-        messages_.send(Trn::kSeverityInformation, filled(Texts::kFormattingActiveFile, {scheme->getName()}));
+        messages_.send({Trn::kSeverityInformation, filled(Texts::kFormattingActiveFile, {scheme->getName()})});
         formatDocument(*document, *scheme, Occasion::command);
     });
 }
@@ -192,9 +192,8 @@ void AddIn::takeOver(const AddInOptions& edited) {
 
 void AddIn::ShowKLHelp() {
     enter("ShowKLHelp", [this] {
-        if (const Status failure = host_.showHelp(pageOf(Texts::kHelpTopic))) {
-            Trace("ShowKLHelp") << "No help: " << failure->text << '\n';
-        }
+        const Status shown = host_.showHelp(pageOf(Texts::kHelpTopic));
+        if (!shown.isDone()) Trace("ShowKLHelp") << "No help: " << shown.failure().text << '\n';
     });
 }
 

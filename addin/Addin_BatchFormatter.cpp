@@ -83,7 +83,7 @@ bool BatchFormatter::confirm(std::string_view question, const std::string& name)
 }
 
 void BatchFormatter::sendInformation(const std::string& text) {
-    messages_.send(Trn::kSeverityInformation, text);
+    messages_.send({Trn::kSeverityInformation, text});
 }
 
 /// A project that cannot be asked has no files, and the user learns why.
@@ -92,7 +92,7 @@ BatchFormatter::FileList BatchFormatter::filesOf(Project project) {
     const auto paths = bench_.host.projectFiles(project);
     if (!info || !paths) {
         const Failure& failure = info ? paths.failure() : info.failure();
-        messages_.send(Trn::kSeverityError, filled(Texts::kUnexpected, {failure.text}));
+        messages_.send({Trn::kSeverityError, filled(Texts::kUnexpected, {failure.text})});
         return {info ? info->name : std::string(), {}};
     }
     FileList files{info->name, *paths};
@@ -128,7 +128,7 @@ void BatchFormatter::formatFile(Run& run, const std::string& path) {
     if (!isToFormat(run, path)) return;
     const auto status = bench_.files.status(path);
     if (status && isChangedInHost(*status)) {
-        messages_.send(Trn::kSeverityError, filled(Texts::kUnwritable, {path}));
+        messages_.send({Trn::kSeverityError, filled(Texts::kUnwritable, {path}), path});
         ++run.counts.failed;
         return;
     }

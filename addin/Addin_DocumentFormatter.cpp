@@ -56,16 +56,14 @@ FormatResult DocumentFormatter::FormatDocument(Document document, const Norvane:
 
 FormatResult DocumentFormatter::formatOpen(FormatJob& job, Document document, DocumentInfo info,
                                            const Norvane::PropertySet& scheme, Occasion occasion) {
-    const FormatResult allowed = mayFormat(job, info, occasion);
-    if (!isDone(allowed)) return allowed;
+    if (const auto end = endForbidden(job, info, occasion)) return *end;
     job.send(Trn::kSeverityInformation, Texts::kFormatting);
-    const FormatResult saved = saveIfWanted(job, document, info, occasion);
-    if (!isDone(saved)) return saved;
+    if (const auto end = endUnsaved(job, document, info, occasion)) return *end;
     return formatText(job, document, info.path, scheme);
 }
 
-/// `unchanged` if the document may be formatted, else what becomes of it.
-FormatResult DocumentFormatter::mayFormat(FormatJob& job, const DocumentInfo& info, Occasion occasion) {
+std::optional<FormatResult> DocumentFormatter::endForbidden(FormatJob& job, const DocumentInfo& info,
+                                                            Occasion occasion) {
     if (!info.isText) {
         Zelmar::Trace("FormatDocument") << "The document did not have a TEXT_DOCUMENT_TYPE.\n";
         return FormatResult::skipped;
@@ -75,31 +73,31 @@ FormatResult DocumentFormatter::mayFormat(FormatJob& job, const DocumentInfo& in
         return FormatResult::refused;
     }
     const std::string name = fullNameOf(info);
-    if (isListedExtension(name, bench_.options.fileExtensions)) return FormatResult::unchanged;
+    if (isListedExtension(name, bench_.options.fileExtensions)) return std::nullopt;
     const Answer answer = bench_.host.ask(NorvaneUI::filled(Texts::kAskExtension, {name}), occasion);
-    return answer == Answer::yes ? FormatResult::unchanged : FormatResult::skipped;
+    if (answer == Answer::yes) return std::nullopt;
+    return FormatResult::skipped;
 }
 
-/// `unchanged` if the formatting goes on, with `info` as it is after the saving.
-FormatResult DocumentFormatter::saveIfWanted(FormatJob& job, Document document, DocumentInfo& info,
-                                             Occasion occasion) {
-    if (!bench_.options.promptUnsaved || info.saved == Saved::yes) return FormatResult::unchanged;
+std::optional<FormatResult> DocumentFormatter::endUnsaved(FormatJob& job, Document document,
+                                                          DocumentInfo& info, Occasion occasion) {
+    if (!bench_.options.promptUnsaved || info.saved == Saved::yes) return std::nullopt;
     const Answer answer = bench_.host.ask(std::string(Texts::kAskSave), occasion);
-    if (answer == Answer::no) return FormatResult::unchanged;
+    if (answer == Answer::no) return std::nullopt;
     if (answer == Answer::cancel) {
         Zelmar::Trace("FormatDocument") << "The document has not been saved.\n";
         return FormatResult::cancelled;
     }
-    const Status failure = bench_.host.save(document);
+    const Status saved = bench_.host.save(document);
     const auto now = bench_.host.document(document);
-    if (failure || !now) {
+    if (!saved.isDone() || !now) {
         job.sendAndShow(Texts::kSaveFailed);
         return FormatResult::failed;
     }
     // A text that had no file may have got one.
     info = *now;
     job.setFullName(fullNameOf(info));
-    return FormatResult::unchanged;
+    return std::nullopt;
 }
 
 FormatResult DocumentFormatter::formatText(FormatJob& job, Document document, const std::string& path,
@@ -113,7 +111,7 @@ FormatResult DocumentFormatter::formatText(FormatJob& job, Document document, co
     if (source->text.empty()) return FormatResult::skipped;
     return job.run(scheme, source->text, [&](const std::string& result) {
         if (!backUp(job, path)) return FormatResult::failed;
-        if (!bench_.host.replaceText(document, result, source->revision)) return FormatResult::formatted;
+        if (bench_.host.replaceText(document, result, source->revision).isDone()) return FormatResult::formatted;
         job.send(Trn::kSeverityError, Texts::kUnwritable);
         return FormatResult::failed;
     });

@@ -53,7 +53,7 @@ FormatResult FileFormatter::formatRegular(FormatJob& job, const std::string& pat
     const SourceForm form(*bytes);
     return job.run(scheme, form.textOf(*bytes), [&](const std::string& result) {
         if (!job.backUp(path)) return FormatResult::failed;
-        if (!bench_.files.replace(path, form.bytesOf(result), seen)) return FormatResult::formatted;
+        if (bench_.files.replace(path, form.bytesOf(result), seen).isDone()) return FormatResult::formatted;
         job.send(Trn::kSeverityError, Texts::kUnwritable);
         return FormatResult::failed;
     });

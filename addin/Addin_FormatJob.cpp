@@ -78,17 +78,19 @@ bool FormatJob::tell(std::string_view step) {
 }
 
 void FormatJob::send(std::uint32_t severity, std::string_view format) {
-    messages_.send(severity, filled(format, {fullName_}));
+    messages_.send({severity, filled(format, {fullName_}), fullName_});
 }
 
-void FormatJob::sendAndShow(std::string_view format) { messages_.sendAndShow(filled(format, {fullName_})); }
+void FormatJob::sendAndShow(std::string_view format) {
+    messages_.sendAndShow(filled(format, {fullName_}), fullName_);
+}
 
 FormatResult FormatJob::guarded(const std::function<FormatResult()>& action) {
     try {
         return action();
     } catch (...) {
         const std::string text = currentExceptionText();
-        messages_.send(Trn::kSeverityError, text + filled(Texts::kFileEnding, {fullName_}));
+        messages_.send({Trn::kSeverityError, text + filled(Texts::kFileEnding, {fullName_}), fullName_});
         return FormatResult::failed;
     }
 }
@@ -133,7 +135,7 @@ bool FormatJob::isObjectedTo(const std::string& source, const std::string& resul
     if (!bench_.gate) return false;
     const auto objection = bench_.gate(fullName_, source, result);
     if (objection) {
-        messages_.send(Trn::kSeverityError, objection->reason, Place{fullName_, objection->position});
+        messages_.send({Trn::kSeverityError, objection->reason, fullName_, objection->position});
     }
     return objection.has_value();
 }
@@ -141,7 +143,7 @@ bool FormatJob::isObjectedTo(const std::string& source, const std::string& resul
 FormatResult FormatJob::refuse(const Trn::MessageList& messages) {
     tell(Texts::kNotFormatted);
     for (const Trn::Message& message : messages) {
-        messages_.send(message.severity, diagnosticLine(fullName_, message), Place{fullName_, message.position});
+        messages_.send({message.severity, message.text, fullName_, message.position, message.code, true});
     }
     // A run that was cancelled has parsed nothing that could be at fault.
     if (isCancelled()) return FormatResult::cancelled;
@@ -152,7 +154,7 @@ FormatResult FormatJob::refuse(const Trn::MessageList& messages) {
 bool FormatJob::backUp(const std::string& path) {
     if (!bench_.options.createBackups) return true;
     const std::string extension = backupExtensionOf(bench_.options.backupExtension);
-    if (isValidExtension(extension) && !bench_.files.copy(path, path + '.' + extension)) return true;
+    if (isValidExtension(extension) && bench_.files.copy(path, path + '.' + extension).isDone()) return true;
     send(Trn::kSeverityError, Texts::kBackupFailed);
     return false;
 }

@@ -5,7 +5,7 @@
 #include "addin/Addin_Options.h"
 #include "files/NorvaneUI_Failure.h"
 #include "schemes/NorvaneUI_PropertySetStore.h"
-#include "trn/Trn_Position.h"
+#include "trn/Trn_Message.h"
 
 #include <cstdint>
 #include <memory>
@@ -66,11 +66,21 @@ enum class Answer { yes, no, cancel };
 /// not even see it.
 enum class Occasion { command, event };
 
-/// The place in a text that a message is about. Lines count from 1, columns from 0; no place if
-/// the message is about the text as a whole.
-struct Place {
-    std::string path;
-    Trn::Position position;
+/// What the user is told.
+struct Message {
+    /// 1 for information, 2 for a warning, 3 for an error.
+    std::uint32_t severity = Trn::kSeverityInformation;
+    /// Without the place.
+    std::string text = {};
+    /// The file, or the name of the document; empty if the message is about none.
+    std::string path = {};
+    /// Lines and columns count from 1; the line feed at the end of line L is at (L + 1, 0). No place
+    /// if the message is about the file as a whole.
+    Trn::Position position = {};
+    /// The number of a diagnostic of the parser; 0 for any other message.
+    std::int32_t code = 0;
+    /// What the engine has to say about the content of the text, as a compiler does.
+    bool isDiagnostic = false;
 };
 
 /// Is told what happens to documents.
@@ -132,10 +142,8 @@ public:
     virtual Answer ask(const std::string& text, Occasion occasion) = 0;
     /// Without a messages window, no message is built.
     virtual bool hasMessages() = 0;
-    /// `severity` is 1 for information, 2 for a warning, 3 for an error. `text` already names the
-    /// place; a host that shows places in its own way takes them from `place`.
-    virtual void addMessage(std::uint32_t severity, const std::string& text,
-                            const std::optional<Place>& place) = 0;
+    /// A host without a way of its own to show places shows `shownText` of the message.
+    virtual void addMessage(const Message& message) = 0;
     /// For `total` steps. Null: no progress is shown, and the run cannot be cancelled.
     virtual std::unique_ptr<FileProgressDlg> openProgress(int total) = 0;
     /// Takes what the user did meanwhile, so that a cancel arrives and the screen stays fresh.

@@ -27,20 +27,21 @@ bool passesThreshold(std::uint32_t severity, int threshold) {
     return static_cast<int>(known ? severity : Trn::kSeverityInformation) >= threshold;
 }
 
-std::string diagnosticLine(const std::string& path, const Trn::Message& message) {
-    std::string line = path + '(' + std::to_string(message.position.line) + ") : ";
+std::string shownText(const Message& message) {
+    if (!message.isDiagnostic) return message.text;
+    std::string line = message.path + '(' + std::to_string(message.position.line) + ") : ";
     line.append(severityWord(message.severity)).append("col ");
     return line + std::to_string(message.position.column) + ": " + message.text;
 }
 
-void Messages::send(std::uint32_t severity, const std::string& text, const std::optional<Place>& place) {
-    if (host_.hasMessages() && passesThreshold(severity, options_.messagesThreshold)) {
-        host_.addMessage(severity, text, place);
+void Messages::send(const Message& message) {
+    if (host_.hasMessages() && passesThreshold(message.severity, options_.messagesThreshold)) {
+        host_.addMessage(message);
     }
 }
 
-void Messages::sendAndShow(const std::string& text) {
-    send(Trn::kSeverityError, text);
+void Messages::sendAndShow(const std::string& text, const std::string& path) {
+    send({Trn::kSeverityError, text, path});
     host_.notify(text);
 }
 

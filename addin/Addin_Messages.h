@@ -5,7 +5,6 @@
 #include "trn/Trn_Message.h"
 
 #include <cstdint>
-#include <optional>
 #include <string>
 
 namespace Addin {
@@ -14,9 +13,10 @@ namespace Addin {
 /// information.
 bool passesThreshold(std::uint32_t severity, int threshold);
 
-/// A diagnostic in the form of a compiler's error line, which editors can jump to.
+/// The text for a window of messages. A diagnostic has the form of a compiler's error line, which
+/// editors can jump to.
 ///     a.cpp(3) : error: col 7: Unexpected token.
-std::string diagnosticLine(const std::string& path, const Trn::Message& message);
+std::string shownText(const Message& message);
 
 /// The one way for messages to the user.
 class Messages {
@@ -25,9 +25,9 @@ public:
     Messages(Host& host, const AddInOptions& options) : host_(host), options_(options) {}
 
     /// Goes to the messages window if there is one and the threshold lets it pass.
-    void send(std::uint32_t severity, const std::string& text, const std::optional<Place>& place = std::nullopt);
-    /// As an error in the messages window and as a notice.
-    void sendAndShow(const std::string& text);
+    void send(const Message& message);
+    /// As an error in the messages window and as a notice. `path` is the file that it is about.
+    void sendAndShow(const std::string& text, const std::string& path = {});
 
 private:
     Host& host_;

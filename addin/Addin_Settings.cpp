@@ -87,7 +87,9 @@ Settings::Outcome Settings::commit() {
     for (const auto& [name, value] : edits_) text.setValue(name, value);
     const bool isNew = status.kind == FileKind::missing;
     if (isNew && create(text.text()) != Outcome::done) return Outcome::notCreated;
-    if (!isNew && text.text() != old && fileSystem_.replace(path_, text.text(), status)) return Outcome::notOpened;
+    if (!isNew && text.text() != old && !fileSystem_.replace(path_, text.text(), status).isDone()) {
+        return Outcome::notOpened;
+    }
     text_ = text.text();
     edits_.clear();
     return Outcome::done;
@@ -96,8 +98,8 @@ Settings::Outcome Settings::commit() {
 Settings::Outcome Settings::create(const std::string& text) {
     const std::size_t separator = path_.rfind('/');
     const bool inFolder = separator != std::string::npos && separator > 0;
-    if (inFolder && fileSystem_.makeFolders(path_.substr(0, separator))) return Outcome::notCreated;
-    return fileSystem_.create(path_, text) ? Outcome::notCreated : Outcome::done;
+    if (inFolder && !fileSystem_.makeFolders(path_.substr(0, separator)).isDone()) return Outcome::notCreated;
+    return fileSystem_.create(path_, text).isDone() ? Outcome::done : Outcome::notCreated;
 }
 
 void chooseSchemes(const NorvaneUI::PropertySetStore& store, const std::vector<Norvane::PropertySet>& shipped,

@@ -17,7 +17,7 @@ namespace {
 template <class Action> Status attempt(Action action) {
     try {
         action();
-        return std::nullopt;
+        return {};
     } catch (const Failure& failure) {
         return failure;
     }
@@ -75,14 +75,14 @@ Status DiskFileSystem::copy(const std::string& from, const std::string& to) {
 
 Status DiskFileSystem::remove(const std::string& path) {
     if (::unlink(path.c_str()) != 0) return systemFailure(errno);
-    return std::nullopt;
+    return {};
 }
 
 Status DiskFileSystem::makeFolders(const std::string& folder) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);
     if (error) return toFailure(error);
-    return std::nullopt;
+    return {};
 }
 
 } // namespace NorvaneUI

@@ -29,8 +29,20 @@ struct Failure {
     std::string text = {};
 };
 
-/// Nothing if the operation was done.
-using Status = std::optional<Failure>;
+/// Whether an operation was done, and why not.
+class Status {
+public:
+    /// Done.
+    Status() = default;
+    Status(Failure failure) : failure_(std::move(failure)) {}
+
+    bool isDone() const { return !failure_; }
+    /// Requires: it was not done.
+    const Failure& failure() const { return *failure_; }
+
+private:
+    std::optional<Failure> failure_;
+};
 
 /// A value, or the reason why there is none.
 template <class Value> class Result {

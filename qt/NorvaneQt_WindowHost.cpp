@@ -1,5 +1,6 @@
 #include "qt/NorvaneQt_WindowHost.h"
 
+#include "addin/Addin_Messages.h"
 #include "qt/NorvaneQt_HelpWindow.h"
 #include "qt/NorvaneQt_OptionsWindow.h"
 #include "ui/NorvaneUI_OptionsDlg.h"
@@ -35,9 +36,7 @@ WindowHost::WindowHost(NorvaneUI::FileSystem& files, Places places, std::vector<
 
 WindowHost::~WindowHost() = default;
 
-void WindowHost::addMessage(std::uint32_t, const std::string& text, const std::optional<Addin::Place>&) {
-    face_.notify(text);
-}
+void WindowHost::addMessage(const Addin::Message& message) { face_.notify(Addin::shownText(message)); }
 
 Addin::Result<bool> WindowHost::showOptions(Addin::AddInOptions& options, NorvaneUI::PropertySetStore& schemes) {
     Addin::Settings state(files_, places_.settingsFile);
@@ -63,7 +62,7 @@ Addin::Result<bool> WindowHost::showOptions(Addin::AddInOptions& options, Norvan
 
 Addin::Status WindowHost::showHelp(const std::string& topic) {
     if (!help_) help_ = std::make_unique<HelpWindow>(nullptr);
-    if (help_->showTopic(topic)) return std::nullopt;
+    if (help_->showTopic(topic)) return {};
     return Addin::Failure{Addin::FailureKind::missing, topic};
 }
 

@@ -67,8 +67,7 @@ public:
     Addin::Answer ask(const std::string& text, Addin::Occasion) override { return face_.ask(text); }
     bool hasMessages() override { return true; }
     /// There is no window of messages: each is a notice.
-    void addMessage(std::uint32_t severity, const std::string& text,
-                    const std::optional<Addin::Place>& place) override;
+    void addMessage(const Addin::Message& message) override;
     std::unique_ptr<Addin::FileProgressDlg> openProgress(int) override { return nullptr; }
     void pump() override {}
     Addin::Result<bool> showOptions(Addin::AddInOptions& options, NorvaneUI::PropertySetStore& schemes) override;

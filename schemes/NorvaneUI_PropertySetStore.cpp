@@ -130,7 +130,7 @@ void PropertySetStore::readWhatIsGood() { readFolder(true); }
 void PropertySetStore::write() {
     Trace trace("PropertySetStore::write");
     if (directory_.empty()) return;
-    if (fileSystem_.makeFolders(directory_)) throw WriteError(directory_);
+    if (!fileSystem_.makeFolders(directory_).isDone()) throw WriteError(directory_);
     for (const auto& [file, name] : files_) {
         const auto entry = schemes_.find(name);
         // The scheme of a shadowed file is another one, and writing ours over it would lose it.
@@ -148,7 +148,7 @@ void PropertySetStore::writeFile(const std::string& file, const Norvane::Propert
     if (!now) throw WriteError(path(file));
     if (now->kind != FileKind::missing) {
         replaceFile(file, scheme, *now);
-    } else if (fileSystem_.create(path(file), newText(file, scheme))) {
+    } else if (!fileSystem_.create(path(file), newText(file, scheme)).isDone()) {
         throw WriteError(path(file));
     } else {
         remember(file, scheme);
@@ -171,7 +171,7 @@ void PropertySetStore::replaceFile(const std::string& file, const Norvane::Prope
     if (known && isSameScheme(origin->second.scheme, scheme)) return;
     if (!known || !origin->second.status.isUnchanged(now)) throw WriteError(path(file));
     if (!text) throw WriteError(path(file));
-    if (fileSystem_.replace(path(file), editedSchemeText(*text, scheme), now)) throw WriteError(path(file));
+    if (!fileSystem_.replace(path(file), editedSchemeText(*text, scheme), now).isDone()) throw WriteError(path(file));
     remember(file, scheme);
 }
 
@@ -197,7 +197,7 @@ bool PropertySetStore::removeFile(const std::string& file, const Origin& origin)
     if (now && now->kind == FileKind::missing) return true;
     // The folder's mode would allow to remove a file that was made read-only in the meantime.
     if (!now || !now->writable || !origin.status.isUnchanged(*now)) return false;
-    return !fileSystem_.remove(path(file));
+    return fileSystem_.remove(path(file)).isDone();
 }
 
 void PropertySetStore::insert(const Norvane::PropertySet& scheme) {
@@ -230,7 +230,7 @@ std::string PropertySetStore::keepCopy(const std::string& name) {
     };
     constexpr int mostCopies = 100;
     for (int number = 2; isTaken(to) && number < mostCopies; ++number) to = from + ".old" + std::to_string(number);
-    if (isTaken(to) || fileSystem_.copy(from, to)) throw WriteError(to);
+    if (isTaken(to) || !fileSystem_.copy(from, to).isDone()) throw WriteError(to);
     return to;
 }
 

@@ -45,16 +45,22 @@ std::string dumped(const nlohmann::ordered_json& object) {
 }
 
 std::string jsonLine(const Place& place, std::string_view severity, std::string_view text) {
-    return dumped({{"path", place.path}, {"line", place.line}, {"column", place.column},
-                   {"severity", severity}, {"text", text}});
+    nlohmann::ordered_json object = {{"path", place.path}};
+    if (place.line != 0) {
+        object["line"] = place.line;
+        object["column"] = place.column;
+    }
+    object["severity"] = severity;
+    object["text"] = text;
+    return dumped(object);
 }
 
 std::string msvcLine(const Place& place, std::string_view severity, std::string_view text) {
     std::string line;
     appendPrintable(line, place.path);
-    line += '(' + std::to_string(place.line) + ") : ";
-    line.append(severity == "note" ? "information" : severity);
-    line += ": col " + std::to_string(place.column) + ": ";
+    if (place.line != 0) line += '(' + std::to_string(place.line) + ')';
+    line.append(" : ").append(severity == "note" ? "information" : severity).append(": ");
+    if (place.line != 0) line += "col " + std::to_string(place.column) + ": ";
     appendPrintable(line, text);
     return line;
 }
@@ -67,7 +73,8 @@ std::string messageLine(const Place& place, std::string_view severity, std::stri
     if (style.format == MessageFormat::msvc) return msvcLine(place, severity, text);
     std::string line;
     appendPrintable(line, place.path);
-    line += ':' + std::to_string(place.line) + ':' + std::to_string(place.column) + ": ";
+    if (place.line != 0) line += ':' + std::to_string(place.line) + ':' + std::to_string(place.column);
+    line += ": ";
     appendSeverity(line, severity, style);
     appendPrintable(line, text);
     return line;

@@ -12,11 +12,12 @@
 
 namespace Cli {
 
-/// A place that a message points to. Lines and columns count from 1.
+/// What a message is about: a file as a whole, or a place in it. Lines and columns count from 1.
 struct Place {
     std::string path;
-    std::uint32_t line = 1;
-    std::uint32_t column = 1;
+    /// 0 for the file as a whole.
+    std::uint32_t line = 0;
+    std::uint32_t column = 0;
 };
 
 /// How messages look.
@@ -30,6 +31,8 @@ struct MessageStyle {
 ///     gnu   path:line:col: severity: text
 ///     msvc  path(line) : severity: col column: text
 ///     json  {"path":"..","line":1,"column":1,"severity":"error","text":".."}
+/// Without a place, line and column are left out:
+///     gnu   path: severity: text
 std::string messageLine(const Place& place, std::string_view severity, std::string_view text,
                         const MessageStyle& style = {});
 

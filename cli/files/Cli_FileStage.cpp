@@ -14,7 +14,7 @@ void FileStage::setSource(std::string bytes) {
 }
 
 Status FileStage::noted(Status status) {
-    if (status) failureText_ = status->text;
+    if (!status.isDone()) failureText_ = status.failure().text;
     return status;
 }
 
@@ -44,25 +44,25 @@ Result<std::string> FileStage::read(const std::string& path) {
 }
 
 Status FileStage::create(const std::string& path, const std::string& bytes) {
-    return rehearses() ? std::nullopt : noted(disk_.create(path, bytes));
+    return rehearses() ? Status() : noted(disk_.create(path, bytes));
 }
 
 Status FileStage::replace(const std::string& path, const std::string& bytes, const FileStatus& seen) {
     if (!rehearses()) return noted(disk_.replace(path, bytes, seen));
     result_ = bytes;
-    return std::nullopt;
+    return {};
 }
 
 Status FileStage::copy(const std::string& from, const std::string& to) {
-    return rehearses() ? std::nullopt : noted(disk_.copy(from, to));
+    return rehearses() ? Status() : noted(disk_.copy(from, to));
 }
 
 Status FileStage::remove(const std::string& path) {
-    return rehearses() ? std::nullopt : noted(disk_.remove(path));
+    return rehearses() ? Status() : noted(disk_.remove(path));
 }
 
 Status FileStage::makeFolders(const std::string& folder) {
-    return rehearses() ? std::nullopt : noted(disk_.makeFolders(folder));
+    return rehearses() ? Status() : noted(disk_.makeFolders(folder));
 }
 
 } // namespace Cli

@@ -120,7 +120,6 @@ bool FileWorker::refuseTooLarge(const WorkItem& item, FileOutcome& outcome) cons
 
 void FileWorker::format(const WorkItem& item, FileStage& stage, FileOutcome& outcome) const {
     TerminalHost host(streams_, outcome.report, options_.verbosity, options_.assumesYes);
-    host.setFile(item.path);
     const Addin::Workbench bench = {host, stage, settings_, gate_};
     const auto dialog = host.openProgress(0);
     outcome.result = Addin::FileFormatter(bench).format(item.path, *item.scheme, dialog.get(),

@@ -55,7 +55,7 @@ void Program::run() {
 }
 
 void Program::inform(const std::string& text) {
-    host_.addMessage(Trn::kSeverityInformation, text, std::nullopt);
+    host_.addMessage({Trn::kSeverityInformation, text});
 }
 
 void Program::announce(const std::vector<std::string>& folders, SchemeShelf& shelf) {

@@ -1,6 +1,5 @@
 #include "cli/run/Cli_TerminalHost.h"
 
-#include "addin/Addin_Messages.h"
 #include "addin/Addin_Texts.h"
 #include "addin/Addin_UserFolders.h"
 #include "cli/console/Cli_Interrupt.h"
@@ -37,16 +36,10 @@ std::optional<Answer> answerOf(const std::string& line) {
     }
 }
 
-Place placeOf(const Addin::Place& place) {
-    // A line feed counts as column 0 of the line behind it, and no place at all has no line.
-    return {place.path, std::max<std::uint32_t>(place.position.line, 1),
-            std::max<std::uint32_t>(place.position.column, 1)};
-}
-
-/// The text behind the place that a diagnostic starts with.
-std::string withoutPlace(std::uint32_t severity, const std::string& text, const Addin::Place& place) {
-    const std::string start = Addin::diagnosticLine(place.path, {severity, place.position, 0, ""});
-    return text.starts_with(start) ? text.substr(start.size()) : text;
+/// The place of a message that has one.
+Place placeOf(const Addin::Message& message) {
+    // A line feed counts as column 0 of the line behind it.
+    return {message.path, message.position.line, std::max<std::uint32_t>(message.position.column, 1)};
 }
 
 } // namespace
@@ -59,12 +52,6 @@ std::string_view severityWord(std::uint32_t severity) {
 TerminalHost::TerminalHost(const Streams& streams, Report& report, Verbosity verbosity, bool assumesYes)
     : streams_(streams), report_(report), verbosity_(verbosity), assumesYes_(assumesYes) {}
 
-void TerminalHost::setFile(const std::string& path) {
-    file_ = path;
-    hasPlacedError_ = false;
-    lastText_.clear();
-}
-
 std::string TerminalHost::schemeDirectory() { return Addin::userSchemeFolder(); }
 
 std::string TerminalHost::settingsFile() { return Addin::userSettingsFile(); }
@@ -73,7 +60,7 @@ Failure TerminalHost::noDocuments() { return {FailureKind::unsupported, "A comma
 
 void TerminalHost::notify(const std::string& text) {
     // On a terminal a notice and a message are the same thing.
-    if (text != lastText_) addWithoutPlace(Trn::kSeverityError, text);
+    if (text != lastText_) addWithoutPlace({Trn::kSeverityError, text});
 }
 
 Answer TerminalHost::ask(const std::string& text, Addin::Occasion) {
@@ -95,27 +82,30 @@ bool TerminalHost::isShown(std::uint32_t severity) const {
     return true;
 }
 
-void TerminalHost::addMessage(std::uint32_t severity, const std::string& text,
-                              const std::optional<Addin::Place>& place) {
-    lastText_ = text;
-    if (!place) {
-        addWithoutPlace(severity, text);
-    } else if (verbosity_ != Verbosity::quiet || isShown(severity)) {
+void TerminalHost::addMessage(const Addin::Message& message) {
+    lastText_ = message.text;
+    if (message.position.isNone()) {
+        addWithoutPlace(message);
+    } else if (verbosity_ != Verbosity::quiet || isShown(message.severity)) {
         // What is not an error here explains one.
-        report_.add(placeOf(*place), severityWord(severity), withoutPlace(severity, text, *place));
+        report_.add(placeOf(message), severityWord(message.severity), message.text);
         hasPlacedError_ = true;
     }
 }
 
-void TerminalHost::addWithoutPlace(std::uint32_t severity, const std::string& text) {
-    if (!isShown(severity)) return;
-    if (file_.empty()) {
-        report_.addGeneral(severityWord(severity), text);
-        return;
+/// Behind an error that points into the file, that it could not be parsed says nothing new.
+bool TerminalHost::isRepetition(const Addin::Message& message) const {
+    return hasPlacedError_ && verbosity_ != Verbosity::verbose &&
+           message.text == NorvaneUI::filled(Addin::Texts::kNotParsed, {message.path});
+}
+
+void TerminalHost::addWithoutPlace(const Addin::Message& message) {
+    if (!isShown(message.severity) || isRepetition(message)) return;
+    if (message.path.empty()) {
+        report_.addGeneral(severityWord(message.severity), message.text);
+    } else {
+        report_.add({message.path}, severityWord(message.severity), message.text);
     }
-    // Behind an error that points into the file this says nothing new.
-    const bool isRepetition = hasPlacedError_ && text == NorvaneUI::filled(Addin::Texts::kNotParsed, {file_});
-    if (!isRepetition || verbosity_ == Verbosity::verbose) report_.add({file_}, severityWord(severity), text);
 }
 
 std::unique_ptr<Addin::FileProgressDlg> TerminalHost::openProgress(int) {
@@ -129,7 +119,7 @@ Addin::Result<bool> TerminalHost::showOptions(Addin::AddInOptions&, NorvaneUI::P
 Addin::Status TerminalHost::showHelp(const std::string& topic) {
     const std::size_t prefix = topic.find("::/");
     const std::string page = prefix == std::string::npos ? topic : topic.substr(prefix + 3);
-    if (runHelpCommand({page}, streams_) == ExitStatus::done) return std::nullopt;
+    if (runHelpCommand({page}, streams_) == ExitStatus::done) return {};
     return Failure{FailureKind::missing, "There is no such page: " + page};
 }
 

@@ -21,9 +21,6 @@ public:
     /// Both references outlive the host.
     TerminalHost(const Streams& streams, Report& report, Verbosity verbosity, bool assumesYes);
 
-    /// Messages that name no place are about this file from now on; about none if it is empty.
-    void setFile(const std::string& path);
-
     bool loadProjectModule() override { return true; }
     bool setAddInInfo() override { return true; }
     bool addCommand(const std::string&, const std::string&) override { return true; }
@@ -52,8 +49,7 @@ public:
     void notify(const std::string& text) override;
     Addin::Answer ask(const std::string& text, Addin::Occasion occasion) override;
     bool hasMessages() override { return true; }
-    void addMessage(std::uint32_t severity, const std::string& text,
-                    const std::optional<Addin::Place>& place) override;
+    void addMessage(const Addin::Message& message) override;
     std::unique_ptr<Addin::FileProgressDlg> openProgress(int total) override;
     void pump() override {}
     Addin::Result<bool> showOptions(Addin::AddInOptions& options,
@@ -63,14 +59,14 @@ public:
 private:
     static Addin::Failure noDocuments();
     bool isShown(std::uint32_t severity) const;
-    void addWithoutPlace(std::uint32_t severity, const std::string& text);
+    bool isRepetition(const Addin::Message& message) const;
+    void addWithoutPlace(const Addin::Message& message);
 
     const Streams& streams_;
     Report& report_;
     const Verbosity verbosity_;
     const bool assumesYes_;
-    // About the file at work.
-    std::string file_;
+    // What has been told so far.
     bool hasPlacedError_ = false;
     std::string lastText_;
 };

@@ -2,6 +2,7 @@
 #define KERFLINE_TESTS_FAKEHOST_H
 
 #include "addin/Addin_Host.h"
+#include "addin/Addin_Messages.h"
 #include "addin/Addin_Texts.h"
 
 #include <functional>
@@ -60,7 +61,7 @@ public:
 
     std::vector<std::string> log;
     std::vector<std::string> commands;
-    std::vector<std::pair<Addin::Place, std::string>> places;
+    std::vector<Addin::Message> messages;
     std::vector<Addin::Occasion> occasions;
     std::vector<int> bar;
     int total = 0;
@@ -122,10 +123,10 @@ public:
         return documents.at(document).info;
     }
     Status save(Addin::Document document) override {
-        if (auto failure = failureOf("save", document)) return failure;
+        if (auto failure = failureOf("save", document)) return *failure;
         documents.at(document).info.saved = Addin::Saved::yes;
         onSave();
-        return std::nullopt;
+        return {};
     }
     /// The host's own part of a save, such as asking for a name.
     std::function<void()> onSave = [] {};
@@ -135,13 +136,13 @@ public:
         return Addin::DocumentText{content.text, content.revision};
     }
     Status replaceText(Addin::Document document, const std::string& text, std::uint64_t revision) override {
-        if (auto failure = failureOf("replaceText", document)) return failure;
+        if (auto failure = failureOf("replaceText", document)) return *failure;
         Open& content = documents.at(document);
         if (content.revision != revision) return Failure{FailureKind::changed};
         content.text = text;
         content.cursor = {1, 1};
         ++content.revision;
-        return std::nullopt;
+        return {};
     }
     Result<Addin::Cursor> cursor(Addin::Document document) override {
         if (auto failure = failureOf("cursor", document)) return *failure;
@@ -172,10 +173,9 @@ public:
         return found == answers.end() ? Addin::Answer::cancel : found->second;
     }
     bool hasMessages() override { return hasWindow; }
-    void addMessage(std::uint32_t severity, const std::string& text,
-                    const std::optional<Addin::Place>& place) override {
-        log.push_back(std::to_string(severity) + ": " + text);
-        if (place) places.emplace_back(*place, text);
+    void addMessage(const Addin::Message& message) override {
+        log.push_back(std::to_string(message.severity) + ": " + Addin::shownText(message));
+        messages.push_back(message);
     }
     std::unique_ptr<Addin::FileProgressDlg> openProgress(int stepCount) override;
     void pump() override { onPump(); }
@@ -186,7 +186,7 @@ public:
     Status showHelp(const std::string& topic) override {
         if (failing.count("showHelp") != 0) return Failure{failing.at("showHelp")};
         log.push_back("help: " + topic);
-        return std::nullopt;
+        return {};
     }
 
 private:

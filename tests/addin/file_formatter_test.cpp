@@ -2,6 +2,7 @@
 #include "addin/Addin_Utf16.h"
 #include "tests/addin/Fixture.h"
 
+#include <algorithm>
 #include <new>
 #include <stdexcept>
 
@@ -196,9 +197,12 @@ TEST_F(FormatFile, ListsTheDiagnosticsOfATextThatDoesNotParse) {
     EXPECT_TRUE(errors.back().starts_with("Kerfline could not successfully parse the file /a.cpp. "))
         << errors.back();
     EXPECT_TRUE(errors.back().ends_with(" The file will not be formatted.")) << errors.back();
-    ASSERT_FALSE(host.places.empty());
-    EXPECT_EQ(host.places[0].first.path, "/a.cpp");
-    EXPECT_EQ(host.places[0].first.position.line, 1u);
+    const auto placed = std::find_if(host.messages.begin(), host.messages.end(),
+                                     [](const Addin::Message& m) { return !m.position.isNone(); });
+    ASSERT_NE(placed, host.messages.end());
+    EXPECT_EQ(placed->path, "/a.cpp");
+    EXPECT_EQ(placed->position.line, 1u);
+    EXPECT_EQ(placed->text.find("/a.cpp"), std::string::npos) << placed->text;
 }
 
 TEST_F(FormatFile, RefusesWhatIsNoSource) {

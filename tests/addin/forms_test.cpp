@@ -46,15 +46,31 @@ TEST(IsValidExtension, KnowsWhatCannotEndAName) {
     }
 }
 
-TEST(SourceForm, GivesBackTheCommonestLineEnd) {
-    const std::pair<std::string, std::string> cases[] = {
-        {"a\nb\n", "x\ny\n"},         {"a\r\nb\r\n", "x\r\ny\r\n"}, {"a\rb\r", "x\ry\r"},
-        {"a\r\nb\nc\n", "x\ny\n"},    {"a\nb\r\nc\r\n", "x\r\ny\r\n"}, {"a\r\nb\n", "x\r\ny\r\n"},
-        {"a\nb\r\n", "x\ny\n"},       {"a\rb\n", "x\ry\r"},         {"a\r\r\n", "x\ry\r"},
-        {"", "x\ny\n"},               {"\r\n\r\n\n\n\n", "x\ny\n"},
+TEST(SourceForm, GivesEachLineItsOwnLineEnd) {
+    struct Row {
+        const char* name;
+        std::string source;
+        std::string text;
+        std::string result;
     };
-    for (const auto& [source, result] : cases) {
-        EXPECT_EQ(Addin::SourceForm(source).bytesOf("x\ny\n"), result) << source;
+    const Row rows[] = {
+        {"one kind", "a\r\nb\r\n", "a\nb\n", "a\r\nb\r\n"},
+        {"one kind, more lines", "ab\r\n", "a\n\nb\n", "a\r\n\r\nb\r\n"},
+        {"carriage returns", "a\rb\r", "a\nb\n", "a\rb\r"},
+        {"none", "ab", "a\nb", "a\nb"},
+        {"mixed and unchanged", "a\r\nb\nc\rd", "a\nb\nc\nd", "a\r\nb\nc\rd"},
+        {"mixed and indented", "a\r\n b\nc\r", "a\nb\n\tc\n", "a\r\nb\n\tc\r"},
+        {"a line that is cut", "a\nbc\r\nd\n", "a\nb\nc\nd\n", "a\nb\r\nc\r\nd\n"},
+        {"lines that are joined", "a\r\nb\nc\r\n", "a b\nc\n", "a b\nc\r\n"},
+        {"blank lines keep their own", "a\n\r\n\nb\r\n", "a\n\n\nb\n", "a\n\r\n\nb\r\n"},
+        {"a blank line less", "a\r\n\nb\n", "a\nb\n", "a\r\nb\n"},
+        {"a blank line more", "a\r\nb\n", "a\n\nb\n", "a\r\n\r\nb\n"},
+        {"a last line end more", "a\nb\r\nc", "a\nb\nc\n", "a\nb\r\nc\r\n"},
+        {"blank lines in front", "\r\n\na\n", "\n\na\n", "\r\n\na\n"},
+        {"a mark in front", "\xef\xbb\xbf" "a\r\nb\n", "a\nb\n", "\xef\xbb\xbf" "a\r\nb\n"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(Addin::SourceForm(row.source).bytesOf(row.text), row.result) << row.name;
     }
 }
 

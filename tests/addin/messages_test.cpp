@@ -17,7 +17,7 @@ TEST(PassesThreshold, FollowsTheTable) {
     }
 }
 
-TEST(DiagnosticLine, HasTheFormOfACompiler) {
+TEST(ShownText, OfAPlaceHasTheFormOfACompiler) {
     const std::pair<std::uint32_t, std::string> cases[] = {
         {1, "a%s.c(3) : information: col 7: No %s."},
         {2, "a%s.c(3) : warning: col 7: No %s."},
@@ -25,8 +25,9 @@ TEST(DiagnosticLine, HasTheFormOfACompiler) {
         {9, "a%s.c(3) : information: col 7: No %s."},
     };
     for (const auto& [severity, line] : cases) {
-        EXPECT_EQ(Addin::diagnosticLine("a%s.c", {severity, {3, 7}, 0, "No %s."}), line);
+        EXPECT_EQ(Addin::shownText({severity, "No %s.", "a%s.c", {3, 7}, 0, true}), line);
     }
+    EXPECT_EQ(Addin::shownText({3, "No %s.", "a.c", {3, 7}}), "No %s.");
 }
 
 class MessagesTest : public AddinTest {
@@ -35,12 +36,12 @@ protected:
 };
 
 TEST_F(MessagesTest, FollowAThresholdThatChanges) {
-    messages.send(1, "one");
+    messages.send({1, "one"});
     options.messagesThreshold = 3;
-    messages.send(2, "two");
-    messages.send(3, "three");
+    messages.send({2, "two"});
+    messages.send({3, "three"});
     options.messagesThreshold = 0;
-    messages.send(3, "none");
+    messages.send({3, "none"});
     EXPECT_EQ(host.log, (Lines{"1: one", "3: three"}));
 }
 
@@ -52,7 +53,7 @@ TEST_F(MessagesTest, NoticeDoesNotDependOnTheThreshold) {
 
 TEST_F(MessagesTest, NothingIsShownWithoutAWindow) {
     host.hasWindow = false;
-    messages.send(3, "text");
+    messages.send({3, "text"});
     EXPECT_TRUE(host.log.empty());
 }
 

@@ -101,7 +101,7 @@ TEST_F(Collector, ReadsLists) {
         collect({"@-"}, folder / "b.c" + std::string(1, '\0') + (folder / "a.h") + std::string(1, '\0')),
         "b.c a.h ");
     EXPECT_EQ(collect({'@' + (folder / "none")}), "");
-    EXPECT_EQ(messages(), (folder / "none") + ":1:1: error: No such file or directory\n");
+    EXPECT_EQ(messages(), (folder / "none") + ": error: No such file or directory\n");
 }
 
 TEST_F(Collector, PassesOverBackupsThatLookLikeSources) {
@@ -125,7 +125,7 @@ TEST_F(Collector, TakesTheFilesOfAProjectAndTheHeadersBesideThem) {
 TEST_F(Collector, NamesTheFileThatAFolderShouldHold) {
     options.project = folder / "x";
     collect({});
-    EXPECT_EQ(messages(), (folder / "x/compile_commands.json") + ":1:1: error: No such file or directory\n");
+    EXPECT_EQ(messages(), (folder / "x/compile_commands.json") + ": error: No such file or directory\n");
 }
 
 TEST_F(Collector, RefusesWhatIsNoProject) {

@@ -17,12 +17,10 @@ protected:
         Cli::TerminalHost host(streams, report, verbosity, false);
         const Addin::AddInOptions options;
         Addin::Messages messages(host, options);
-        host.setFile("a.c");
-        messages.send(1, "Formatting \"a.c\".");
-        const Trn::Message wrong = {Trn::kSeverityError, {3, 7}, 1, "Unexpected token."};
-        messages.send(3, Addin::diagnosticLine("a.c", wrong), Addin::Place{"a.c", wrong.position});
-        messages.send(2, "careful");
-        messages.sendAndShow("broken");
+        messages.send({1, "Formatting \"a.c\".", "a.c"});
+        messages.send({3, "Unexpected token.", "a.c", {3, 7}, 1});
+        messages.send({2, "careful", "a.c"});
+        messages.sendAndShow("broken", "a.c");
         std::ostringstream shown;
         report.flush(shown);
         return shown.str();
@@ -36,17 +34,17 @@ protected:
 
 TEST_F(Host, ShowsMessagesAsMuchAsWanted) {
     EXPECT_EQ(messagesAt(Verbosity::normal),
-              "a.c:3:7: error: Unexpected token.\na.c:1:1: warning: careful\na.c:1:1: error: broken\n");
-    EXPECT_EQ(messagesAt(Verbosity::quiet), "a.c:3:7: error: Unexpected token.\na.c:1:1: error: broken\n");
-    EXPECT_EQ(messagesAt(Verbosity::verbose).rfind("a.c:1:1: note: Formatting \"a.c\".\n", 0), 0u);
+              "a.c:3:7: error: Unexpected token.\na.c: warning: careful\na.c: error: broken\n");
+    EXPECT_EQ(messagesAt(Verbosity::quiet), "a.c:3:7: error: Unexpected token.\na.c: error: broken\n");
+    EXPECT_EQ(messagesAt(Verbosity::verbose).rfind("a.c: note: Formatting \"a.c\".\n", 0), 0u);
 }
 
 TEST_F(Host, ShowsMessagesInTheFormThatIsWanted) {
     EXPECT_EQ(messagesAt(Verbosity::quiet, Cli::MessageFormat::msvc),
-              "a.c(3) : error: col 7: Unexpected token.\na.c(1) : error: col 1: broken\n");
+              "a.c(3) : error: col 7: Unexpected token.\na.c : error: broken\n");
     EXPECT_EQ(messagesAt(Verbosity::quiet, Cli::MessageFormat::json),
               "{\"path\":\"a.c\",\"line\":3,\"column\":7,\"severity\":\"error\",\"text\":\"Unexpected token.\"}\n"
-              "{\"path\":\"a.c\",\"line\":1,\"column\":1,\"severity\":\"error\",\"text\":\"broken\"}\n");
+              "{\"path\":\"a.c\",\"severity\":\"error\",\"text\":\"broken\"}\n");
 }
 
 TEST_F(Host, CancelsWhereNobodyCanBeAsked) {

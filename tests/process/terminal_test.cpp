@@ -80,8 +80,8 @@ TEST(Verbose, TellsOfEveryStep) {
     const std::string ignoreFile = std::filesystem::canonical(folder / ".kerflineignore").string();
     EXPECT_EQ(finished.err, "kerfline: note: Creating the list of C/C++ files in the directory tree .\n"
                             "kerfline: note: Formatting files under directory \".\" using scheme \"knr\".\n"
-                            "a.c:1:1: note: Formatting \"a.c\".\n"
-                            "b.c:1:1: note: left alone by " +
+                            "a.c: note: Formatting \"a.c\".\n"
+                            "b.c: note: left alone by " +
                                 ignoreFile +
                                 ":1\n"
                                 "kerfline: note: 2 files: 1 formatted, 1 skipped\n"

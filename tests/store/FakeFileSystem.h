@@ -83,14 +83,14 @@ public:
         return files_.at(path)->bytes;
     }
     Status create(const std::string& path, const std::string& bytes) override {
-        if (auto failure = startOf("create", path)) return failure;
+        if (auto failure = startOf("create", path)) return *failure;
         if (has(path)) return Failure{FailureKind::exists};
         put(path, bytes);
         changes.push_back("create " + path);
-        return std::nullopt;
+        return {};
     }
     Status replace(const std::string& path, const std::string& bytes, const FileStatus& seen) override {
-        if (auto failure = startOf("replace", path)) return failure;
+        if (auto failure = startOf("replace", path)) return *failure;
         if (!has(path)) return Failure{FailureKind::missing};
         File& file = *files_.at(path);
         if (!seen.isUnchanged(file.status)) return Failure{FailureKind::changed};
@@ -99,25 +99,28 @@ public:
         // The disk has a new file under the old name.
         file.status.inode = static_cast<std::uint64_t>(++clock_);
         changes.push_back("replace " + path);
-        return std::nullopt;
+        return {};
     }
     Status copy(const std::string& from, const std::string& to) override {
-        if (auto failure = startOf("copy", to)) return failure;
+        if (auto failure = startOf("copy", to)) return *failure;
         if (!has(from)) return Failure{FailureKind::missing};
         put(to, text(from));
         changes.push_back("copy " + to);
-        return std::nullopt;
+        return {};
     }
     Status remove(const std::string& path) override {
-        if (auto failure = startOf("remove", path)) return failure;
+        if (auto failure = startOf("remove", path)) return *failure;
         files_.erase(path);
         changes.push_back("remove " + path);
-        return std::nullopt;
+        return {};
     }
-    Status makeFolders(const std::string& folder) override { return startOf("makeFolders", folder); }
+    Status makeFolders(const std::string& folder) override {
+        if (auto failure = startOf("makeFolders", folder)) return *failure;
+        return {};
+    }
 
 private:
-    Status startOf(const std::string& operation, const std::string& path) {
+    std::optional<Failure> startOf(const std::string& operation, const std::string& path) {
         const std::string call = operation + ' ' + path;
         before(call);
         const auto found = failures_.find(call);

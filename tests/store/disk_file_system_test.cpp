@@ -26,8 +26,8 @@ class Disk : public testing::Test {
 protected:
     FileStatus statusOf(const std::string& path) { return *disk.status(path); }
     std::optional<FailureKind> replace(const std::string& path, const std::string& bytes) {
-        const auto failure = disk.replace(path, bytes, statusOf(path));
-        return failure ? std::optional(failure->kind) : std::nullopt;
+        const auto done = disk.replace(path, bytes, statusOf(path));
+        return done.isDone() ? std::nullopt : std::optional(done.failure().kind);
     }
 
     TempFolder folder;
@@ -83,8 +83,8 @@ TEST_F(Disk, AsksForTheUserWhoRuns) {
     if (!nobody.done() || ::getuid() != 0) GTEST_SKIP() << "needs root to change the user";
     EXPECT_TRUE(statusOf(path).readable);
     EXPECT_FALSE(statusOf(path).writable);
-    EXPECT_EQ(disk.create(folder / "b.c", "x")->kind, FailureKind::denied);
-    EXPECT_EQ(disk.remove(path)->kind, FailureKind::denied);
+    EXPECT_EQ(disk.create(folder / "b.c", "x").failure().kind, FailureKind::denied);
+    EXPECT_EQ(disk.remove(path).failure().kind, FailureKind::denied);
 }
 
 TEST_F(Disk, ReadsRegularFilesOnly) {
@@ -109,19 +109,19 @@ TEST_F(Disk, ListsNames) {
 }
 
 TEST_F(Disk, CreatesOnlyWhatIsNotThere) {
-    EXPECT_FALSE(disk.create(folder / "new.c", "text"));
+    EXPECT_TRUE(disk.create(folder / "new.c", "text").isDone());
     EXPECT_EQ(folder.read("new.c"), "text");
-    EXPECT_EQ(disk.create(folder / "new.c", "other")->kind, FailureKind::exists);
+    EXPECT_EQ(disk.create(folder / "new.c", "other").failure().kind, FailureKind::exists);
     fs::create_symlink("nowhere", folder / "dangling.c");
-    EXPECT_EQ(disk.create(folder / "dangling.c", "other")->kind, FailureKind::exists);
-    EXPECT_EQ(disk.create(folder / "missing/new.c", "other")->kind, FailureKind::missing);
+    EXPECT_EQ(disk.create(folder / "dangling.c", "other").failure().kind, FailureKind::exists);
+    EXPECT_EQ(disk.create(folder / "missing/new.c", "other").failure().kind, FailureKind::missing);
     EXPECT_EQ(folder.read("new.c"), "text");
     EXPECT_EQ(folder.fileCount(), 2u);
 }
 
 TEST_F(Disk, NewFileFollowsTheMask) {
     const mode_t old = ::umask(027);
-    EXPECT_FALSE(disk.create(folder / "new.c", "text"));
+    EXPECT_TRUE(disk.create(folder / "new.c", "text").isDone());
     ::umask(old);
     EXPECT_EQ(statusOf(folder / "new.c").mode, 0640u);
 }
@@ -184,12 +184,12 @@ TEST_F(Disk, RefusesToReplaceWhatItShouldNot) {
     const std::string path = folder.write("a.c", "old");
     const FileStatus seen = statusOf(path);
     folder.write("a.c", "somebody's newer text");
-    EXPECT_EQ(disk.replace(path, "new", seen)->kind, FailureKind::changed);
+    EXPECT_EQ(disk.replace(path, "new", seen).failure().kind, FailureKind::changed);
     ::chmod(path.c_str(), 0444);
     EXPECT_EQ(replace(path, "new"), FailureKind::denied);
     EXPECT_EQ(folder.read("a.c"), "somebody's newer text");
     fs::remove(path);
-    EXPECT_EQ(disk.replace(path, "new", seen)->kind, FailureKind::missing);
+    EXPECT_EQ(disk.replace(path, "new", seen).failure().kind, FailureKind::missing);
     EXPECT_EQ(folder.fileCount(), 0u);
 }
 
@@ -198,7 +198,7 @@ TEST_F(Disk, CopyKeepsModeAndTimes) {
     ::chmod(from.c_str(), 0750);
     const struct timespec times[2] = {{1000, 5}, {2000, 7}};
     ASSERT_EQ(::utimensat(AT_FDCWD, from.c_str(), times, 0), 0);
-    EXPECT_FALSE(disk.copy(from, folder / "a.c.bak"));
+    EXPECT_TRUE(disk.copy(from, folder / "a.c.bak").isDone());
     const FileStatus copy = statusOf(folder / "a.c.bak");
     EXPECT_EQ(folder.read("a.c.bak"), "text");
     EXPECT_EQ(copy.mode, 0750u);
@@ -210,38 +210,38 @@ TEST_F(Disk, CopyReplacesALinkAndNotWhatItLeadsTo) {
     folder.write("a.c", "text");
     folder.write("precious", "keep");
     fs::create_symlink("precious", folder / "a.c.bak");
-    EXPECT_FALSE(disk.copy(folder / "a.c", folder / "a.c.bak"));
+    EXPECT_TRUE(disk.copy(folder / "a.c", folder / "a.c.bak").isDone());
     EXPECT_EQ(folder.read("precious"), "keep");
     EXPECT_FALSE(fs::is_symlink(folder / "a.c.bak"));
     ::chmod((folder / "a.c.bak").c_str(), 0444);
     folder.write("a.c", "newer");
-    EXPECT_FALSE(disk.copy(folder / "a.c", folder / "a.c.bak"));
+    EXPECT_TRUE(disk.copy(folder / "a.c", folder / "a.c.bak").isDone());
     EXPECT_EQ(folder.read("a.c.bak"), "newer");
 }
 
 TEST_F(Disk, FailedCopyLeavesNothingBehind) {
     folder.write("a.c", "text");
     fs::create_directory(folder / "a.c.bak");
-    EXPECT_TRUE(disk.copy(folder / "a.c", folder / "a.c.bak"));
-    EXPECT_TRUE(disk.copy(folder / "a.c", folder / std::string(300, 'x')));
-    EXPECT_TRUE(disk.copy(folder / "missing", folder / "b.c"));
+    EXPECT_FALSE(disk.copy(folder / "a.c", folder / "a.c.bak").isDone());
+    EXPECT_FALSE(disk.copy(folder / "a.c", folder / std::string(300, 'x')).isDone());
+    EXPECT_FALSE(disk.copy(folder / "missing", folder / "b.c").isDone());
     EXPECT_EQ(folder.fileCount(), 2u);
 }
 
 TEST_F(Disk, RemovesALinkAlone) {
     folder.write("a.c", "text");
     fs::create_symlink("a.c", folder / "link.c");
-    EXPECT_FALSE(disk.remove(folder / "link.c"));
+    EXPECT_TRUE(disk.remove(folder / "link.c").isDone());
     EXPECT_EQ(folder.read("a.c"), "text");
-    EXPECT_EQ(disk.remove(folder / "link.c")->kind, FailureKind::missing);
+    EXPECT_EQ(disk.remove(folder / "link.c").failure().kind, FailureKind::missing);
 }
 
 TEST_F(Disk, MakesFolders) {
-    EXPECT_FALSE(disk.makeFolders(folder / "a/b/"));
-    EXPECT_FALSE(disk.makeFolders(folder / "a/b"));
+    EXPECT_TRUE(disk.makeFolders(folder / "a/b/").isDone());
+    EXPECT_TRUE(disk.makeFolders(folder / "a/b").isDone());
     EXPECT_TRUE(fs::is_directory(folder / "a/b"));
     folder.write("file", "");
-    EXPECT_TRUE(disk.makeFolders(folder / "file/b"));
+    EXPECT_FALSE(disk.makeFolders(folder / "file/b").isDone());
 }
 
 /// A disk of its own, so small that the second text does not fit.
@@ -274,9 +274,9 @@ TEST_F(Disk, FullDiskLeavesEveryFileWhole) {
     fs::create_hard_link(path, folder / "small/b.c");
     EXPECT_EQ(replace(path, tooLong), FailureKind::full);
     EXPECT_EQ(folder.read("small/b.c"), old);
-    EXPECT_EQ(disk.create(folder / "small/c.c", tooLong)->kind, FailureKind::full);
+    EXPECT_EQ(disk.create(folder / "small/c.c", tooLong).failure().kind, FailureKind::full);
     folder.write("big.c", tooLong);
-    EXPECT_EQ(disk.copy(folder / "big.c", folder / "small/d.c")->kind, FailureKind::full);
+    EXPECT_EQ(disk.copy(folder / "big.c", folder / "small/d.c").failure().kind, FailureKind::full);
     const auto entries = *disk.list(folder / "small");
     EXPECT_EQ(entries.size(), 2u);
 }
