@@ -1,5 +1,6 @@
 #include "addin/Addin_AddIn.h"
 #include "addin/Addin_UserFolders.h"
+#include "cli/run/Cli_OtherProgram.h"
 #include "cli/scheme/Cli_ShippedSchemes.h"
 #include "files/NorvaneUI_DiskFileSystem.h"
 #include "files/Zelmar_Trace.h"
@@ -14,8 +15,10 @@
 #include <QCommandLineParser>
 #include <QFile>
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -76,9 +79,21 @@ Switches readSwitches(const QApplication& application) {
     return switches;
 }
 
+/// Somebody who names a platform knows what there is. The toolkit itself would end the program with a
+/// crash.
+bool canOpenWindows(int argc, char** argv) {
+    return Cli::hasScreen() || std::any_of(argv, argv + argc, [](const char* word) {
+               return std::string_view(word).ends_with("-platform");
+           });
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+    if (!canOpenWindows(argc, argv)) {
+        std::fputs("kerfline-options: there is no screen to open a window on\n", stderr);
+        return 2;
+    }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("kerfline-options"));
     QApplication::setApplicationDisplayName(QStringLiteral("Kerfline Options"));

@@ -22,9 +22,21 @@ ExitStatus failUnknownOption(const std::string& name, const Streams& streams) {
     return failUsage("unknown option \"" + name + '"' + rest, streams);
 }
 
-ExitStatus openWindow(const Streams& streams) {
+constexpr std::string_view kNoScreen =
+    "kerfline: error: there is no screen for the window of the options; \"kerfline schemes copy default mine\" makes "
+    "a scheme to edit as text, and \"kerfline options NAME\" tells what a line of it does\n";
+
+/// With a source file to preview, or none.
+ExitStatus openWindow(const std::vector<std::string>& files, const Streams& streams) {
     constexpr int kCannotRun = 127;
-    const auto status = runOtherProgram({besideThisProgram("kerfline-options")});
+    if (files.size() > 1) return failUsage("\"kerfline options --edit\" previews one file", streams);
+    if (!hasScreen()) {
+        streams.err << kNoScreen;
+        return ExitStatus::fileFailed;
+    }
+    std::vector<std::string> words = {besideThisProgram("kerfline-options"), "--"};
+    words.insert(words.end(), files.begin(), files.end());
+    const auto status = runOtherProgram(std::move(words));
     if (status && *status != kCannotRun) return *status == 0 ? ExitStatus::done : ExitStatus::fileFailed;
     streams.err << "kerfline: error: the window for options, kerfline-options, is not installed\n";
     return ExitStatus::fileFailed;
@@ -44,7 +56,8 @@ std::string optionGuide(const Norvane::PropertyInfo& option) {
 }
 
 ExitStatus runOptionsCommand(const std::vector<std::string>& arguments, const Streams& streams) {
-    if (arguments == std::vector<std::string>{"--edit"}) return openWindow(streams);
+    std::vector<std::string> files = arguments;
+    if (std::erase(files, "--edit") > 0) return openWindow(files, streams);
     std::vector<const Norvane::PropertyInfo*> options;
     for (const std::string& name : arguments) {
         if (name.starts_with('-')) {

@@ -14,7 +14,8 @@ struct PropertyInfo;
 namespace Cli {
 
 /// Without an argument, a list of all options of schemes. With names, everything about each of them,
-/// with examples that are laid out as they are shown. With "--edit", the window that edits them.
+/// with examples that are laid out as they are shown. With "--edit", opens the
+/// window that edits them, and previews the source file that is named.
 ExitStatus runOptionsCommand(const std::vector<std::string>& arguments, const Streams& streams);
 
 /// Everything about one option, as text.

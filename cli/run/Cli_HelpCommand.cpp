@@ -10,7 +10,6 @@
 #include "help/Help_Topic.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace Cli {
 
@@ -58,8 +57,6 @@ ExitStatus writeTopic(const std::string& name, const Streams& streams) {
     }
     return ExitStatus::done;
 }
-
-bool hasScreen() { return std::getenv("DISPLAY") != nullptr || std::getenv("WAYLAND_DISPLAY") != nullptr; }
 
 ExitStatus openPage(const std::string& name, const Streams& streams) {
     const Help::Topic* topic = Help::findTopic(name.empty() ? Help::kOverviewFile : name);

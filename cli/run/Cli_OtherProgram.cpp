@@ -1,6 +1,7 @@
 #include "cli/run/Cli_OtherProgram.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
@@ -20,8 +21,18 @@ std::optional<int> runOtherProgram(std::vector<std::string> words) {
     while (::waitpid(child, &status, 0) < 0) {
         if (errno != EINTR) return {};
     }
-    if (!WIFEXITED(status)) return {};
-    return WEXITSTATUS(status);
+    // As a shell counts it.
+    constexpr int endedBySignal = 128;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : endedBySignal + WTERMSIG(status);
+}
+
+bool hasScreen() {
+    // The last one says how windows are made, and some ways need no screen.
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        const char* value = std::getenv(name);
+        if (value != nullptr && *value != '\0') return true;
+    }
+    return false;
 }
 
 std::string besideThisProgram(const std::string& name) {

@@ -8,8 +8,12 @@
 namespace Cli {
 
 /// Runs another program and waits for its end. `words` are its name or path and its arguments.
-/// Returns its exit status, or nothing if it could not be started or did not end by itself.
+/// Returns its exit status, 128 and the number of a signal that ended it, or nothing if it could not be
+/// started.
 std::optional<int> runOtherProgram(std::vector<std::string> words);
+
+/// Whether a program could open a window.
+bool hasScreen();
 
 /// The path of a program in the folder of this one, or its bare name if there is none.
 std::string besideThisProgram(const std::string& name);

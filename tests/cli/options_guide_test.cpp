@@ -2,10 +2,13 @@
 
 #include "cli/run/Cli_OtherProgram.h"
 #include "tests/cli/RanCommand.h"
+#include "tests/cli/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -71,16 +74,44 @@ TEST(OptionsCommand, NamesTheNearestOfAMisspeltOne) {
 
 TEST(OptionsCommand, SaysWhenThereIsNoWindow) {
     const std::string path = std::getenv("PATH");
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
     ::setenv("PATH", "/nonexistent", 1);
     const RanCommand result = run({"--edit"});
     ::setenv("PATH", path.c_str(), 1);
+    ::unsetenv("QT_QPA_PLATFORM");
     EXPECT_EQ(result.status, ExitStatus::fileFailed);
     EXPECT_EQ(result.err, "kerfline: error: the window for options, kerfline-options, is not installed\n");
 }
 
+TEST(OptionsCommand, SaysWhatToDoWithoutAScreen) {
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) ::unsetenv(name);
+    for (const std::vector<std::string>& words : {std::vector<std::string>{"--edit"}, {"--edit", "a.cpp"}}) {
+        const RanCommand result = run(words);
+        EXPECT_EQ(result.status, ExitStatus::fileFailed);
+        EXPECT_EQ(result.err.find("kerfline: error: there is no screen"), 0U) << result.err;
+        EXPECT_EQ(result.err.find('\n'), result.err.size() - 1) << result.err;
+    }
+    EXPECT_EQ(run({"--edit", "a.cpp", "b.cpp"}).status, ExitStatus::badUsageOrScheme);
+}
+
+// The window program stands in for itself: what matters are the words that it gets.
+TEST(OptionsCommand, PassesTheFileToPreviewOn) {
+    const TempFolder folder;
+    const std::string said = folder / "said";
+    ::chmod(folder.write("kerfline-options", "#!/bin/sh\necho \"$@\" > " + said + "\n").c_str(), 0755);
+    const std::string path = std::getenv("PATH");
+    ::setenv("DISPLAY", ":0", 1);
+    ::setenv("PATH", (folder / "" + ":" + path).c_str(), 1);
+    const RanCommand result = run({"--edit", "-odd name.cpp"});
+    ::setenv("PATH", path.c_str(), 1);
+    ::unsetenv("DISPLAY");
+    EXPECT_EQ(result.status, ExitStatus::done) << result.err;
+    EXPECT_EQ(folder.read("said"), "-- -odd name.cpp\n");
+}
+
 TEST(OtherPrograms, TellTheirStatus) {
     EXPECT_EQ(Cli::runOtherProgram({"sh", "-c", "exit 7"}), std::optional<int>(7));
-    EXPECT_EQ(Cli::runOtherProgram({"sh", "-c", "kill -9 $$"}), std::nullopt);
+    EXPECT_EQ(Cli::runOtherProgram({"sh", "-c", "kill -9 $$"}), std::optional<int>(128 + 9));
     EXPECT_EQ(Cli::runOtherProgram({"/nonexistent/program"}), std::nullopt);
 }
 
