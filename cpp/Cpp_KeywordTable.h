@@ -23,7 +23,7 @@ public:
     constexpr int find(std::string_view name) const {
         if (name.size() < kShortest || name.size() > kLongest) return tkIdentifier;
         const int type = types_[slotOf(name)];
-        return tokenTypeName(type) == name ? type : tkIdentifier;
+        return type != tkInvalid && tokenTypeName(type) == name ? type : tkIdentifier;
     }
 
 private:

@@ -38,6 +38,10 @@ constexpr OperatorTable kSingle = makeOperators(
      {'[', tkOpenBracket}, {']', tkCloseBracket}, {'/', tkSlash}, {'.', tkDot}, {'+', tkPlus},
      {'-', tkMinus}, {'!', tkExclamation}, {'~', tkTilde}, {'%', tkPercent}, {'<', tkLess},
      {'>', tkGreater}, {'^', tkCaret}, {'|', tkBar}, {'?', tkQuestion}});
+// Those that no longer operator starts with.
+constexpr OperatorTable kAlone = makeOperators(
+    {{';', tkSemicolon}, {',', tkComma}, {'(', tkOpenParen}, {')', tkCloseParen}, {'{', tkOpenBrace},
+     {'}', tkCloseBrace}, {'[', tkOpenBracket}, {']', tkCloseBracket}});
 constexpr OperatorTable kWithAssign = makeOperators(
     {{'=', tkEqual}, {'!', tkNotEqual}, {'<', tkLessEqual}, {'>', tkGreaterEqual}, {'*', tkMulAssign},
      {'/', tkDivAssign}, {'%', tkModAssign}, {'+', tkAddAssign}, {'-', tkSubAssign}, {'&', tkAndAssign},
@@ -118,12 +122,17 @@ bool readWordPart(std::string_view text, NameExtent& name) {
     return goesOn;
 }
 
+std::size_t findWordEnd(std::string_view text, std::size_t at) {
+    while (at < text.size() && kWordChars[index(text[at])]) ++at;
+    return at;
+}
+
 NameExtent readName(std::string_view text, std::size_t begin) {
     NameExtent name;
     name.lastWord = begin;
     name.end = begin + (text[begin] == '~' ? 1 : 0);
     while (true) {
-        while (name.end < text.size() && kWordChars[index(text[name.end])]) ++name.end;
+        name.end = findWordEnd(text, name.end);
         if (name.end >= text.size()) return name;
         if (text[name.end] == '\\' && readWordPart(text, name)) continue;
         if (!startsWith(text, name.end, "::")) return name;
@@ -206,10 +215,11 @@ bool Scanner::next(RawToken& token) {
 }
 
 void Scanner::skipSpace() {
-    while (at_ < text_.size() && isSpace(text_[at_])) {
-        if (text_[at_] == '\n') ++line_;
-        ++at_;
+    std::size_t at = at_;
+    for (; at < text_.size() && kClasses[index(text_[at])] == kSpace; ++at) {
+        if (text_[at] == '\n') ++line_;
     }
+    at_ = static_cast<std::uint32_t>(at);
 }
 
 bool Scanner::scanToken(RawToken& token) {
@@ -231,7 +241,15 @@ bool Scanner::scanToken(RawToken& token) {
     }
 }
 
+// Most names are a single word.
 bool Scanner::scanName(RawToken& token) {
+    const std::size_t end = findWordEnd(text_, at_);
+    const bool goesOn = end < text_.size() && (text_[end] == ':' || text_[end] == '\\');
+    if (goesOn || end == at_) return scanLongName(token);
+    return finish(token, kKeywords.find(text_.substr(at_, end - at_)), end);
+}
+
+bool Scanner::scanLongName(RawToken& token) {
     const NameExtent name = readName(text_, at_);
     const bool qualified = name.colons != std::string_view::npos;
     std::string_view word = text_.substr(name.lastWord, name.end - name.lastWord);
@@ -261,6 +279,7 @@ bool Scanner::scanNumber(RawToken& token) {
 }
 
 bool Scanner::scanPunctuator(RawToken& token) {
+    if (const int alone = kAlone[index(text_[at_])]; alone != tkInvalid) return finish(token, alone, at_ + 1);
     const Punctuator found = readPunctuator([this](std::size_t ahead) { return peek(ahead); });
     if (peek(found.length) == '\\' && behindSplices(text_, at_ + found.length) > at_ + found.length) {
         return scanJoined(token);

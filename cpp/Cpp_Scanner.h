@@ -76,6 +76,7 @@ private:
     // Each moves on and returns true if it made a token; otherwise what it read is skipped.
     bool scanToken(RawToken& token);
     bool scanName(RawToken& token);
+    bool scanLongName(RawToken& token);
     bool scanNumber(RawToken& token);
     bool scanPunctuator(RawToken& token);
     bool scanComment(RawToken& token);

@@ -1,28 +1,14 @@
 #include "streams/Zelmar_IndentWriter.h"
 
-#include "streams/Zelmar_Columns.h"
-
 #include <algorithm>
-#include <array>
 
 namespace Zelmar {
 
 namespace {
 
-using CharSet = std::array<bool, 256>;
-
-constexpr CharSet makeCharSet(std::string_view chars) {
-    CharSet set{};
-    for (const char c : chars) set[static_cast<unsigned char>(c)] = true;
-    return set;
-}
-// The characters that conversion has to look at one by one; runs of all others are copied whole.
-constexpr CharSet kStopsToSpaces = makeCharSet("\t\n\"'");
-constexpr CharSet kStopsToTabs = makeCharSet(" \t\n\"'");
-
-std::size_t plainRun(std::string_view text, const CharSet& stops) {
+std::size_t plainRun(std::string_view text, const WsStops& stops) {
     std::size_t length = 0;
-    while (length < text.size() && !stops[static_cast<unsigned char>(text[length])]) ++length;
+    while (length < text.size() && !stops.has(text[length])) ++length;
     return length;
 }
 
@@ -90,21 +76,45 @@ void IndentWriter::setWsMode(int wsMode) {
 }
 
 bool IndentWriter::endsInJoin() const {
-    return joinedChar(text_) != '\n';
+    return joinedChar(this->text()) != '\n';
 }
 
-void IndentWriter::write(std::string_view text) {
+void IndentWriter::writeLines(std::string_view text) {
     if (shape_.kept && !keepLeadingWs_) return writeShaped(text);
     writeUnder(text, indent_, keepLeadingWs_);
     if (shape_.kept && text.ends_with('\n')) noteCopiedFeed();
 }
 
-void IndentWriter::writeExact(std::string_view text) {
-    writeUnder(text, indent_, true);
+// Where nothing is converted all lines go out at once, and only the last one counts for the column.
+void IndentWriter::writeRaw(std::string_view text) {
+    if (wsMode_ != kWsKeep || text.size() < 2) return writeUnder(text, std::string_view(), true);
+    const std::size_t lastLine = text.rfind('\n', text.size() - 2) + 1;
+    if (column_ == 0 || lastLine > 0) lineStart_ = size_ + lastLine;
+    copiedFeed_ = droppedBlank_ = false;
+    append(text);
+    line_ += static_cast<int>(std::count(text.begin(), text.end(), '\n'));
+    column_ = text.back() == '\n' ? 0 : textColumn(text.substr(lastLine), lastLine > 0 ? 0 : column_, tab());
 }
 
-void IndentWriter::writeRaw(std::string_view text) {
-    writeUnder(text, std::string_view(), true);
+void IndentWriter::reserve(std::size_t bytes) {
+    if (buffer_.size() < bytes) buffer_.resize(bytes);
+}
+
+void IndentWriter::grow(std::size_t more) {
+    static constexpr std::size_t kLeast = 64;
+    reserve(std::max({size_ + more, buffer_.size() * 2, kLeast}));
+}
+
+void IndentWriter::append(std::string_view text) {
+    if (buffer_.size() - size_ < text.size()) grow(text.size());
+    std::copy(text.begin(), text.end(), buffer_.data() + size_);
+    size_ += text.size();
+}
+
+void IndentWriter::append(std::size_t count, char c) {
+    if (buffer_.size() - size_ < count) grow(count);
+    std::fill_n(buffer_.data() + size_, count, c);
+    size_ += count;
 }
 
 void IndentWriter::writeVerbatim(std::string_view text) {
@@ -166,13 +176,13 @@ int IndentWriter::nextColumn() const {
 
 int IndentWriter::lineIndent() const {
     if (column_ == 0) return indentWidth();
-    const std::string_view line = std::string_view(text_).substr(std::min(lineStart_, text_.size()));
+    const std::string_view line = this->text().substr(std::min(lineStart_, size_));
     const std::string_view visible = dropBlanks(line);
     return visible.empty() ? column_ : textColumn(line.substr(0, line.size() - visible.size()), 0, tabSize_);
 }
 
 void IndentWriter::clearText() {
-    text_.clear();
+    size_ = 0;
     lineStart_ = 0;
 }
 
@@ -191,7 +201,9 @@ std::string IndentWriter::makeIndent(int width) const {
 std::string IndentWriter::takeText() {
     sync();
     std::string taken;
-    taken.swap(text_);
+    taken.swap(buffer_);
+    taken.resize(size_);
+    size_ = 0;
     lineStart_ = 0;
     return taken;
 }
@@ -220,9 +232,9 @@ std::string_view IndentWriter::startLine(std::string_view text, std::string_view
     const std::string_view rest = keepLeadingWs ? text : visible;
     const bool blank = droppedBlank_ || visible.size() < text.size();
     droppedBlank_ = blank && rest.empty();
-    if (!rest.empty()) lineStart_ = text_.size();
+    if (!rest.empty()) lineStart_ = size_;
     if (rest.empty() || rest.front() == '\n') return rest;
-    if (!mayGoOn(joinedChar(text_), visible.empty() ? '\n' : visible.front())) {
+    if (!mayGoOn(joinedChar(this->text()), visible.empty() ? '\n' : visible.front())) {
         writeIndent(indent);
     } else if (blank) {
         writeIndent(indent.empty() && !keepLeadingWs ? " " : indent);
@@ -253,12 +265,12 @@ std::size_t IndentWriter::copyLine(std::string_view text) {
         column += c == '\t' ? tab() - column % tab() : 1;
     }
     column_ = column;
-    text_.append(text.data(), length);
+    append(text.substr(0, length));
     return length;
 }
 
 std::size_t IndentWriter::convertLine(std::string_view text) {
-    const CharSet& stops = wsMode_ == kWsTabsToSpaces ? kStopsToSpaces : kStopsToTabs;
+    const WsStops& stops = kWsStops[wsMode_];
     std::size_t length = 0;
     while (length < text.size()) {
         if (const std::size_t run = plainRun(text.substr(length), stops); run > 0) {
@@ -275,7 +287,7 @@ std::size_t IndentWriter::convertLine(std::string_view text) {
 
 void IndentWriter::copyRun(std::string_view run) {
     flushHeldSpaces();
-    text_.append(run);
+    append(run);
     column_ += static_cast<int>(run.size());
     prevChar_ = static_cast<unsigned char>(run.back());
 }
@@ -285,7 +297,7 @@ void IndentWriter::convert(char c) {
     const bool inLiteral = quote_ >= 0;
     if (wsMode_ == kWsTabsToSpaces && c == '\t' && !inLiteral) {
         const int width = tab() - column_ % tab();
-        text_.append(static_cast<std::size_t>(width), ' ');
+        append(static_cast<std::size_t>(width), ' ');
         column_ += width;
         return;
     }
@@ -320,14 +332,14 @@ bool IndentWriter::holdBack() {
     ++column_;
     if (pendingSpaces_ == tab()) {
         pendingSpaces_ = 0;
-        text_.push_back('\t');
+        append(1, '\t');
     }
     return true;
 }
 
 void IndentWriter::flushHeldSpaces() {
     if (pendingSpaces_ < 1) return;
-    text_.append(static_cast<std::size_t>(pendingSpaces_), ' ');
+    append(static_cast<std::size_t>(pendingSpaces_), ' ');
     pendingSpaces_ = 0;
 }
 

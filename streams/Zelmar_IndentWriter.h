@@ -1,11 +1,27 @@
 #ifndef KERFLINE_ZELMAR_INDENTWRITER_H
 #define KERFLINE_ZELMAR_INDENTWRITER_H
 
+#include "streams/Zelmar_Columns.h"
+
+#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace Zelmar {
+
+/// The characters that do not just go on their line as they are, by white space mode.
+class WsStops {
+public:
+    explicit constexpr WsStops(std::string_view chars) {
+        for (const char c : chars) has_[static_cast<unsigned char>(c)] = true;
+    }
+    constexpr bool has(char c) const { return has_[static_cast<unsigned char>(c)]; }
+
+private:
+    std::array<bool, 256> has_{};
+};
+inline constexpr WsStops kWsStops[] = {WsStops("\t\n"), WsStops("\t\n\"'"), WsStops(" \t\n\"'")};
 
 /// Where the further lines of a construct go that owns its shape: by `shift` columns beside the place
 /// that they have in the text that they are copied from, but not beyond the left edge.
@@ -89,10 +105,16 @@ public:
     void setWsMode(int wsMode);
 
     /// Writes under the rules of the writer: indent in front of lines, leading white space dropped.
-    void write(std::string_view text);
+    void write(std::string_view text) {
+        text.remove_prefix(copyPlain(text));
+        if (!text.empty()) writeLines(text);
+    }
     void put(char c) { write(std::string_view(&c, 1)); }
     /// Writes with leading white space kept; each new line still gets the indent.
-    void writeExact(std::string_view text);
+    void writeExact(std::string_view text) {
+        text.remove_prefix(copyPlain(text));
+        if (!text.empty()) writeUnder(text, indent_, true);
+    }
     /// Writes with leading white space kept and no indent: for text that was laid out before.
     void writeRaw(std::string_view text);
     /// Writes every byte as it stands, tabs and spaces too, up to the end of a literal or a region:
@@ -106,8 +128,8 @@ public:
     /// The white space for `width` columns under this writer's indent, mode and tab size.
     std::string makeIndent(int width) const;
 
-    /// The text so far; held-back spaces are not in it before sync().
-    const std::string& text() const { return text_; }
+    /// The text so far; held-back spaces are not in it before sync(). Good until the next write.
+    std::string_view text() const { return {buffer_.data(), size_}; }
     /// Lets held spaces out and hands the text over; the writer goes on with an empty one.
     std::string takeText();
     /// Forgets the text so far, which the caller has passed on. Spaces held back stay held, and the
@@ -115,9 +137,29 @@ public:
     void clearText();
     /// Says that the writer stands at another place, such as before a write that went nowhere.
     void setPlace(int line, int column);
-    void reserve(std::size_t bytes) { text_.reserve(bytes); }
+    void reserve(std::size_t bytes);
 
 private:
+    /// Copies what stays on the line as it is, and returns how much that was. Most texts that arrive are
+    /// single tokens: for them this is all.
+    std::size_t copyPlain(std::string_view text) {
+        if (column_ == 0 || pendingSpaces_ > 0 || !isWsMode(wsMode_)) return 0;
+        if (buffer_.size() - size_ < text.size()) grow(text.size());
+        const WsStops& stops = kWsStops[wsMode_];
+        char* const out = buffer_.data() + size_;
+        std::size_t length = 0;
+        for (; length < text.size() && !stops.has(text[length]); ++length) out[length] = text[length];
+        if (length == 0) return 0;
+        size_ += length;
+        column_ += static_cast<int>(length);
+        prevChar_ = static_cast<unsigned char>(text[length - 1]);
+        copiedFeed_ = false;
+        return length;
+    }
+    void grow(std::size_t more);
+    void append(std::string_view text);
+    void append(std::size_t count, char c);
+    void writeLines(std::string_view text);
     void writeUnder(std::string_view text, std::string_view indent, bool keepLeadingWs);
     void writeShaped(std::string_view text);
     std::string shapedIndent() const;
@@ -135,7 +177,9 @@ private:
     void flushHeldSpaces();
     int tab() const { return tabSize_ < 1 ? 1 : tabSize_; }
 
-    std::string text_;
+    // The text, and behind it room for more.
+    std::string buffer_;
+    std::size_t size_ = 0;
     std::string indent_;
     bool keepLeadingWs_ = false;
     bool failed_ = false;

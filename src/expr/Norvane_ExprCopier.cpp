@@ -111,7 +111,15 @@ std::string_view ExprCopier::safeValue(std::size_t index, std::string_view ws) c
     return makesMemberPointer || Cpp::needsBlank(last, next) ? " " : ws;
 }
 
+/// The gap holds the value already: it comes out with what is in front of it. At the start of the text,
+/// and where lines end, more counts than the characters.
+bool ExprCopier::isSettled(std::size_t index, std::string_view ws) const {
+    if (index == 0 || keepsShape() || at_ > tokens_.gapBegin(index)) return false;
+    return ws.size() <= 1 && tokens_.gap(index) == ws && (ws.empty() || ws.front() != '\n');
+}
+
 void ExprCopier::replaceGap(std::size_t index, std::string_view ws, bool exact) {
+    if (isSettled(index, ws)) return copyTo(tokens_.gapEnd(index));
     copyTo(tokens_.gapBegin(index));
     if (at_ > tokens_.gapBegin(index) || !isReplaceable(index) || staysBroken(index, ws)) return;
     if (keepsShape() && tokens_.gapEnd(index) >= shape_.end) leaveShape();

@@ -77,6 +77,7 @@ private:
         std::string indent;
     };
 
+    bool isSettled(std::size_t index, std::string_view ws) const;
     int sourceColumn(std::size_t index) const;
     void copyAsItIs(std::size_t index, std::size_t offset);
     void copyPlain(std::size_t offset);

@@ -88,9 +88,7 @@ void ExprTokens::classify() {
     for (std::size_t i = 0; i < tokens_.size(); ++i) {
         if (kinds_[i] == Cpp::tkIdentifier) trimName(tokens_[i]);
         if (kinds_[i] == Cpp::tkOperator) nameOperator(i);
-        if (kinds_[i] == Cpp::tkLess) hasAngles_ = true;
-        if (endsSpaceship(i)) kinds_[i] = Cpp::tkLessEqual;
-        nameLaunch(i);
+        if (kinds_[i] == Cpp::tkLess || kinds_[i] == Cpp::tkGreater) classifyAngle(i);
         if (maySpanLines(i) && token(i).find('\n') != std::string_view::npos) multiLineTokens_.push_back(i);
     }
 }
@@ -100,6 +98,12 @@ bool ExprTokens::maySpanLines(std::size_t index) const {
     const int kind = kinds_[index];
     if (kind == Cpp::tkStringLiteral || kind == Cpp::tkCharLiteral || kind == Cpp::tkBlockComment) return true;
     return tokens_[index].hasInnerSpace && kind != Cpp::tkDirective && token(index).find('\\') != std::string_view::npos;
+}
+
+void ExprTokens::classifyAngle(std::size_t index) {
+    if (kinds_[index] == Cpp::tkLess) hasAngles_ = true;
+    if (endsSpaceship(index)) kinds_[index] = Cpp::tkLessEqual;
+    nameLaunch(index);
 }
 
 /// "<=>" is one operator, though it comes as two tokens.

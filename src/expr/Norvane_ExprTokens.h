@@ -80,6 +80,7 @@ private:
 
     void classify();
     bool maySpanLines(std::size_t index) const;
+    void classifyAngle(std::size_t index);
     void nameLaunch(std::size_t index);
     void trimName(Cpp::RawToken& token) const;
     void nameOperator(std::size_t index);

@@ -258,7 +258,7 @@ const CppFormatter::Base& CppFormatter::scopeBase() const {
 
 std::string CppFormatter::baseIndent(const Base& base) const {
     if (!base.ofSource) return output_.makeIndent(base.column);
-    std::string indent = output_.text().substr(base.lineBegin, base.indentSize);
+    std::string indent(output_.text().substr(base.lineBegin, base.indentSize));
     const int width = Zelmar::textColumn(indent, 0, std::max(output_.tabSize(), 1));
     indent.append(static_cast<std::size_t>(std::max(base.column - width, 0)), ' ');
     return indent;

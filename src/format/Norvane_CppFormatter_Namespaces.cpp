@@ -95,7 +95,7 @@ void CppFormatter::writeTemplateClose(const Cpp::ParameterListNode& list) {
     const std::string_view gap = readUpTo(list.end());
     const OptionalString& option = options_.wsBeforeTpCloseBracket;
     if (!option.set || staysBroken(gap, option.value)) return exprFormatter_.formatDeclarationTo(gap, output_, options_.wsAfterParamTypeId);
-    const std::string& text = output_.text();
+    const std::string_view text = output_.text();
     const bool behindClose = !text.empty() && text.back() == '>';
     // The two are one token of the source.
     if (behindClose && gap.empty()) return;

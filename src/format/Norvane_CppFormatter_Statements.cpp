@@ -85,7 +85,7 @@ CppFormatter::Base CppFormatter::lineBase() {
     Base base = baseHere();
     base.column = options_.keepShape ? output_.lineIndent() : output_.indentWidth();
     if (base.ofSource) {
-        const std::string_view indent = std::string_view(output_.text()).substr(base.lineBegin, base.indentSize);
+        const std::string_view indent = output_.text().substr(base.lineBegin, base.indentSize);
         base.column = Zelmar::textColumn(indent, 0, output_.tabSize());
     }
     return base;

@@ -124,7 +124,7 @@ void CppLineWrapper::visit(Cpp::RootNode& node) {
     output_.writeRaw(reader_.readRest());
     output_.sync();
     if (wrapped_ == nullptr) return;
-    const std::string& text = output_.text();
+    const std::string_view text = output_.text();
     wrapped_->write(text.data(), static_cast<std::streamsize>(text.size()));
     wrapped_->flush();
 }

@@ -141,8 +141,12 @@ std::span<const std::uint32_t> WrapText::Depths::at(std::size_t depth) const {
     return std::span(brackets_).subspan(starts_[depth], starts_[depth + 1] - starts_[depth]);
 }
 
-WrapText::WrapText(std::string_view text) : text_(text) {
+WrapText::WrapText(std::string_view text, Brackets brackets) : text_(text) {
     split();
+    if (brackets == Brackets::kMatched) matchBrackets();
+}
+
+void WrapText::matchBrackets() {
     Matcher matcher(*this);
     std::uint32_t lastParen = kNone;
     for (std::uint32_t i = 0; i + 1 < tokens_.size(); ++i) {

@@ -31,7 +31,10 @@ class WrapText {
 public:
     static constexpr std::size_t npos = static_cast<std::size_t>(-1);
 
-    explicit WrapText(std::string_view text);
+    /// Whether it is to be known which brackets belong together.
+    enum class Brackets { kMatched, kUnmatched };
+
+    explicit WrapText(std::string_view text, Brackets brackets = Brackets::kMatched);
 
     std::size_t size() const { return tokens_.size() - 1; }
     WrapRange all() const { return {0, size()}; }
@@ -92,6 +95,7 @@ private:
     static constexpr std::uint32_t kNone = static_cast<std::uint32_t>(-1);
     static int endKind();
     void split();
+    void matchBrackets();
     void addJunk(std::size_t begin, std::size_t end);
     void addToken(std::size_t begin, std::size_t end, std::uint8_t kind, bool junk);
 
