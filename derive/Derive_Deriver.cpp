@@ -115,7 +115,31 @@ private:
         std::sort(result.measures.begin(), result.measures.end(),
                   [](const Measure& a, const Measure& b) { return a.option < b.option; });
         result.scheme = study_.context();
-        if (!result.isCancelled) result.changedLines = study_.changedLines(result.scheme);
+        if (result.isCancelled) return;
+        result.changedLines = study_.changedLines(result.scheme);
+        for (Measure& measure : result.measures) findLines(measure.dissents);
+    }
+    /// The dissents of one text stand in the order of their offsets.
+    void findLines(std::vector<Dissent>& dissents) const {
+        std::size_t text = static_cast<std::size_t>(-1);
+        std::uint32_t at = 0;
+        std::uint32_t line = 1;
+        std::uint32_t lineBegin = 0;
+        for (Dissent& dissent : dissents) {
+            if (dissent.text != text) {
+                text = dissent.text;
+                at = lineBegin = 0;
+                line = 1;
+            }
+            const std::string& source = lab_.texts()[text].source;
+            for (; at < dissent.offset; ++at) {
+                if (source[at] != '\n') continue;
+                ++line;
+                lineBegin = at + 1;
+            }
+            dissent.line = line;
+            dissent.column = dissent.offset - lineBegin + 1;
+        }
     }
 
     const Settings& settings_;
@@ -153,6 +177,18 @@ void setValue(Norvane::PropertySet& scheme, std::string_view name, const Value& 
 Derivation derive(std::vector<Text> texts, const Settings& settings, const Progress& progress,
                   const std::atomic<bool>* cancelled) {
     return Run(std::move(texts), settings, progress, cancelled).derive();
+}
+
+Effect effectOf(const Norvane::PropertySet& scheme, std::vector<Text> texts, unsigned threads) {
+    Effect effect;
+    const Laboratory lab(std::move(texts), threads, nullptr);
+    const Settings settings;
+    for (const Text& text : lab.texts()) {
+        effect.lines += static_cast<std::size_t>(std::count(text.source.begin(), text.source.end(), '\n'));
+    }
+    effect.changedLines = Study(lab, settings).changedLines(scheme);
+    effect.refused = lab.refused();
+    return effect;
 }
 
 std::string recordOf(std::string_view name, const Value& value) {

@@ -22,10 +22,12 @@ void setValue(Norvane::PropertySet& scheme, std::string_view name, const Value& 
 
 /// A place where the code stands otherwise than an option would have it.
 struct Dissent {
-    std::size_t text = 0;     // index in Derivation::texts
-    std::uint32_t offset = 0; // of the white space in the source
-    std::string found;
-    std::string wanted;
+    std::size_t text = 0;     // index in Derivation::names
+    std::uint32_t offset = 0; // of the white space in the source, in bytes
+    std::uint32_t line = 1;   // both from 1, the column in bytes
+    std::uint32_t column = 1;
+    std::string found = {};
+    std::string wanted = {};
 };
 
 /// What the code says to one option.
@@ -73,6 +75,15 @@ using Progress = std::function<void(std::size_t done, std::size_t all)>;
 /// give the same scheme. Touches no files; `cancelled` may be set by another thread.
 Derivation derive(std::vector<Text> texts, const Settings& settings, const Progress& progress = {},
                   const std::atomic<bool>* cancelled = nullptr);
+
+/// What a scheme does to some texts.
+struct Effect {
+    std::size_t lines = 0;
+    std::size_t changedLines = 0;
+    std::size_t refused = 0;
+};
+
+Effect effectOf(const Norvane::PropertySet& scheme, std::vector<Text> texts, unsigned threads);
 
 /// The scheme as a file: what is set with its figures, what is doubtful behind "#".
 std::string schemeText(const Derivation& derivation, std::string_view name);

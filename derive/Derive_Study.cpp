@@ -88,7 +88,7 @@ Measure Study::compare(const PropertyInfo& option, const Value& value, const std
                              if (isSameBreak(wanted, found)) {
                                  ++measure.agreeing;
                              } else if (measure.dissents.size() < settings_.mostDissents) {
-                                 measure.dissents.push_back({i, offset, std::string(found), std::string(wanted)});
+                                 measure.dissents.push_back({i, offset, 1, 1, std::string(found), std::string(wanted)});
                              }
                          });
     }
@@ -190,7 +190,7 @@ Measure Study::measureSwitch(const PropertyInfo& option) {
                              if (wanted == found) {
                                  ++measure.agreeing;
                              } else if (measure.dissents.size() < settings_.mostDissents) {
-                                 measure.dissents.push_back({i, offset, std::string(found), std::string(wanted)});
+                                 measure.dissents.push_back({i, offset, 1, 1, std::string(found), std::string(wanted)});
                              }
                          });
     }
@@ -265,6 +265,10 @@ std::vector<Measure> Study::measureMargin() {
 }
 
 void Study::dropWhatHarms(std::vector<Measure>& measures) {
+    // Up to here the others were measured with the indents that fit best, doubtful or not.
+    for (const Measure& measure : measures) {
+        if (!measure.isSet) context_.erase(measure.option->name);
+    }
     std::vector<Layout> all = lab_.layOut(context_);
     for (Measure& measure : measures) {
         if (!measure.isSet || lab_.isCancelled()) continue;

@@ -92,7 +92,7 @@ Measure Study::measureIndent(const PropertyInfo& option) const {
                              if (wanted == found) {
                                  ++measure.agreeing;
                              } else if (measure.dissents.size() < settings_.mostDissents) {
-                                 measure.dissents.push_back({i, offset, std::string(found), std::string(wanted)});
+                                 measure.dissents.push_back({i, offset, 1, 1, std::string(found), std::string(wanted)});
                              }
                          });
     }

@@ -4,6 +4,7 @@
 #include "cli/console/Cli_Report.h"
 #include "cli/guide/Cli_Completion.h"
 #include "cli/guide/Cli_OptionGuide.h"
+#include "cli/run/Cli_DeriveCommand.h"
 #include "cli/run/Cli_HelpCommand.h"
 #include "cli/run/Cli_Program.h"
 #include "cli/run/Cli_SchemesCommand.h"
@@ -23,6 +24,7 @@ constexpr Command kCommands[] = {
     {"which", "[--scheme NAME] FILE...", "Tell which scheme a file is laid out by", runWhichCommand},
     {"schemes", "[show NAME|copy NAME NEW|convert]", "List the schemes; show, copy or convert them",
      runSchemesCommand},
+    {"derive", "PATH... [-o FILE]", "Write the scheme under which some code changes least", runDeriveCommand},
     {"settings", "[get NAME|set NAME VALUE]", "Show or change your settings", runSettingsCommand},
     {"options", "[NAME]", "Tell of the options that a scheme can hold", runOptionsCommand},
     {"help", "[TOPIC]", "Show a page of the help", runHelpCommand},
