@@ -59,7 +59,7 @@ private:
     }
     void countSteps() {
         for (const PropertyInfo& option : Norvane::propertyCatalogue()) steps_ += isMeasuredAlone(option) ? 1 : 0;
-        steps_ += 4; // both anchors, what harms, the margin
+        steps_ += 5; // both anchors, what harms, exactness, the margin
     }
     bool step() {
         ++done_;
@@ -100,13 +100,15 @@ private:
     void dropWhatHarms(Derivation& result) {
         if (!step()) return;
         study_.dropWhatHarms(result.measures);
+        if (!step()) return;
+        study_.preferExact(result.measures);
     }
     void measureMargin(Derivation& result) {
         if (!step()) return;
         for (Measure& measure : study_.measureMargin()) take(result, std::move(measure));
     }
     void take(Derivation& result, Measure measure) {
-        if (measure.places == 0) return;
+        if (measure.places == 0) return study_.forget(measure.option->name);
         if (measure.isSet) study_.set(measure.option->name, measure.value);
         result.measures.push_back(std::move(measure));
     }

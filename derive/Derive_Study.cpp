@@ -290,4 +290,26 @@ void Study::dropWhatHarms(std::vector<Measure>& measures) {
     }
 }
 
+void Study::preferExact(std::vector<Measure>& measures) {
+    std::size_t lines = 0;
+    for (const Layout& source : lab_.sources()) lines += lineFeeds(source.text);
+    const std::size_t changed = changedLines(context_);
+    constexpr std::size_t kOneOf = 500; // people are never as even as that
+    if (changed == 0 || changed * kOneOf > lines) return;
+    PropertySet scheme = context_;
+    std::vector<Measure*> dissenting;
+    for (Measure& measure : measures) {
+        if (!measure.isSet || measure.agreeing == measure.places || measure.option->name == "TAB_SIZE") continue;
+        scheme.erase(measure.option->name);
+        dissenting.push_back(&measure);
+    }
+    if (changedLines(scheme) != 0) return;
+    context_ = scheme;
+    for (Measure* measure : dissenting) {
+        PropertySet more = with(measure->option->name, measure->value);
+        measure->isSet = changedLines(more) == 0;
+        if (measure->isSet) context_ = std::move(more);
+    }
+}
+
 } // namespace Derive

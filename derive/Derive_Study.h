@@ -22,6 +22,7 @@ public:
 
     const Norvane::PropertySet& context() const { return context_; }
     void set(std::string_view name, const Value& value) { setValue(context_, name, value); }
+    void forget(std::string_view name) { context_.erase(name); }
 
     /// All indents, found together: they are steps from each other. `goOn` is asked once an option.
     /// The best of them stay in the context for the measures that follow, doubtful ones too.
@@ -34,6 +35,9 @@ public:
     std::vector<Measure> measureMargin();
     /// Takes options out of the context that change agreed places of others.
     void dropWhatHarms(std::vector<Measure>& measures);
+    /// Code that hardly changes was laid out by a tool. Options that it disagrees with anywhere are left
+    /// out then, if nothing changes without them.
+    void preferExact(std::vector<Measure>& measures);
 
     /// Source lines that `scheme` changes.
     std::size_t changedLines(const Norvane::PropertySet& scheme) const;

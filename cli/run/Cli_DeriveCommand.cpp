@@ -147,9 +147,9 @@ private:
         NorvaneUI::DiskFileSystem disk;
         const auto seen = disk.status(question_.output);
         const bool isThere = seen && seen->kind != NorvaneUI::FileKind::missing;
-        const auto failure = isThere ? disk.replace(question_.output, scheme, *seen) : disk.create(question_.output, scheme);
-        if (!failure) return true;
-        report_.error({question_.output}, failure->text, ExitStatus::fileFailed);
+        const NorvaneUI::Status status = isThere ? disk.replace(question_.output, scheme, *seen) : disk.create(question_.output, scheme);
+        if (status.isDone()) return true;
+        report_.error({question_.output}, status.failure().text, ExitStatus::fileFailed);
         return false;
     }
 
