@@ -12,8 +12,10 @@ namespace Norvane {
 
 namespace {
 
-/// Behind such a character another statement begins.
-bool endsStatement(char last) {
+/// Behind a text that ends so another statement begins.
+bool endsStatement(std::string_view text) {
+    const char last = text.back();
+    if (text.ends_with("<%") || text.ends_with("%>")) return true;
     return last == ';' || last == '{' || last == '}' || last == ':';
 }
 
@@ -56,7 +58,7 @@ void CppFormatter::beginChild(const Cpp::SyntaxNode& child) {
 
 void CppFormatter::endChild(const Cpp::SyntaxNode& child) {
     if (!options_.keepShape || isNote(child) || input_.offset() == 0) return;
-    statementOpen_ = !endsStatement(sourceText()[input_.offset() - 1]);
+    statementOpen_ = !endsStatement(sourceText().substr(0, input_.offset()));
 }
 
 void CppFormatter::armShape(const Cpp::SyntaxNode& node) {
@@ -84,7 +86,7 @@ void CppFormatter::copyLooseStatements(const Position& end) {
         }
         copyUpTo(source_.positionOf(begin + found.begin));
         copyUpTo(source_.positionOf(begin + found.end));
-        statementOpen_ = !endsStatement(gap[found.end - 1]);
+        statementOpen_ = !endsStatement(gap.substr(0, found.end));
         if (gapIsInRegion_) return;
     }
 }

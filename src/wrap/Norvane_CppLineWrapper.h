@@ -138,7 +138,7 @@ private:
     std::string joinElements(const std::string& text, const std::string& indent);
     std::optional<std::string> rowIndent(const std::string& text, const Rewrite& layOut);
     std::string wrapInitializer(const std::string& text, const std::optional<std::string>& rows);
-    std::string wrapBracedInitializer(const std::string& text, std::size_t open, std::size_t close,
+    std::string wrapBracedInitializer(const std::string& text, std::string_view open, std::string_view close,
                                       const std::optional<std::string>& rows);
     std::string layOutInitializer(const std::string& text);
     void visitElseIf(Cpp::BlockNode& block);

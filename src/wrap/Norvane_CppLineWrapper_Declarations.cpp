@@ -255,15 +255,15 @@ std::string CppLineWrapper::wrapInitializer(const std::string& text, const std::
     while (first < tokens.size() && !startsBracket(tokens.kind(first))) ++first;
     const bool isBraced = tokens.kind(first) == Cpp::tkOpenBrace && tokens.mate(first) != WrapText::npos;
     if (!isBraced) return exprWrapper_.wrap(text, state(), false, false, follower());
-    const auto open = static_cast<std::size_t>(tokens.token(first).data() - text.data());
-    const auto close = static_cast<std::size_t>(tokens.token(tokens.mate(first)).data() - text.data());
-    return wrapBracedInitializer(text, open, close, rows);
+    return wrapBracedInitializer(text, tokens.token(first), tokens.token(tokens.mate(first)), rows);
 }
 
 // The lines between the braces belong to the declaration, and WRAP_INDENT has no part in them.
-std::string CppLineWrapper::wrapBracedInitializer(const std::string& text, std::size_t open,
-                                                  std::size_t close,
+std::string CppLineWrapper::wrapBracedInitializer(const std::string& text, std::string_view open,
+                                                  std::string_view close,
                                                   const std::optional<std::string>& rows) {
+    const auto begin = static_cast<std::size_t>(open.data() + open.size() - text.data());
+    const auto end = static_cast<std::size_t>(close.data() - text.data());
     Zelmar::IndentWriter written(state());
     written.setWsMode(Zelmar::kWsKeep);
     const auto here = [this, &written] {
@@ -271,15 +271,15 @@ std::string CppLineWrapper::wrapBracedInitializer(const std::string& text, std::
         place.column = written.column();
         return place;
     };
-    written.writeRaw(std::string_view(text).substr(0, open + 1));
-    const std::string behind = text.substr(close) + std::string(follower());
-    const std::string inner = text.substr(open + 1, close - open - 1);
+    written.writeRaw(std::string_view(text).substr(0, begin));
+    const std::string behind = text.substr(end) + std::string(follower());
+    const std::string inner = text.substr(begin, end - begin);
     Zelmar::IndentStreamState place = here();
     if (rows) place.indent = *rows;
     written.writeRaw(rows ? exprWrapper_.wrapRows(inner, place, stuckPart(behind))
                           : exprWrapper_.wrapList(inner, place, true, stuckPart(behind)));
-    written.writeRaw("}");
-    written.writeRaw(exprWrapper_.wrap(text.substr(close + 1), here(), false, false, follower()));
+    written.writeRaw(close);
+    written.writeRaw(exprWrapper_.wrap(text.substr(end + close.size()), here(), false, false, follower()));
     return written.takeText();
 }
 
