@@ -101,12 +101,21 @@ bool isNameStart(std::string_view text, std::size_t at) {
     return at < text.size() && (kClasses[index(text[at])] == kLetter || text[at] == '~' || namedCharLength(text, at) > 0);
 }
 
+/// Offset behind the "::" at `at`, or `at` if none stands there.
+std::size_t behindColons(std::string_view text, std::size_t at) {
+    if (at >= text.size() || text[at] != ':') return at;
+    const std::size_t second = behindSplices(text, at + 1);
+    return second < text.size() && text[second] == ':' ? second + 1 : at;
+}
+
 // Takes the white space behind a "::" in, whether or not the name goes on behind it.
-void readColons(std::string_view text, NameExtent& name) {
+void readColons(std::string_view text, std::size_t behind, NameExtent& name) {
     name.colons = name.end;
     name.linesToColons = name.lines;
     name.hasSpaceBeforeColons = name.hasSpace;
-    for (name.end += 2; name.end < text.size() && isSpace(text[name.end]); ++name.end) {
+    name.hasSpace = name.hasSpace || behind > name.end + 2;
+    name.lines += countLineFeeds(text.substr(name.end, behind - name.end));
+    for (name.end = behind; name.end < text.size() && isSpace(text[name.end]); ++name.end) {
         name.hasSpace = true;
         if (text[name.end] == '\n') ++name.lines;
     }
@@ -135,8 +144,9 @@ NameExtent readName(std::string_view text, std::size_t begin) {
         name.end = findWordEnd(text, name.end);
         if (name.end >= text.size()) return name;
         if (text[name.end] == '\\' && readWordPart(text, name)) continue;
-        if (!startsWith(text, name.end, "::")) return name;
-        readColons(text, name);
+        const std::size_t behind = behindColons(text, name.end);
+        if (behind == name.end) return name;
+        readColons(text, behind, name);
         if (!isNameStart(text, name.end)) return name;
         name.lastWord = name.end;
         if (text[name.end] != '\\') ++name.end;
@@ -229,7 +239,7 @@ bool Scanner::scanToken(RawToken& token) {
     case kQuote: return scanLiteral(token);
     case kHash: return scanDirective(token);
     case kSlash: return peek(1) == '/' || peek(1) == '*' ? scanComment(token) : scanPunctuator(token);
-    case kColon: return peek(1) == ':' ? scanName(token) : scanPunctuator(token);
+    case kColon: return behindColons(text_, at_) > at_ ? scanName(token) : scanPunctuator(token);
     case kTilde:
         if (startsClassName(peek(1)) || namedCharLength(text_, at_ + 1) > 0) return scanName(token);
         return scanPunctuator(token);

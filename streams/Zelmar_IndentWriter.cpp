@@ -18,14 +18,16 @@ std::string_view dropBlanks(std::string_view text) {
     return text.substr(count);
 }
 
-/// The last character in front of the joined line end that `written` ends in. A line feed if it ends
+/// The last character in front of the joined line ends that `written` ends in. A line feed if it ends
 /// in none, or if white space stands in front.
 char joinedChar(std::string_view written) {
-    if (!written.ends_with('\n')) return '\n';
-    std::size_t end = written.size() - 1;
-    while (end > 0 && isSpace(written[end - 1]) && written[end - 1] != '\n') --end;
-    if (end < 2 || written[end - 1] != '\\' || isSpace(written[end - 2])) return '\n';
-    return written[end - 2];
+    std::size_t end = written.size();
+    while (end > 0 && written[end - 1] == '\n') {
+        for (--end; end > 0 && isSpace(written[end - 1]) && written[end - 1] != '\n';) --end;
+        if (end == 0 || written[end - 1] != '\\') return '\n';
+        --end;
+    }
+    return end == 0 || end == written.size() || isSpace(written[end - 1]) ? '\n' : written[end - 1];
 }
 
 constexpr bool isOfWord(unsigned char c) {
@@ -36,9 +38,10 @@ constexpr bool isOfOperator(char c) {
     return std::string_view("+-*/%<>=&|^!:#.").find(c) != std::string_view::npos;
 }
 
-/// Whether a token that has come to `left` may go on with `right`.
+/// Whether a token that has come to `left` may go on with `right`. A backslash may join a further line.
 bool mayGoOn(char left, char right) {
     if (left == '\n') return false;
+    if (right == '\\') return true;
     const auto isWord = [](char c) { return isOfWord(static_cast<unsigned char>(c)); };
     return (isWord(left) && isWord(right)) || (isOfOperator(left) && isOfOperator(right));
 }

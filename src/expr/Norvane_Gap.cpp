@@ -155,7 +155,10 @@ void trimGapRight(std::string& text) {
     const std::size_t feed = text.rfind('\n');
     if (feed == kNone) return;
     const std::size_t visible = trimmedRight(text).size();
-    text.resize(std::max(visible, feed + 1));
+    // Behind a line that is joined directly behind a word a blank may be all that parts two of them.
+    const bool behindWord = visible == 1 || (visible > 1 && !Cpp::isSpace(text[visible - 2]));
+    const bool parts = behindWord && visible <= feed && feed + 1 < text.size() && endsInJoinedLine(text);
+    text.resize(std::max(visible, feed + (parts ? 2 : 1)));
 }
 
 void trimGapBoth(std::string& text) {

@@ -103,7 +103,8 @@ void CppFormatter::writeFrontEnd(std::string_view front, const std::string& valu
         writeSource(trimmedRight(front));
         return writeAtBase(value, base);
     }
-    const bool breaks = hasLineFeed(value);
+    const bool joined = trimmedRight(front).ends_with('\\');
+    const bool breaks = hasLineFeed(value) && !joined;
     writeSource(breaks ? trimmedRight(front) : front);
     writeAtBase(breaks ? std::string_view(value) : std::string_view(), base);
 }

@@ -188,9 +188,10 @@ void CppFormatter::visit(Cpp::CtrlSubStmtHeadNode& node) {
         } else {
             std::string gap(source);
             replaceGapEnds(gap, {}, {});
-            output_.writeExact(gap);
-            // Behind a line comment blanks part the parenthesis from nothing.
-            writeAtBase(output_.column() == 0 ? std::string_view() : options_.wsAfterCsKey.value, base());
+            output_.write(gap);
+            // Behind a line comment or a joined line blanks part the parenthesis from nothing.
+            const bool parts = output_.column() != 0 && !endsInLineComment(gap);
+            writeAtBase(parts ? std::string_view(options_.wsAfterCsKey.value) : std::string_view(), base());
         }
     }
     copyUpTo(start);

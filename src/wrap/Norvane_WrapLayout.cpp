@@ -247,9 +247,12 @@ void WrapLayout::addToken(std::size_t index, std::string& result) const {
 }
 
 void WrapLayout::addMovedLine(std::string_view line, int from, int to, std::string& result) const {
-    result += '\n';
     const std::size_t text = line.find_first_not_of(" \t");
-    if (text == npos) {
+    const std::size_t last = result.find_last_not_of(" \t");
+    // White space would tear the delimiter of the comment apart, if a backslash joins its lines there.
+    const bool isJoined = text == 0 && last != npos && result[last] == '\\';
+    result += '\n';
+    if (text == npos || isJoined) {
         result += line;
         return;
     }

@@ -195,6 +195,7 @@ INSTANTIATE_TEST_SUITE_P(Directives, Scan, testing::ValuesIn(kDirectives), rowNa
 const ScanCase kJoined[] = {
     {"Names", "ab\\\ncd A::b\\ \n\\\nc i\\\nnt x\\\n y",
      "<identifier>[abcd] <identifier>[A::bc] int <identifier>[x] <identifier>[y]"},
+    {"Colons", "a:\\\n:b :\\\n:c", "<identifier>[a::b] <identifier>[::c]"},
     {"SplitNames", "A::oper\\\nator=", "<identifier>[A] operator[::operator] ="},
     {"Numbers", "1\\\n2 1e\\\n-3 1'\\\n0 1.\\\n5 1\\\n+2", "<number>[12] <number>[1e-3] <number>[1'0] <number>[1.5] "
      "<number>[1] + <number>[2]"},

@@ -55,6 +55,7 @@ TEST(Gap, ReplacesItsEndAndKeepsWhatEndsALine) {
         // The last line of this macro is empty: with one line feed less it would take in what follows.
         {"#define A \\\n\n", "\n", "#define A \\\n\n"},
         {" \\\n  ", " ", " \\\n"},
+        {"\\\n  ", " ", "\\\n "},
     };
     for (const GapCase& row : cases) {
         SCOPED_TRACE(row.gap);

@@ -110,7 +110,7 @@ TEST(IndentWriter, JoinedLinesKeepTheirTokens) {
     const JoinCase cases[] = {{"ab\\\ncd", ".ab\\\ncd"}, {"ab\\ \ncd\nx", ".ab\\ \ncd\n.x"}, {"f\\\n$", ".f\\\n$"},
                               {"\xc3\\\n\xa4", ".\xc3\\\n\xa4"}, {"+\\\n+", ".+\\\n+"}, {"1.\\\n5", ".1.\\\n5"},
                               {"ab\\\n  cd", ".ab\\\n.cd"}, {"ab \\\ncd", ".ab \\\n.cd"}, {"a,\\\nb", ".a,\\\n.b"},
-                              {"a\nb", ".a\n.b"}};
+                              {"a\nb", ".a\n.b"}, {"a\\\n\\\nb", ".a\\\n\\\nb"}};
     for (const JoinCase& row : cases) {
         SCOPED_TRACE(row.source);
         IndentWriter dotted(indented("."));
@@ -170,7 +170,7 @@ public:
             const bool blank = c == ' ' || (c >= '\t' && c <= '\r');
             dropped_ = dropped_ || blank;
             if (!state_.keepLeadingWs && blank) return;
-            const bool joined = goesOn() && std::string_view("ab+'\"").find(c) != std::string_view::npos;
+            const bool joined = goesOnWith(c);
             if (!joined || dropped_) for (const char i : state_.indent) convert(i);
             if (joined && dropped_ && state_.indent.empty()) convert(' ');
         }
@@ -178,12 +178,18 @@ public:
         convert(c);
     }
 
-    // What was written ends in a word or an operator, a backslash and a line feed.
-    bool goesOn() const {
-        std::size_t end = text_.size();
-        if (end == 0 || text_[--end] != '\n') return false;
-        while (end > 0 && (text_[end - 1] == ' ' || text_[end - 1] == '\t' || text_[end - 1] == '\r')) --end;
-        return end > 1 && text_[end - 1] == '\\' && std::string_view("ab'\"").find(text_[end - 2]) != std::string_view::npos;
+    // What was written ends in a character, and then in line feeds with a backslash in front of each.
+    bool goesOnWith(char c) const {
+        std::string text = text_;
+        bool joined = false;
+        for (; text.ends_with('\n'); joined = true) {
+            text.erase(text.find_last_not_of(" \t\r", text.size() - 2) + 1);
+            if (!text.ends_with('\\')) return false;
+            text.pop_back();
+        }
+        if (!joined || text.empty() || std::string_view(" \t\r").find(text.back()) != std::string_view::npos) return false;
+        constexpr std::string_view kOfWord = "ab'\"";
+        return c == '\\' || (kOfWord.find(c) != std::string_view::npos && kOfWord.find(text.back()) != std::string_view::npos);
     }
 
     std::string finish() { return text_ + std::string(static_cast<std::size_t>(held_), ' '); }
