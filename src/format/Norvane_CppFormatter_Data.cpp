@@ -180,9 +180,10 @@ void CppFormatter::fixBrackets(std::string& text) const {
     }
     const std::size_t close = bracket.set ? findToken(text, Cpp::tkCloseBracket) : std::string::npos;
     if (close == std::string::npos) return;
-    std::string behind = text.substr(close + 1);
+    const std::size_t end = close + (text[close] == ']' ? 1 : 2); // of a digraph
+    std::string behind = text.substr(end);
     replaceGapStart(behind, bracket.value);
-    text.replace(close + 1, std::string::npos, behind);
+    text.replace(end, std::string::npos, behind);
 }
 
 void CppFormatter::padInitializer(const Cpp::DataDeclNode& node, const DataLine& line) {
