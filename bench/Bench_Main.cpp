@@ -16,8 +16,12 @@
 
 // Times every stage on every text. A result counts only if it is right: a stage checks what it made
 // before its time is taken. Counters beside the time:
-//   ratio2x  time for twice the text over time for the text; above 2.3 the cost outgrows the text
-//   peak_MB  most memory from the heap that one run holds at a time, its result included
+//   ratio2x    time for twice the text over time for the text; above 2.3 the cost outgrows the text
+//   held_B     most memory from the heap that one run holds at a time, its result included, in bytes
+//              for each byte of the text
+//   allocs_kB  how often one run asks for memory, for each 1000 bytes of the text
+// Time depends on the machine. What does not is told by the count of instructions:
+//   valgrind --tool=callgrind kerfline_bench --benchmark_filter=format/large --benchmark_min_time=0
 
 namespace {
 
@@ -50,11 +54,10 @@ double ratioOfTwice(Stage& stage, const std::string& once, const std::string& tw
     return bestTwice / bestOnce;
 }
 
-double peakMegabytes(const StageMaker& make, const std::string& text) {
-    constexpr double kMegabyte = 1e6;
+Bench::MemoryCount memoryOf(const StageMaker& make, const std::string& text) {
     Bench::startMemoryCount();
     make()->run(text);
-    return static_cast<double>(Bench::stopMemoryCount()) / kMegabyte;
+    return Bench::stopMemoryCount();
 }
 
 void measure(benchmark::State& state, const StageMaker& make, const Text& text) {
@@ -73,7 +76,10 @@ void measure(benchmark::State& state, const StageMaker& make, const Text& text) 
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(once.size()));
     state.counters["text_MB"] = static_cast<double>(once.size()) / 1e6;
     state.counters["ratio2x"] = ratioOfTwice(*stage, once, twice);
-    state.counters["peak_MB"] = peakMegabytes(make, once);
+    const Bench::MemoryCount memory = memoryOf(make, once);
+    const auto size = static_cast<double>(once.size());
+    state.counters["held_B"] = static_cast<double>(memory.peakBytes) / size;
+    state.counters["allocs_kB"] = 1e3 * static_cast<double>(memory.allocations) / size;
 }
 
 void add(const std::string& name, const Text& text, const StageMaker& make) {
@@ -92,6 +98,7 @@ void addAll() {
     const Norvane::PropertySet wrapping = Bench::shippedScheme("default", true);
     for (const Text& text : Bench::texts()) {
         add("lex", text, maker<Bench::LexStage>());
+        add("check", text, maker<Bench::CheckStage>());
         add("parse", text, maker<Bench::ParseStage>());
         add("copy", text, maker<Bench::FormatStage>(Norvane::PropertySet()));
         add("format", text, maker<Bench::FormatStage>(scheme));

@@ -14,11 +14,13 @@ namespace {
 bool counting = false;
 std::int64_t heldBytes = 0;
 std::int64_t peakBytes = 0;
+std::size_t allocations = 0;
 
 void* take(std::size_t size) {
     void* block = std::malloc(size == 0 ? 1 : size);
     if (block == nullptr) throw std::bad_alloc();
     if (counting) {
+        ++allocations;
         heldBytes += static_cast<std::int64_t>(malloc_usable_size(block));
         peakBytes = std::max(peakBytes, heldBytes);
     }
@@ -44,12 +46,13 @@ namespace Bench {
 void startMemoryCount() {
     heldBytes = 0;
     peakBytes = 0;
+    allocations = 0;
     counting = true;
 }
 
-std::size_t stopMemoryCount() {
+MemoryCount stopMemoryCount() {
     counting = false;
-    return static_cast<std::size_t>(peakBytes);
+    return {static_cast<std::size_t>(peakBytes), allocations};
 }
 
 } // namespace Bench

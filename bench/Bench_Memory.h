@@ -7,9 +7,12 @@ namespace Bench {
 
 /// Starts to count what the program takes from the heap, from zero.
 void startMemoryCount();
-/// Stops it, and returns the most bytes that were held at one time since the start. What was held
-/// before does not count.
-std::size_t stopMemoryCount();
+/// What a count came to.
+struct MemoryCount {
+    std::size_t peakBytes = 0;   // the most that was held at one time; what was held before does not count
+    std::size_t allocations = 0; // how often memory was asked for
+};
+MemoryCount stopMemoryCount();
 
 } // namespace Bench
 

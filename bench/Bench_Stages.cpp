@@ -1,14 +1,14 @@
 #include "bench/Bench_Stages.h"
 
-#include "cpp/Cpp_Lexer.h"
 #include "cpp/Cpp_Nodes.h"
 #include "cpp/Cpp_Parser.h"
 #include "cpp/Cpp_Scanner.h"
+#include "guard/Guard_Difference.h"
 #include "src/Norvane_FormatDriver.h"
 
 #include <algorithm>
 #include <fstream>
-#include <sstream>
+#include <memory>
 #include <stdexcept>
 #include <vector>
 
@@ -72,12 +72,9 @@ std::string LexStage::check(const std::string& text) const {
 }
 
 void ParseStage::run(const std::string& text) {
-    std::istringstream in(text);
-    Cpp::Lexer lexer(in);
-    Cpp::Parser parser;
     Cpp::RootNode root;
     Trn::MessageList messages;
-    parser.parse(lexer, root, messages);
+    Cpp::Parser().parse(std::make_shared<const Zelmar::SourceText>(text), root, messages);
     message_ = firstMessage(messages);
     nodes_ = root.size();
 }
@@ -87,15 +84,19 @@ std::string ParseStage::check(const std::string&) const {
     return nodes_ == 0 ? "the tree is empty" : "";
 }
 
+void CheckStage::run(const std::string& text) {
+    const auto difference = Guard::firstDifference(text, "\n" + text);
+    fault_ = difference ? difference->reason : std::string_view();
+}
+
+std::string CheckStage::check(const std::string&) const { return std::string(fault_); }
+
 void FormatStage::run(const std::string& text) {
-    std::istringstream in(text);
-    std::ostringstream out;
     Trn::MessageList messages;
     Norvane::UpdateFunctor update;
     const Norvane::FormatOptions options(scheme_, Norvane::defaultFormatMarkers());
-    const bool done = Norvane::FormatDriver().format(options, in, out, messages, update) == 0;
+    const bool done = Norvane::FormatDriver().format(options, text, result_, messages, update) == 0;
     message_ = done ? "" : firstMessage(messages);
-    result_ = std::move(out).str();
 }
 
 std::string FormatStage::check(const std::string& text) const {

@@ -4,6 +4,7 @@
 #include "src/scheme/Norvane_PropertySet.h"
 
 #include <string>
+#include <string_view>
 
 namespace Bench {
 
@@ -33,6 +34,16 @@ public:
 private:
     std::string message_;
     std::size_t nodes_ = 0;
+};
+
+/// The comparison of a text with a result that has a blank line more.
+class CheckStage : public Stage {
+public:
+    void run(const std::string& text) override;
+    std::string check(const std::string& text) const override;
+
+private:
+    std::string_view fault_;
 };
 
 /// The whole way of a text through the program, the reading and writing of files aside.

@@ -43,8 +43,6 @@ private:
     std::size_t at_ = 0;
 };
 
-constexpr std::string_view kHead = "Norvane::PropertySet\n1\n\"\"\n";
-
 } // namespace
 
 SchemeRecord splitRecord(std::string_view line) {
@@ -58,10 +56,9 @@ SchemeRecord splitRecord(std::string_view line) {
 }
 
 Norvane::PropertySet readAlone(std::string_view line) {
-    std::stringstream text;
-    text.imbue(std::locale::classic());
-    text << kHead << line << '\n';
-    return Norvane::PropertySet(text);
+    Norvane::PropertySet one;
+    one.readRecord(line);
+    return one;
 }
 
 std::string valueText(const Norvane::PropertySet& one) {

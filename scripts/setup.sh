@@ -4,7 +4,7 @@
 # docs/dependencies.md has the reason for each package.
 set -euo pipefail
 
-packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libgtest-dev)
+packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libgtest-dev libbenchmark-dev)
 [ "${1:-}" = --windows ] && packages+=(qt6-base-dev fonts-dejavu-core)
 
 missing=()

@@ -186,7 +186,7 @@ bool PropertySet::erase(std::string_view name) {
     return eraseFrom(strings_, name) || eraseFrom(ints_, name) || eraseFrom(bools_, name);
 }
 
-/// Returns false for a line of no known kind, which makes the whole text one of another format.
+// A line of no known kind makes the whole text one of another format.
 bool PropertySet::readRecord(std::string_view line) {
     std::int32_t code = 0;
     if (!takeInt(line, code) || code < kBool || code > kString) return false;

@@ -82,9 +82,11 @@ public:
     /// Writes the text form. Does nothing if `out` is not good.
     void write(std::ostream& out) const;
 
-private:
+    /// Takes the value of one line of the text form. Returns false for a line that is none, which
+    /// changes nothing.
     bool readRecord(std::string_view line);
 
+private:
     std::string name_;
     std::int32_t version_ = 1;
     Map<bool> bools_;
