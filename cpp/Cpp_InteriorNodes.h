@@ -6,37 +6,11 @@
 
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace Cpp {
 
 class ParsedText;
-
-/// The whole of a text: its top-level nodes in source order.
-class RootNode : public VisitedNode<RootNode, InteriorNode> {
-public:
-    RootNode() = default;
-    RootNode(const RootNode& other) : VisitedNode(other) {}
-    RootNode(RootNode&& other) noexcept { swap(other); }
-    RootNode& operator=(RootNode other) noexcept {
-        swap(other);
-        return *this;
-    }
-    ~RootNode() override { erase(childBegin(), childEnd()); }
-
-    /// Exchanges the children, without a copy, and what they live on.
-    void swap(RootNode& other) noexcept {
-        swapChildren(other);
-        parsed_.swap(other.parsed_);
-    }
-
-    /// What the nodes below were made from and live on: it stays as long as they do. Null in a tree
-    /// that no parser made.
-    const std::shared_ptr<const ParsedText>& parsed() const { return parsed_; }
-    void setParsed(std::shared_ptr<const ParsedText> parsed) { parsed_ = std::move(parsed); }
-
-private:
-    std::shared_ptr<const ParsedText> parsed_;
-};
 
 /// The base classes of a class head, and the comments and directives among them.
 class BaseClauseListNode : public VisitedNode<BaseClauseListNode, InteriorNode> {};
@@ -111,6 +85,47 @@ public:
 class BlockNode : public VisitedNode<BlockNode, OptionallyBracketedNode> {
 public:
     using VisitedNode::VisitedNode;
+};
+
+/// Statements in the middle of an expression: the body of a closure, of "requires" or of a statement
+/// expression, or code among the arguments of a macro.
+struct CodeInExpression {
+    /// The first character of what the braces belong to, such as the "[" of a closure.
+    Trn::Position head;
+    NodePtr<BlockNode> block;
+};
+
+/// The whole of a text: its top-level nodes in source order. An expression is a leaf; the code in
+/// expressions, however deep, stands beside the nodes in a list by its place in the text.
+class RootNode : public VisitedNode<RootNode, InteriorNode> {
+public:
+    RootNode() = default;
+    RootNode(const RootNode& other) : VisitedNode(other), code_(other.code_) {}
+    RootNode(RootNode&& other) noexcept { swap(other); }
+    RootNode& operator=(RootNode other) noexcept {
+        swap(other);
+        return *this;
+    }
+    ~RootNode() override { erase(childBegin(), childEnd()); }
+
+    /// Exchanges the children and the code, without a copy, and what they live on.
+    void swap(RootNode& other) noexcept {
+        swapChildren(other);
+        parsed_.swap(other.parsed_);
+        code_.swap(other.code_);
+    }
+
+    /// What the nodes below were made from and live on: it stays as long as they do. Null in a tree
+    /// that no parser made.
+    const std::shared_ptr<const ParsedText>& parsed() const { return parsed_; }
+    void setParsed(std::shared_ptr<const ParsedText> parsed) { parsed_ = std::move(parsed); }
+
+    std::vector<CodeInExpression>& code() { return code_; }
+    const std::vector<CodeInExpression>& code() const { return code_; }
+
+private:
+    std::shared_ptr<const ParsedText> parsed_;
+    std::vector<CodeInExpression> code_; // goes before what its nodes live on
 };
 
 class LinkageBlockBodyNode : public VisitedNode<LinkageBlockBodyNode, OptionallyBracketedNode> {

@@ -17,11 +17,8 @@ namespace Cpp {
 
 namespace {
 
-/// The one diagnostic that is a note and no failure.
-constexpr std::int32_t kNoteCode = 2;
-
 bool hasErrors(const Trn::MessageList& messages) {
-    return std::any_of(messages.begin(), messages.end(), [](const Trn::Message& m) { return m.code != kNoteCode; });
+    return std::any_of(messages.begin(), messages.end(), [](const Trn::Message& m) { return m.code != Parser::kNoteCode; });
 }
 
 /// One attempt over one choice of tokens.

@@ -33,6 +33,9 @@ public:
     /// The same for a text at hand, which the tree keeps as long as it needs it.
     void parse(std::shared_ptr<const Zelmar::SourceText> source, RootNode& root, Trn::MessageList& messages);
 
+    /// The code of the one diagnostic that is a note and no failure.
+    static constexpr std::int32_t kNoteCode = 2;
+
     /// The text of a numbered diagnostic.
     static std::string messageText(std::int32_t code);
 };

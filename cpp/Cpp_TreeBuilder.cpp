@@ -106,7 +106,54 @@ Index TreeBuilder::findSemicolon(Index from) const {
     return kNone;
 }
 
-void TreeBuilder::parseRoot(RootNode& root) { parseBody(root, Body::Root); }
+void TreeBuilder::parseRoot(RootNode& root) {
+    parseBody(root, Body::Root);
+    const auto isBefore = [](const CodeInExpression& a, const CodeInExpression& b) {
+        return a.block->start() < b.block->start();
+    };
+    std::sort(code_.begin(), code_.end(), isBefore);
+    root.code() = std::move(code_);
+}
+
+/// Reads the code in the expressions between `first` and `end` that no statement within has taken: by
+/// then the depth is that of the statement which holds it.
+void TreeBuilder::takeCode(Index first, Index end) {
+    const std::vector<Index>& braces = braces_.codeBraces();
+    auto brace = std::lower_bound(braces.begin(), braces.end(), first);
+    for (; brace != braces.end() && *brace < end; ++brace) {
+        const auto number = static_cast<std::size_t>(brace - braces.begin());
+        if (codeTaken_[number]) continue;
+        codeTaken_[number] = true;
+        parseCode(*brace);
+    }
+}
+
+/// Reads the code in one pair of braces. What cannot be read as statements stays a part of the expression,
+/// and is no reason to refuse the text.
+void TreeBuilder::parseCode(Index brace) {
+    if (refused_ || codeDepth_ >= kMaxCodeDepth || depth_ + 1 >= kMaxDepth) return;
+    const Depth depth(*this);
+    const Index outer = at_;
+    const std::size_t reported = messages_.size();
+    const std::size_t taken = code_.size();
+    ++codeDepth_;
+    Ptr<BlockNode> block = make<BlockNode>();
+    block->setStart(t_.start(brace));
+    at_ = brace + 1;
+    parseCompound(*block);
+    --codeDepth_;
+    auto message = messages_.rbegin();
+    bool isWhole = at_ == t_.mate(brace) + 1;
+    for (std::size_t left = messages_.size() - reported; left > 0; --left) isWhole = (message++)->code == Parser::kNoteCode && isWhole;
+    if (isWhole) {
+        code_.push_back({t_.start(braces_.head(brace)), Cpp::NodePtr<BlockNode>(std::move(block))});
+    } else {
+        messages_.resize(reported);
+        code_.resize(taken);
+        refused_ = false;
+    }
+    at_ = outer;
+}
 
 /// Reads what stands in a body, up to its "}" or the end of the text. Returns whether it is closed;
 /// the "}" is left unread. Each turn takes something: what no rule takes is dropped.
@@ -121,6 +168,7 @@ bool TreeBuilder::parseBody(InteriorNode& body, Body kind) {
         if (type(at_) == tkCloseBrace && kind != Body::Root) return true;
         if (!parseBodyItem(body, kind) && at_ == before) return false;
         if (at_ == before) ++at_;
+        takeCode(before, at_);
     }
 }
 

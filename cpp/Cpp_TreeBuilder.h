@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace Cpp {
 
@@ -23,7 +24,7 @@ public:
     using Index = TokenTable::Index;
 
     TreeBuilder(const TokenTable& table, NodePool& pool, Trn::MessageList& messages)
-        : t_(table), braces_(table), pool_(pool), messages_(messages) {}
+        : t_(table), braces_(table), pool_(pool), messages_(messages), codeTaken_(braces_.codeBraces().size()) {}
 
     void parseRoot(RootNode& root);
     /// True if a "}" was met that closes nothing.
@@ -33,6 +34,8 @@ private:
     static constexpr Index kNone = TokenTable::kNone;
     // Deep enough for generated code; a level of the passes needs up to some kB of stack.
     static constexpr int kMaxDepth = 1000;
+    // More closures in closures than anybody writes. Each pass looks at the text around once a level.
+    static constexpr int kMaxCodeDepth = 32;
 
     template <class T> using Ptr = OwnedNode<T>;
     using NodePtr = Ptr<SyntaxNode>;
@@ -203,6 +206,10 @@ private:
     NodePtr parsePointer(Index first, const DeclHead& head);
     NodePtr finishFunction(Ptr<FunctionHeadNode> head, const FunctionTail& tail);
 
+    // Code in expressions.
+    void takeCode(Index first, Index end);
+    void parseCode(Index brace);
+
     // Statements.
     Ptr<BlockNode> parseBlock();
     void parseCompound(BlockNode& block);
@@ -233,10 +240,13 @@ private:
     const BraceClassifier braces_;
     NodePool& pool_;
     Trn::MessageList& messages_;
+    std::vector<CodeInExpression> code_;
     Index at_ = 0;
     int depth_ = 0;
     bool strayBrace_ = false;
     bool refused_ = false; // nested too deep: nothing is read and reported any more
+    std::vector<bool> codeTaken_; // by the number of the brace
+    int codeDepth_ = 0;
     // In the innermost block: from here on no statement has a ";". kNone if that is not known.
     Index unterminatedFrom_ = kNone;
     // In the body of what looks like a function without a type and may be a class made by a macro.

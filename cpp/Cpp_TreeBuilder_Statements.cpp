@@ -68,9 +68,12 @@ TreeBuilder::Ptr<BlockNode> TreeBuilder::parseBlock() {
     case tkEnd:
         reportEnd(at_);
         break;
-    default:
+    default: {
+        const Index first = at_;
         parseSingleStatement(*block);
+        takeCode(first, at_);
         break;
+    }
     }
     return block;
 }
@@ -137,6 +140,7 @@ void TreeBuilder::parseCompound(BlockNode& block) {
         }
         parseStatement(block);
         if (at_ == before) ++at_;
+        takeCode(before, at_);
     }
     unterminatedFrom_ = outerUnterminated;
 }

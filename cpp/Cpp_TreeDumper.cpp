@@ -111,7 +111,10 @@ void TreeDumper::dumpParts(std::string_view className, const SyntaxNode& node,
     endNode();
 }
 
-void TreeDumper::visit(RootNode& node) { dumpList("RootNode", node); }
+void TreeDumper::visit(RootNode& node) {
+    dumpList("RootNode", node);
+    for (const CodeInExpression& code : node.code()) writeParts({{"code", code.block.get()}});
+}
 void TreeDumper::visit(BaseClauseListNode& node) { dumpList("BaseClauseListNode", node); }
 void TreeDumper::visit(InitializerListNode& node) { dumpList("InitializerListNode", node); }
 void TreeDumper::visit(CtrlStmtNode& node) { dumpList("CtrlStmtNode", node); }

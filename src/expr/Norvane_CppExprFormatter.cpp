@@ -38,26 +38,39 @@ std::string CppExprFormatter::formatDeclaration(const std::string& text,
 }
 
 void CppExprFormatter::formatTo(std::string_view text, Zelmar::IndentWriter& output) {
-    walk(text, output, nullptr);
+    walk(text, output, nullptr, false);
 }
 
 void CppExprFormatter::formatDeclarationTo(std::string_view text, Zelmar::IndentWriter& output,
                                            const OptionalString& separator) {
-    walk(text, output, &separator);
+    walk(text, output, &separator, false);
 }
 
-/// Directives and literals over lines are not copied like other text, so that even with no option
-/// set a text of several lines is looked at.
+void CppExprFormatter::formatCallTo(std::string_view text, Zelmar::IndentWriter& output,
+                                    const OptionalString& separator) {
+    walk(text, output, &separator, true);
+}
+
+/// Directives, literals over lines and code in braces are not copied like other text, so that even with
+/// no option set a text of several lines is looked at.
 bool CppExprFormatter::needsWalk(std::string_view text) const {
     if (options().expr.any) return holdsRuled(text);
-    return text.find('\n') != std::string_view::npos && text.find_first_of("#%\"'\\") != std::string_view::npos;
+    return text.find('\n') != std::string_view::npos && text.find_first_of("#%\"'\\{") != std::string_view::npos;
 }
 
 void CppExprFormatter::walk(std::string_view text, Zelmar::IndentWriter& output,
-                            const OptionalString* separator) {
+                            const OptionalString* separator, bool isCall) {
     if (!needsWalk(text)) return output.write(text);
-    tokens_.assign(text);
-    ExprWalk(options().expr, options().directives, tokens_, frames_, output).run(separator);
+    Buffers& own = buffers();
+    own.tokens.assign(text, code_);
+    ++depth_;
+    ExprWalk(options().expr, options().directives, own.tokens, own.frames, output, code_).run(separator, isCall);
+    --depth_;
+}
+
+CppExprFormatter::Buffers& CppExprFormatter::buffers() {
+    if (depth_ == buffers_.size()) buffers_.emplace_back();
+    return buffers_[depth_];
 }
 
 } // namespace Norvane

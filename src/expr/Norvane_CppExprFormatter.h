@@ -5,6 +5,8 @@
 #include "src/expr/Norvane_ExprTokens.h"
 #include "src/expr/Norvane_ExprWalk.h"
 
+#include <cstddef>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -40,19 +42,33 @@ public:
     /// Lines up the assignment operators of consecutive lines. The first on each line counts.
     std::string alignAssignments(const std::string& text, const Zelmar::IndentStreamState& state);
 
+    /// What lays out the code in the texts to come; none if null. Not owned, and may lay out texts
+    /// by this object in its turn.
+    void setCode(ExprCode* code) { code_ = code; }
+
     /// Lays `text` out straight into `output`, as writing the result of format raw would, without
     /// the scratch text in between. The hot path: most of a source is expressions.
     void formatTo(std::string_view text, Zelmar::IndentWriter& output);
     void formatDeclarationTo(std::string_view text, Zelmar::IndentWriter& output,
                              const OptionalString& separator);
+    /// The same for the parentheses of a call whose name stands in front of them.
+    void formatCallTo(std::string_view text, Zelmar::IndentWriter& output, const OptionalString& separator);
 
 private:
-    void walk(std::string_view text, Zelmar::IndentWriter& output, const OptionalString* separator);
-    bool needsWalk(std::string_view text) const;
+    /// Empty of meaning between two calls.
+    struct Buffers {
+        ExprTokens tokens;
+        std::vector<ExprFrame> frames;
+    };
 
-    // Buffers, empty of meaning between two calls.
-    ExprTokens tokens_;
-    std::vector<ExprFrame> frames_;
+    void walk(std::string_view text, Zelmar::IndentWriter& output, const OptionalString* separator, bool isCall);
+    bool needsWalk(std::string_view text) const;
+    Buffers& buffers();
+
+    ExprCode* code_ = nullptr;
+    // One for each text that is being laid out: code in one text holds others.
+    std::deque<Buffers> buffers_;
+    std::size_t depth_ = 0;
 };
 
 } // namespace Norvane

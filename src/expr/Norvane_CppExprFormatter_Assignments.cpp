@@ -75,26 +75,27 @@ int padding(int maxColumn, int column, int indentWidth, int tabSize) {
 
 std::string CppExprFormatter::alignAssignments(const std::string& text,
                                                const Zelmar::IndentStreamState& state) {
-    tokens_.assign(text);
-    const std::vector<Line> lines = splitLines(tokens_);
+    ExprTokens& tokens = buffers().tokens;
+    tokens.assign(text);
+    const std::vector<Line> lines = splitLines(tokens);
     int maxColumn = 0;
-    for (const Line& line : lines) maxColumn = std::max(maxColumn, endColumn(tokens_, line));
+    for (const Line& line : lines) maxColumn = std::max(maxColumn, endColumn(tokens, line));
     if (maxColumn < 1) return text;
     maxColumn = Zelmar::roundUpToMultiple(maxColumn + 2, state.tabSize);
 
     Zelmar::IndentWriter output(state);
-    ExprCopier copier(tokens_, output);
+    ExprCopier copier(tokens, output);
     for (const Line& line : lines) {
         for (std::size_t i = line.firstToken; i < line.assignment; ++i) {
-            if (tokens_.kind(i) == Cpp::tkDirective) copier.copyDirective(i, options().directives);
+            if (tokens.kind(i) == Cpp::tkDirective) copier.copyDirective(i, options().directives);
         }
-        const bool isAligned = line.assignment < line.endToken && isBlank(tokens_.gap(line.assignment)) &&
+        const bool isAligned = line.assignment < line.endToken && isBlank(tokens.gap(line.assignment)) &&
                                line.assignment > line.firstToken;
         if (isAligned) {
-            copier.copyTo(tokens_.gapBegin(line.assignment));
+            copier.copyTo(tokens.gapBegin(line.assignment));
             const int count = padding(maxColumn, output.column(), output.indentWidth(), state.tabSize);
             output.writeRaw(std::string(static_cast<std::size_t>(count), ' '));
-            copier.skipTo(tokens_.begin(line.assignment));
+            copier.skipTo(tokens.begin(line.assignment));
             output.writeRaw(std::string_view(text).substr(copier.offset(), line.end - copier.offset()));
             copier.skipTo(line.end);
         } else {

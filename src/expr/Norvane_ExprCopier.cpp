@@ -18,6 +18,26 @@ int hangingColumn(const OptionalString& wsBefore, std::string_view hanging, int 
 }
 
 void ExprCopier::copyTo(std::size_t offset) {
+    const std::vector<ExprTokens::CodePlace>& places = tokens_.codePlaces();
+    while (nextCode_ < places.size() && places[nextCode_].offset < offset) takeCode(places[nextCode_++]);
+    copyTokens(offset);
+}
+
+/// Only behind the first character of a head its line has begun.
+void ExprCopier::takeCode(const ExprTokens::CodePlace& place) {
+    copyTokens(place.end == 0 ? place.offset + 1 : place.offset);
+    if (place.end == 0) return code_->noteHead(place.number);
+    code_->writeCode(place.number);
+    skipTo(place.end);
+}
+
+int ExprCopier::codeColumn(std::size_t index) const {
+    const auto& places = tokens_.codePlaces();
+    const bool isNext = nextCode_ < places.size() && places[nextCode_].offset == tokens_.begin(index);
+    return isNext ? code_->headColumn(places[nextCode_].number) : -1;
+}
+
+void ExprCopier::copyTokens(std::size_t offset) {
     const std::vector<std::size_t>& multiLine = tokens_.multiLineTokens();
     while (nextMultiLine_ < multiLine.size() && tokens_.begin(multiLine[nextMultiLine_]) < offset) {
         const std::size_t index = multiLine[nextMultiLine_];

@@ -33,8 +33,9 @@ int hangingColumn(const OptionalString& wsBefore, std::string_view hanging, int 
 /// front of its lines is a part of the program. The lines of a block comment move with its first.
 class ExprCopier {
 public:
-    ExprCopier(const ExprTokens& tokens, Zelmar::IndentWriter& output, bool keepsBreaks = false)
-        : tokens_(tokens), output_(output), keepsBreaks_(keepsBreaks) {}
+    /// `code`, which may be null, writes the code of the tokens as the copy comes to it.
+    ExprCopier(const ExprTokens& tokens, Zelmar::IndentWriter& output, bool keepsBreaks = false, ExprCode* code = nullptr)
+        : tokens_(tokens), output_(output), keepsBreaks_(keepsBreaks), code_(code) {}
 
     /// Copies up to `offset`; nothing if it has been passed.
     void copyTo(std::size_t offset);
@@ -63,6 +64,10 @@ public:
     /// Inside such braces the indent is not for others to change.
     bool keepsShape() const { return shape_.end > at_; }
 
+    /// The column of the line in which what the code at token `index` belongs to begins; below 0 if
+    /// that is the code itself.
+    int codeColumn(std::size_t index) const;
+
     /// Copies up to the gap in front of a directive, and the gap and the directive by their rules.
     void copyDirective(std::size_t index, const DirectivePlace& place);
     /// Copies up to the token, and the token with its further lines moved along with its first one.
@@ -78,6 +83,8 @@ private:
     };
 
     bool isSettled(std::size_t index, std::string_view ws) const;
+    void copyTokens(std::size_t offset);
+    void takeCode(const ExprTokens::CodePlace& place);
     int sourceColumn(std::size_t index) const;
     void copyAsItIs(std::size_t index, std::size_t offset);
     void copyPlain(std::size_t offset);
@@ -87,7 +94,9 @@ private:
     const ExprTokens& tokens_;
     Zelmar::IndentWriter& output_;
     bool keepsBreaks_ = false;
+    ExprCode* code_;
     std::size_t at_ = 0;
+    std::size_t nextCode_ = 0;
     std::size_t nextMultiLine_ = 0;
     Shape shape_;
 };

@@ -64,16 +64,55 @@ bool isLogical(int kind) {
 
 } // namespace
 
-void ExprTokens::assign(std::string_view text) {
+void ExprTokens::assign(std::string_view text, const ExprCode* code) {
     text_ = text;
     tokens_.clear();
     multiLineTokens_.clear();
-    Cpp::scanAll(text, tokens_);
+    codePlaces_.clear();
+    scan(code);
     kinds_.resize(tokens_.size());
     mates_.assign(tokens_.size(), kNone);
     classify();
     match();
     if (hasAngles_) matchAngles();
+}
+
+void ExprTokens::scan(const ExprCode* code) {
+    if (code == nullptr || text_.find('{') == std::string_view::npos) return Cpp::scanAll(text_, tokens_);
+    std::uint32_t begin = 0; // of what is scanned since the last code
+    Cpp::Scanner scanner(text_);
+    for (Cpp::RawToken token; scanner.next(token);) {
+        token.begin += begin;
+        token.end += begin;
+        tokens_.push_back(token);
+        if (token.type != Cpp::tkOpenBrace || !takeCode(token, *code)) continue;
+        begin = tokens_.back().end;
+        scanner = Cpp::Scanner(text_.substr(begin));
+    }
+    const auto isBefore = [](const CodePlace& a, const CodePlace& b) { return a.offset < b.offset; };
+    std::sort(codePlaces_.begin(), codePlaces_.end(), isBefore);
+}
+
+bool ExprTokens::takeCode(const Cpp::RawToken& brace, const ExprCode& code) {
+    const auto found = code.find(text_.data() + brace.begin);
+    if (!found || found->end > text_.data() + text_.size()) return false;
+    if (found->head >= text_.data() && found->head < text_.data() + brace.begin) {
+        codePlaces_.push_back({static_cast<std::size_t>(found->head - text_.data()), found->number, 0});
+    }
+    Cpp::RawToken close = brace;
+    close.type = Cpp::tkCloseBrace;
+    close.end = static_cast<std::uint32_t>(found->end - text_.data());
+    close.begin = close.end - 1;
+    codePlaces_.push_back({brace.begin, found->number, close.end});
+    tokens_.push_back(close);
+    return true;
+}
+
+bool ExprTokens::opensCode(std::size_t index) const {
+    if (codePlaces_.empty() || tokens_[index].type != Cpp::tkOpenBrace) return false;
+    const auto isBefore = [](const CodePlace& place, std::size_t offset) { return place.offset < offset; };
+    const auto found = std::lower_bound(codePlaces_.begin(), codePlaces_.end(), begin(index), isBefore);
+    return found != codePlaces_.end() && found->offset == begin(index);
 }
 
 bool ExprTokens::endsLine(std::size_t index) const {

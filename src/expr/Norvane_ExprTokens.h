@@ -3,6 +3,7 @@
 
 #include "cpp/Cpp_Scanner.h"
 #include "cpp/Cpp_Tokens.h"
+#include "src/expr/Norvane_ExprCode.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -40,7 +41,9 @@ class ExprTokens {
 public:
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
-    void assign(std::string_view text);
+    /// `code`, which may be null, tells which braces are not looked into: of these there are but the
+    /// two tokens, with all that they hold as the gap between them.
+    void assign(std::string_view text, const ExprCode* code = nullptr);
 
     std::string_view text() const { return text_; }
     std::size_t size() const { return tokens_.size(); }
@@ -67,6 +70,15 @@ public:
     bool endsLine(std::size_t index) const;
     /// The token spans lines.
     bool spansLines(std::size_t index) const { return token(index).find('\n') + 1 < token(index).size(); }
+    /// The token opens braces that are not looked into.
+    bool opensCode(std::size_t index) const;
+    /// Where code begins, and where what it belongs to begins, in the order of the text.
+    struct CodePlace {
+        std::size_t offset = 0;
+        std::size_t number = 0;
+        std::size_t end = 0; // 0 at the place of the head
+    };
+    const std::vector<CodePlace>& codePlaces() const { return codePlaces_; }
     /// The token is the ">" of a "<=>".
     bool endsSpaceship(std::size_t index) const;
     /// Literals, block comments and joined words that hold a line feed, in order.
@@ -78,6 +90,8 @@ private:
         int target; // the count that closes it
     };
 
+    void scan(const ExprCode* code);
+    bool takeCode(const Cpp::RawToken& brace, const ExprCode& code);
     void classify();
     bool maySpanLines(std::size_t index) const;
     void classifyAngle(std::size_t index);
@@ -94,6 +108,7 @@ private:
     std::vector<std::uint8_t> kinds_;
     std::vector<std::size_t> mates_;
     std::vector<std::size_t> multiLineTokens_;
+    std::vector<CodePlace> codePlaces_;
     // Only used while the mates are found; kept for their memory.
     std::vector<std::size_t> openParens_;
     std::vector<std::size_t> openBraces_;

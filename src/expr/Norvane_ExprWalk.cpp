@@ -57,11 +57,11 @@ bool closesOperands(int kind) {
 } // namespace
 
 ExprWalk::ExprWalk(const ExprOptions& options, const DirectivePlace& place, const ExprTokens& tokens,
-                   std::vector<ExprFrame>& frames, Zelmar::IndentWriter& output)
-    : options_(options), place_(place), tokens_(tokens), frames_(frames), output_(output),
-      copier_(tokens, output, options.keepsBreaks) {}
+                   std::vector<ExprFrame>& frames, Zelmar::IndentWriter& output, ExprCode* code)
+    : options_(options), place_(place), tokens_(tokens), frames_(frames), code_(code), output_(output),
+      copier_(tokens, output, options.keepsBreaks, code) {}
 
-void ExprWalk::run(const OptionalString* separator) {
+void ExprWalk::run(const OptionalString* separator, bool isCall) {
     frames_.clear();
     ExprFrame text;
     text.end = tokens_.size();
@@ -69,6 +69,7 @@ void ExprWalk::run(const OptionalString* separator) {
     text.declaration = separator != nullptr || (text.end > 0 && tokens_.kind(0) == Cpp::tkTemplate);
     text.separator = separator && separator->set ? separator : nullptr;
     frames_.push_back(text);
+    if (isCall) writeArguments();
     while (at_ < frame().end || frames_.size() > 1) {
         if (at_ < frame().end) {
             writeElement();
@@ -288,6 +289,7 @@ void ExprWalk::noteOperator(int kind) {
 
 /// A brace that no "=" precedes: the body of a lambda or a list of values.
 void ExprWalk::writeBlock() {
+    if (tokens_.opensCode(at_)) return writeCode();
     const std::size_t close = mateInFrame(at_);
     // Behind an operator the closing brace could be drawn up to the line before.
     if (close != ExprTokens::kNone && !output_.keepLeadingWs() && isStatementEnd(tokens_.kind(close - 1))) {
@@ -295,6 +297,17 @@ void ExprWalk::writeBlock() {
         copier_.copyTo(tokens_.end(at_));
         copier_.keepShapeUpTo(close);
     }
+    writeDefault();
+}
+
+/// Its brace stands at the line in which the closure begins, if it starts a line.
+void ExprWalk::writeCode() {
+    settle();
+    copier_.copyTo(tokens_.gapBegin(at_));
+    const int column = copier_.codeColumn(at_);
+    const bool ownsLine = !output_.keepLeadingWs() && !output_.shape().kept && hasLineFeed(tokens_.gap(at_));
+    if (ownsLine && column >= 0) startLineInColumn(at_, column);
+    ++at_;
     writeDefault();
 }
 

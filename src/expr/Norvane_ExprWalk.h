@@ -56,10 +56,11 @@ class ExprWalk {
 public:
     /// `frames` is only lent for its memory.
     ExprWalk(const ExprOptions& options, const DirectivePlace& place, const ExprTokens& tokens,
-             std::vector<ExprFrame>& frames, Zelmar::IndentWriter& output);
+             std::vector<ExprFrame>& frames, Zelmar::IndentWriter& output, ExprCode* code);
 
-    /// Walks the whole text. `separator` is null outside a declaration.
-    void run(const OptionalString* separator);
+    /// Walks the whole text. `separator` is null outside a declaration. With `isCall` the text begins
+    /// with the parentheses of a call, whose name stands in front of it.
+    void run(const OptionalString* separator, bool isCall = false);
 
 private:
     // Where a value goes: by the rules of the writer, exactly, or at the start of a line that
@@ -103,6 +104,7 @@ private:
     void writeOperand(std::size_t operand);
     void noteOperator(int kind);
     void writeBlock();
+    void writeCode();
     void joinStrings();
 
     // Commas.
@@ -125,6 +127,7 @@ private:
     void writeBehindParens(std::size_t open);
     bool isCast(std::size_t open, std::size_t close) const;
     void writeCall();
+    void writeArguments();
 
     // Templates and named casts.
     void writeAngle();
@@ -149,6 +152,7 @@ private:
     const DirectivePlace& place_;
     const ExprTokens& tokens_;
     std::vector<ExprFrame>& frames_;
+    ExprCode* code_;
     Zelmar::IndentWriter& output_;
     ExprCopier copier_;
     std::size_t at_ = 0;

@@ -185,7 +185,12 @@ bool ExprWalk::isCast(std::size_t open, std::size_t close) const {
 }
 
 void ExprWalk::writeCall() {
-    decide(++at_, options_.afterCallName);
+    ++at_;
+    writeArguments();
+}
+
+void ExprWalk::writeArguments() {
+    decide(at_, options_.afterCallName);
     openGroup(ExprGroup::kCall, options_.parens, options_.callArgs);
 }
 

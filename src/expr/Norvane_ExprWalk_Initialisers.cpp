@@ -21,7 +21,7 @@ void ExprWalk::writeAssignment() {
 bool ExprWalk::writeBraces(std::size_t assign) {
     std::size_t open = assign + 1;
     while (Cpp::isCommentOrDirective(kindAt(open))) ++open;
-    if (kindAt(open) != Cpp::tkOpenBrace) return false;
+    if (kindAt(open) != Cpp::tkOpenBrace || tokens_.opensCode(open)) return false;
     skipComments();
     decide(open, options_.beforeInitBrace);
     at_ = open;

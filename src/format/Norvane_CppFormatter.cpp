@@ -90,6 +90,7 @@ void CppFormatter::visit(Cpp::RootNode& node) {
         node.accept(calculator);
         initializerColumns_ = calculator.columns();
     }
+    takeCode(node);
     output_.reserve(source_.size() + source_.size() / 8);
     writeText(node);
     result_ = output_.takeText();

@@ -4,6 +4,7 @@
 #include "cpp/Cpp_Emitter.h"
 #include "cpp/Cpp_Nodes.h"
 #include "src/expr/Norvane_CppExprFormatter.h"
+#include "src/expr/Norvane_ExprCode.h"
 #include "src/scheme/Norvane_LayoutOptions.h"
 #include "src/scheme/Norvane_PropertySet.h"
 #include "streams/Zelmar_IndentWriter.h"
@@ -12,6 +13,7 @@
 #include <cstddef>
 #include <istream>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -39,7 +41,7 @@ namespace Norvane {
 /// which the construct starts.
 ///
 /// One object serves one source and one tree, which must belong to that source. Raises no error.
-class CppFormatter : public Cpp::Emitter {
+class CppFormatter : public Cpp::Emitter, private ExprCode {
 public:
     /// Formats under an empty scheme. Reads `source` to its end at once; `output` is not owned and
     /// must outlive the pass.
@@ -150,6 +152,14 @@ private:
         int line = 0;                               // of the output
     };
 
+    /// Code in an expression, by source offsets.
+    struct Code {
+        std::size_t head = 0;
+        std::size_t begin = 0;
+        std::size_t end = 0; // one past the closing brace
+        Cpp::BlockNode* block = nullptr;
+    };
+
     struct FnHead;
     struct DataLine;
 
@@ -159,6 +169,7 @@ private:
     class ShapeScope;
     class BaseScope;
     class PendingScope;
+    class CodeScope;
     class ChildScope;
 
     // The text: copying it, and the white space in it.
@@ -223,7 +234,9 @@ private:
     void copyLooseStatements(const Position& end);
     int sourceColumn(std::size_t offset);
     void beginRead();
-    bool keepsShape() const { return options_.keepShape && !sourceOwnsEdge(); }
+    /// In code within an expression a statement owns its shape whatever the scheme says.
+    bool ownsShape() const { return options_.keepShape || inCode_; }
+    bool keepsShape() const { return ownsShape() && !sourceOwnsEdge(); }
     int closeColumn() const;
     void writeCloseBraceOnLine(const Cpp::InteriorNode& node, int column);
 
@@ -328,6 +341,15 @@ private:
     void writeForClause(std::string_view clause, const OptionalString& wsBefore, bool isDeclaration);
     void formatCondition(int keyword, std::string_view text);
 
+    // Code in expressions.
+    void takeCode(const Cpp::RootNode& root);
+    std::optional<Extent> find(const char* brace) const override;
+    void noteHead(std::size_t number) override;
+    int headColumn(std::size_t number) const override;
+    void writeCode(std::size_t number) override;
+    const OptionalString& closureIndent() const;
+    Base codeBase();
+
     // Fixed at construction.
     SharedOptions sharedOptions_;
     const LayoutOptions& options_;
@@ -365,6 +387,7 @@ private:
     /// What was read up to last lies in a region, and the gap in front of it too.
     bool gapIsInRegion_ = false;
     bool inClassBody_ = false;
+    bool inCode_ = false;
     bool afterClassBody_ = false;
     bool afterCaseLabel_ = false;
     bool inElseIf_ = false;
@@ -379,8 +402,11 @@ private:
     std::vector<std::size_t> overlong_;
     bool isLastPass_ = false;
     LineNote lineNote_;
+    /// Where the heads of code stand, as far as they have been written.
+    std::vector<Base> codeBases_;
 
     // Filled at the root, only read afterwards.
+    std::vector<Code> code_; // in the order of the text
     std::vector<Region> regions_; // in the order of the text
     ColumnMap nameColumns_;
     ColumnMap initializerColumns_;

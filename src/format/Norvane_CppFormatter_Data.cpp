@@ -142,8 +142,7 @@ void CppFormatter::writeInitializer(const Cpp::DataDeclNode& node, const DataLin
     const std::string_view text = readThrough(init.end());
     const BaseScope scope(*this, line.column);
     const Edge edge(*this, options_.dataDoNotFormat ? noWs() : options_.indentDdContent);
-    // A name of one letter makes a call of it.
-    if (first == '(') return output_.writeRaw(formatBehind('f', text));
+    if (first == '(') return exprFormatter_.formatCallTo(text, output_, options_.wsAfterDdTypeId);
     exprFormatter_.formatDeclarationTo(text, output_, options_.wsAfterDdTypeId);
 }
 

@@ -67,13 +67,13 @@ public:
     explicit ShapeScope(CppFormatter& formatter)
         : formatter_(formatter), shape_(formatter.output_.shape()), start_(formatter.shapeStart_),
           open_(formatter.statementOpen_) {
-        if (!formatter_.options_.keepShape) return;
+        if (!formatter_.ownsShape()) return;
         formatter_.output_.setShape({});
         formatter_.shapeStart_ = std::string_view::npos;
         formatter_.statementOpen_ = false;
     }
     ~ShapeScope() {
-        if (!formatter_.options_.keepShape) return;
+        if (!formatter_.ownsShape()) return;
         formatter_.output_.setShape(shape_);
         formatter_.shapeStart_ = start_;
         formatter_.statementOpen_ = open_;

@@ -49,7 +49,7 @@ LooseStatement findLooseStatement(std::string_view gap) {
 // goes on with the statement in front, behind a directive or as the lines of a message map, keeps its
 // distance from that one. Labels have columns of their own.
 void CppFormatter::beginChild(const Cpp::SyntaxNode& child) {
-    if (!options_.keepShape) return;
+    if (!ownsShape()) return;
     copyLooseStatements(child.start());
     const bool isLabel = dynamic_cast<const Cpp::CaseNode*>(&child) != nullptr ||
                          dynamic_cast<const Cpp::AccessSpecNode*>(&child) != nullptr;
@@ -57,12 +57,12 @@ void CppFormatter::beginChild(const Cpp::SyntaxNode& child) {
 }
 
 void CppFormatter::endChild(const Cpp::SyntaxNode& child) {
-    if (!options_.keepShape || isNote(child) || input_.offset() == 0) return;
+    if (!ownsShape() || isNote(child) || input_.offset() == 0) return;
     statementOpen_ = !endsStatement(sourceText().substr(0, input_.offset()));
 }
 
 void CppFormatter::armShape(const Cpp::SyntaxNode& node) {
-    if (!options_.keepShape) return;
+    if (!ownsShape()) return;
     output_.setShape({});
     shapeStart_ = source_.offsetOf(node.start());
 }
@@ -93,7 +93,7 @@ void CppFormatter::copyLooseStatements(const Position& end) {
 
 // Behind the last child of a list.
 void CppFormatter::endShapes(const Position& end, const OptionalString& indent) {
-    if (!options_.keepShape) return;
+    if (!ownsShape()) return;
     const Edge edge(*this, indent);
     copyLooseStatements(end);
     output_.setShape({});
@@ -102,7 +102,7 @@ void CppFormatter::endShapes(const Position& end, const OptionalString& indent) 
 
 // A body can begin with a statement that has no node.
 bool CppFormatter::writeLooseStart(const Position& first, const BodyStyle& style) {
-    if (!options_.keepShape) return false;
+    if (!ownsShape()) return false;
     const std::string_view gap = input_.peekUpTo(first);
     if (isBlank(gap)) return false;
     const LooseStatement found = findLooseStatement(gap);
@@ -158,7 +158,7 @@ int CppFormatter::closeColumn() const {
 // A comment that ends the line of the opening brace speaks of what stands in front of it.
 bool CppFormatter::isHeadNote(const Cpp::InteriorNode& body) const {
     const Cpp::SyntaxNode& first = *body.child(0);
-    if (!options_.keepShape || sourceChar(first.start()) != '/' || first.start().line != body.start().line) return false;
+    if (!ownsShape() || sourceChar(first.start()) != '/' || first.start().line != body.start().line) return false;
     if (isLineComment(first)) return true;
     const std::string_view behind = sourceFrom(first.end()).substr(1);
     return isBlank(behind.substr(0, behind.find('\n')));

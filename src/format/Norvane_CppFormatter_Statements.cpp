@@ -83,7 +83,7 @@ void CppFormatter::writeBlockOnNewLine(const Cpp::BlockNode& node) {
 // A block has the indentation of the line on which it opens.
 CppFormatter::Base CppFormatter::lineBase() {
     Base base = baseHere();
-    base.column = options_.keepShape ? output_.lineIndent() : output_.indentWidth();
+    base.column = ownsShape() ? output_.lineIndent() : output_.indentWidth();
     if (base.ofSource) {
         const std::string_view indent = output_.text().substr(base.lineBegin, base.indentSize);
         base.column = Zelmar::textColumn(indent, 0, output_.tabSize());
@@ -219,11 +219,17 @@ void CppFormatter::writeInParens(int keyword, std::string_view inner, const Base
     const OptionalString& close = staysBroken(inner, options_.wsBeforeCsCloseParen.value) ? noWs() : options_.wsBeforeCsCloseParen;
     if (keyword == Cpp::tkFor && writeForClauses(inner, paren)) return;
     if (!open.set && !close.set) return formatCondition(keyword, inner);
-    std::string text(inner);
-    if (open.set) replaceGapStart(text, open.value);
-    if (close.set) replaceGapEnd(text, close.value);
     const Edge edge(*this, baseIndent(paren), false);
+    if (isBlank(inner) || startsInLineComment(inner) || endsInLineComment(inner)) {
+        std::string text(inner);
+        if (open.set) replaceGapStart(text, open.value);
+        if (close.set) replaceGapEnd(text, close.value);
+        return formatCondition(keyword, text);
+    }
+    const std::string_view text = trimmedBoth(inner);
+    output_.write(open.set ? std::string_view(open.value) : front);
     formatCondition(keyword, text);
+    output_.write(close.set ? std::string_view(close.value) : inner.substr(front.size() + text.size()));
 }
 
 // Only the first clause of a "for" can declare anything: in the others "*" and "&" are operators.

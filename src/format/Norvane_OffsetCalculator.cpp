@@ -45,6 +45,7 @@ void OffsetCalculator::visit(Cpp::EnumDeclNode&) { flushGroup(); }
 void OffsetCalculator::visit(Cpp::RootNode& node) {
     walkChildren(node);
     flushGroup();
+    for (Cpp::CodeInExpression& code : node.code()) flushAndEnter(code.block.get());
 }
 
 void OffsetCalculator::visit(Cpp::ClassBodyNode& node) {

@@ -116,6 +116,7 @@ void CppLineWrapper::visitChildren(Cpp::InteriorNode& node) {
 }
 
 void CppLineWrapper::visit(Cpp::RootNode& node) {
+    code_ = node.code();
     if (overMargin(node)) {
         output_.setIndent(rules().leftMargin.value);
         output_.setKeepLeadingWs(!rules().leftMargin.set);
@@ -143,6 +144,7 @@ void CppLineWrapper::writeBody(Cpp::InteriorNode& body, const OptionalString& in
 void CppLineWrapper::visit(Cpp::ExprNode& node) {
     copyUpTo(node.start());
     if (!overMargin(node)) return copyNode(node);
+    if (wrapCodeIn(node)) return;
     const std::string text(reader_.readThrough(node.end()));
     const auto wrap = [this](const std::string& joined) {
         return exprWrapper_.wrap(joined, state(), false, false, follower());

@@ -16,6 +16,7 @@
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -141,6 +142,10 @@ private:
     std::string wrapBracedInitializer(const std::string& text, std::string_view open, std::string_view close,
                                       const std::optional<std::string>& rows);
     std::string layOutInitializer(const std::string& text);
+    std::vector<const Cpp::CodeInExpression*> codeIn(const Cpp::SyntaxNode& node) const;
+    bool isOverInCode(const Cpp::SyntaxNode& node, const std::vector<const Cpp::CodeInExpression*>& codes) const;
+    int indentOfLine(std::uint32_t line) const;
+    bool wrapCodeIn(const Cpp::SyntaxNode& node);
     void visitElseIf(Cpp::BlockNode& block);
     void wrapCondition(const Cpp::ExprNode& condition, bool hasParts);
     std::string layOutCondition(const std::string& text, bool hasParts);
@@ -157,6 +162,7 @@ private:
     CppExprLineWrapper exprWrapper_;
     // Made once, then only read: the numbers of the lines beyond the margin, in order.
     std::vector<std::uint32_t> overLines_;
+    std::span<const Cpp::CodeInExpression> code_; // of the tree being visited
 
     // Changing from visit to visit. The top is the column of the construct being copied.
     std::vector<int> indentColumns_;

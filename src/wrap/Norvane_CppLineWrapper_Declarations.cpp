@@ -152,6 +152,7 @@ void CppLineWrapper::visit(Cpp::FunctionPtrDeclNode& node) {
 }
 
 void CppLineWrapper::visit(Cpp::InitializerListNode& node) {
+    if (wrapCodeIn(node)) return;
     wrapCommaList(node, rules().initializers, continuationIndent(), endOfHead(node.end()));
 }
 
@@ -218,6 +219,7 @@ std::string CppLineWrapper::joinElements(const std::string& text, const std::str
 
 void CppLineWrapper::visit(Cpp::DataDeclNode& node) {
     if (!overMargin(node) || node.init() == nullptr) return copyNode(node);
+    if (wrapCodeIn(node)) return;
     const int column = copyUpToStart(node);
     copyUpTo(node.init()->start());
     if (overMargin(*node.init())) {
@@ -253,7 +255,8 @@ std::string CppLineWrapper::wrapInitializer(const std::string& text, const std::
     const WrapText tokens(text);
     std::size_t first = 0;
     while (first < tokens.size() && !startsBracket(tokens.kind(first))) ++first;
-    const bool isBraced = tokens.kind(first) == Cpp::tkOpenBrace && tokens.mate(first) != WrapText::npos;
+    const bool isBraced = tokens.kind(first) == Cpp::tkOpenBrace && tokens.mate(first) != WrapText::npos &&
+                          !tokens.inCode(first + 1);
     if (!isBraced) return exprWrapper_.wrap(text, state(), false, false, follower());
     return wrapBracedInitializer(text, tokens.token(first), tokens.token(tokens.mate(first)), rows);
 }

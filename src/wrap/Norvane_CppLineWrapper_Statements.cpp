@@ -57,6 +57,7 @@ void CppLineWrapper::visitElseIf(Cpp::BlockNode& block) {
 
 void CppLineWrapper::visit(Cpp::CtrlSubStmtHeadNode& node) {
     if (!overMargin(node)) return copyNode(node);
+    if (wrapCodeIn(node)) return;
     if (node.keyword() != nullptr) copyNode(*node.keyword());
     const bool isFor = node.keyword() != nullptr && node.keyword()->keyword() == Cpp::tkFor;
     if (node.condition() != nullptr && overMargin(*node.condition())) wrapCondition(*node.condition(), isFor);

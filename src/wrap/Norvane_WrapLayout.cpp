@@ -215,6 +215,7 @@ bool isSecondHalf(int before, int kind) {
 // become code.
 bool WrapLayout::mayBreakBefore(std::size_t index) const {
     if (index == 0 || index >= text_.size() || text_.kind(index) == tkDirective) return false;
+    if (text_.inCode(index)) return false;
     if (text_.kind(index - 1) == tkDirective) return endsLine(text_.token(index - 1));
     return !isSecondHalf(text_.kind(index - 1), text_.kind(index)) || !text_.gap(index).empty();
 }

@@ -66,6 +66,9 @@ void WrapText::Matcher::take(std::uint32_t index) {
         if (closeAngle(index)) closeAngle(index);
         break;
     case tkSemicolon:
+        dropAngles(false);
+        if (!open_.empty()) open_.back().isCode = open_.back().kind == tkOpenBrace;
+        break;
     case tkLogicalAnd:
     case tkLogicalOr: dropAngles(false); break;
     default: break;
@@ -85,6 +88,7 @@ void WrapText::Matcher::close(std::uint32_t index, int kind) {
     dropAngles(true);
     if (open_.empty() || open_.back().kind != openerOf(kind)) return;
     const std::uint32_t opener = open_.back().index;
+    text_.tokens_[opener].code = open_.back().isCode;
     open_.pop_back();
     pair(opener, index);
     if (kind == tkCloseParen && squares_ == 0) text_.parens_.add(opener, parens_);
@@ -155,8 +159,19 @@ void WrapText::matchBrackets() {
         matcher.take(i);
     }
     tokens_.back().lastParen = lastParen;
+    markCode();
     parens_.sort();
     braces_.sort();
+}
+
+/// So far the mark stands at the braces alone.
+void WrapText::markCode() {
+    std::uint32_t end = 0;
+    for (std::uint32_t i = 0; i < tokens_.size(); ++i) {
+        const bool opens = tokens_[i].code;
+        tokens_[i].code = i < end;
+        if (opens && i >= end) end = tokens_[i].mate + 1;
+    }
 }
 
 int WrapText::endKind() {

@@ -41,6 +41,8 @@ public:
     /// The Cpp::TokenType of a token; tkEnd at size().
     int kind(std::size_t index) const { return index < size() ? tokens_[index].kind : endKind(); }
     bool isJunk(std::size_t index) const { return tokens_[index].junk; }
+    /// The token stands behind the "{" of braces that hold statements, up to and with the "}".
+    bool inCode(std::size_t index) const { return tokens_[index].code; }
     std::string_view token(std::size_t index) const;
     /// The white space in front of a token.
     std::string_view gap(std::size_t index) const;
@@ -71,6 +73,7 @@ private:
         std::uint32_t lastParen = kNone;
         std::uint8_t kind = 0;
         bool junk = false;
+        bool code = false;
     };
     /// Brackets sorted by their depth, and where each depth starts in the list.
     class Depths {
@@ -89,6 +92,7 @@ private:
         std::uint32_t index;
         int kind;
         bool isCast;
+        bool isCode = false;
     };
     class Matcher;
 
@@ -96,6 +100,7 @@ private:
     static int endKind();
     void split();
     void matchBrackets();
+    void markCode();
     void addJunk(std::size_t begin, std::size_t end);
     void addToken(std::size_t begin, std::size_t end, std::uint8_t kind, bool junk);
 
