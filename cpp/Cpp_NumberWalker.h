@@ -30,8 +30,13 @@ private:
     bool takeAt(std::size_t next) {
         if (next >= text_.size()) return false;
         const char c = text_[next];
-        if (c == '\'') next = Chars::behindSplices(text_, next + 1);
-        const bool taken = c == '+' || c == '-' ? endsInExponent() : next < text_.size() && isPlain(text_[next]);
+        bool taken = isPlain(c);
+        if (c == '\'') {
+            next = Chars::behindSplices(text_, next + 1);
+            taken = next < text_.size() && Chars::kWordChars[Chars::index(text_[next])];
+        } else if (c == '+' || c == '-') {
+            taken = endsInExponent();
+        }
         if (taken) at_ = next + 1;
         return taken;
     }

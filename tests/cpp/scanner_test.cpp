@@ -89,8 +89,9 @@ const ScanCase kNumbers[] = {
      "<number>[1.\\u00e4]"},
     {"SignBehindAnExponent", "1e-2-3 0xe-1 1p+2 1f-2",
      "<number>[1e-2] - <number>[3] <number>[0xe-1] <number>[1p+2] <number>[1f] - <number>[2]"},
-    {"DigitSeparators", "1'000'000 0xFF'ff 0b1'0 0b0111'1111 1''",
-     "<number>[1'000'000] <number>[0xFF'ff] <number>[0b1'0] <number>[0b0111'1111] <number>[1] <invalid>['']"},
+    {"DigitSeparators", "1'000'000 0xFF'ff 0b1'0 0b0111'1111 0'.' 1''",
+     "<number>[1'000'000] <number>[0xFF'ff] <number>[0b1'0] <number>[0b0111'1111] <number>[0] "
+     "<character>['.'] <number>[1] <invalid>['']"},
     {"AtTheEndOfTheText", "x12 12", "<identifier>[x12] <number>[12]"},
 };
 INSTANTIATE_TEST_SUITE_P(Numbers, Scan, testing::ValuesIn(kNumbers), rowName);
