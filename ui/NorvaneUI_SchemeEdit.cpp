@@ -35,6 +35,13 @@ std::string SchemeEdit::take(Steps& from, Steps& to) {
     return step.option;
 }
 
+OptionValue SchemeEdit::untickedValue(std::string_view option) const {
+    const auto shelf = shelves_.find(kUnticked);
+    if (shelf == shelves_.end()) return {};
+    const auto value = shelf->second.find(option);
+    return value == shelf->second.end() ? OptionValue() : value->second;
+}
+
 std::string SchemeEdit::undo() { return take(undo_, redo_); }
 
 std::string SchemeEdit::redo() { return take(redo_, undo_); }

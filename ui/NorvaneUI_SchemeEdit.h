@@ -53,6 +53,8 @@ public:
     void rename(const std::string& name);
 
     const Shelves& shelves() const { return shelves_; }
+    /// What the option said when it was unticked last; nothing if it never was.
+    OptionValue untickedValue(std::string_view option) const;
 
 private:
     struct Step {

@@ -255,9 +255,7 @@ void StylesBasePage::setFirstValue(std::string_view option) {
     Field* field = editable(option);
     if (field == nullptr || field->set) return;
     typed_.erase(field->option);
-    const auto unticked = edit_->shelves().find(SchemeEdit::kUnticked);
-    const bool isKept = unticked != edit_->shelves().end() && unticked->second.count(option) != 0;
-    const OptionValue last = isKept ? unticked->second.find(option)->second : OptionValue();
+    const OptionValue last = edit_->untickedValue(option);
     enter(*field, std::holds_alternative<std::monostate>(last) ? firstValue(*field) : last);
 }
 

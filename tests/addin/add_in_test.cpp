@@ -99,6 +99,25 @@ TEST_F(Connected, ConvertsOldSchemesAndUsesThem) {
     EXPECT_FALSE(wrap);
 }
 
+TEST_F(Connected, SchemesOfTheProgramCanBeChosenAndStandBehindThoseOfTheUser) {
+    Norvane::PropertySet plain("Plain");
+    Norvane::PropertySet mine("Mine");
+    plain.setInt("TAB_SIZE", 3);
+    mine.setInt("TAB_SIZE", 3);
+    addIn.setShippedSchemes({plain, mine});
+    setSettings("OnFormat=Plain\nOnOpen=Mine\n");
+    connect();
+    ASSERT_TRUE(addIn.options().onFormat.scheme && addIn.options().onOpen.scheme);
+    EXPECT_TRUE(NorvaneUI::isSameScheme(*addIn.options().onFormat.scheme, plain));
+    EXPECT_FALSE(NorvaneUI::isSameScheme(*addIn.options().onOpen.scheme, mine));
+    host.onOptions = [](Addin::AddInOptions& edited, NorvaneUI::PropertySetStore&) {
+        EXPECT_EQ(edited.onFormat.name, "Plain");
+        return true;
+    };
+    addIn.ShowKLOptions();
+    EXPECT_TRUE(addIn.options().onFormat.scheme);
+}
+
 TEST_F(Connected, NamesOldSchemesThatAreReadOnly) {
     disk.putReadOnly("/s/Old.kls", "Norvane::PropertySet\n1\n\"Old\"\n2 SPACES_PER_TAB 4\n");
     connect();
