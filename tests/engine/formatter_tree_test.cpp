@@ -112,6 +112,18 @@ TEST(FormatterTree, NodesWithNothingInThemWriteNothing) {
               "a;\n");
 }
 
+// The edges of these nodes lie within a word.
+TEST(FormatterTree, NoWhiteSpaceTearsAWordApart) {
+    const Text text("void l\xC3\xA4ngste$(int);");
+    auto* head = new Cpp::FunctionHeadNode(text.leaf<Cpp::FunctionReturnNode>("void l\xC3"), text.leaf<Cpp::IdNode>("\xA4ng"),
+                                           text.brackets<Cpp::ParameterListNode>("(", ")"), nullptr, nullptr, nullptr);
+    Cpp::RootNode root;
+    root.add(new Cpp::FunctionDeclNode(head, nullptr));
+    const PropertySet set = scheme({{"WS_AFTER_FN_DECL_RETURN_TYPE", "\n"}, {"WS_AFTER_FN_NAME", "  "}});
+    const std::string result = text.format(root, set);
+    EXPECT_NE(result.find("l\xC3\xA4ngste$"), std::string::npos) << result;
+}
+
 // A comment inside a parameter is a child in front of it. The value for the open parenthesis must
 // not land behind the parameter that holds the comment.
 TEST(FormatterTree, CommentInsideAParameterStaysThere) {
