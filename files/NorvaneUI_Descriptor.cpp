@@ -104,15 +104,20 @@ FileStatus statusOf(const std::string& path) {
     struct stat found {};
     if (::stat(path.c_str(), &found) != 0) {
         // A link that leads to itself leads nowhere, like one whose target is gone.
-        if (errno == ENOENT || errno == ENOTDIR || errno == ELOOP) return {};
-        throw systemFailure(errno);
+        if (errno != ENOENT && errno != ENOTDIR && errno != ELOOP) throw systemFailure(errno);
+        FileStatus missing;
+        missing.leadsNowhere = ::lstat(path.c_str(), &found) == 0;
+        return missing;
     }
     FileStatus status = toStatus(found);
     // A question to the system rather than an open: an open for writing, even of a file that is
     // left alone, wakes the programs that watch files and start a run on each change.
-    const auto may = [&](int how) { return ::faccessat(AT_FDCWD, path.c_str(), how, AT_EACCESS) == 0; };
-    status.readable = (status.mode & 0444) != 0 && may(R_OK);
-    status.writable = (status.mode & 0222) != 0 && may(W_OK);
+    const std::uint32_t counting = ::geteuid() == 0 ? S_IRWXU : S_IRWXU | S_IRWXG | S_IRWXO;
+    const auto may = [&](std::uint32_t bits, int how) {
+        return (status.mode & counting & bits) != 0 && ::faccessat(AT_FDCWD, path.c_str(), how, AT_EACCESS) == 0;
+    };
+    status.readable = may(0444, R_OK);
+    status.writable = may(0222, W_OK);
     return status;
 }
 

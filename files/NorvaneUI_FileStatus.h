@@ -19,8 +19,11 @@ struct FileStatus {
     std::int64_t changed = 0;
     /// How many names the file has.
     std::uint64_t links = 1;
-    /// The permission bits let somebody do it, and the system lets this process do it. The bits
-    /// count on their own because the system lets root write to a file that is marked read-only.
+    /// Of a missing file: a link is there, and what it leads to is not.
+    bool leadsNowhere = false;
+    /// The permission bits let somebody do it, and the system lets this process do it. Root, whom the
+    /// system lets do everything, may do what the bits let the owner do: a file that is marked
+    /// read-only stays as it is for everybody.
     bool readable = false;
     bool writable = false;
 

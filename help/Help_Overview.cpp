@@ -75,8 +75,8 @@ void appendSettings(Document& document) {
         {"`OnOpen`", "The scheme to apply when a document opens; none leaves it alone"},
         {"`OnClose`", "The scheme to apply before a document closes; none leaves it alone"},
         {"`FileExtensions`", "What counts as C or C++: `c,cc,cpp,cxx,h,hh,hpp,hxx` unless set"},
-        {"`CreateBackups`", "Keep a copy of a file before it is written; unless set, on in editors and off "
-                            "on the command line"},
+        {"`CreateBackups`", "An editor keeps a copy of a file before it is written; on unless set. The command "
+                            "line does so with `--backup` alone"},
         {"`BackupExtension`", "The extension of such a copy"},
         {"`PromptUnsaved`", "Ask before an unsaved document is formatted; on unless set"},
         {"`MessagesThreshold`", "The least message that is shown: `0` none, `1` information, `2` warnings, "

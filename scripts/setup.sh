@@ -1,11 +1,18 @@
 #!/usr/bin/env bash
-# Installs what is missing to build Kerfline on Debian: scripts/setup.sh [--windows]
-# The windows of the options, with Qt, are built only with --windows, or where Qt is already.
+# Installs what is missing to build Kerfline on Debian: scripts/setup.sh [--windows] [--editors]
+# The windows of the options, with Qt, are built only with --windows, or where Qt is already. The editors
+# are for the tests of their recipes, which are skipped without them.
 # docs/dependencies.md has the reason for each package.
 set -euo pipefail
 
 packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libgtest-dev libbenchmark-dev)
-[ "${1:-}" = --windows ] && packages+=(qt6-base-dev fonts-dejavu-core)
+for choice in "$@"; do
+    case $choice in
+    --windows) packages+=(qt6-base-dev fonts-dejavu-core) ;;
+    --editors) packages+=(vim emacs-nox) ;;
+    *) echo "setup.sh knows --windows and --editors, and no $choice" >&2; exit 2 ;;
+    esac
+done
 
 missing=()
 for package in "${packages[@]}"; do

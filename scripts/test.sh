@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 preset=${1:-debug}
 
-scripts/setup.sh --windows
+scripts/setup.sh --windows --editors
 # The benchmark is built where its numbers would mean something, so that it keeps up with the code.
 bench=OFF
 [ "$preset" != release ] || bench=ON

@@ -14,13 +14,24 @@ std::atomic<int>& noted() {
     return signal;
 }
 
-extern "C" void noteSignal(int signal) { noted() = signal; }
+/// How many threads wait.
+std::atomic<int>& waiting() {
+    static std::atomic<int> count = 0;
+    return count;
+}
+
+extern "C" void noteSignal(int signal) {
+    noted() = signal;
+    // The signal has its usual effect again, and comes when this function returns.
+    if (waiting() > 0) std::raise(signal);
+}
 
 } // namespace
 
 InterruptGuard::InterruptGuard() {
     // The first use of a local static takes a lock, which a signal handler must not wait for.
     noted() = 0;
+    waiting();
     struct sigaction action {};
     action.sa_handler = noteSignal;
     // Reading and writing go on, and the second signal has its usual effect.
@@ -37,6 +48,14 @@ InterruptGuard::~InterruptGuard() {
 }
 
 int InterruptGuard::signal() { return noted(); }
+
+InterruptibleWait::InterruptibleWait() {
+    ++waiting();
+    // A signal that came a moment ago was only noted.
+    endIfInterrupted();
+}
+
+InterruptibleWait::~InterruptibleWait() { --waiting(); }
 
 void endIfInterrupted() {
     const int signal = InterruptGuard::signal();

@@ -23,6 +23,17 @@ private:
     struct sigaction before_[3];
 };
 
+/// While one of these is alive, a thread waits for somebody who may never come, at the other end of a
+/// pipe: a signal then ends the process at once, whatever guards there are. Not for a thread beside
+/// which files are written.
+class InterruptibleWait {
+public:
+    InterruptibleWait();
+    InterruptibleWait(const InterruptibleWait&) = delete;
+    InterruptibleWait& operator=(const InterruptibleWait&) = delete;
+    ~InterruptibleWait();
+};
+
 /// Ends the process by the signal that was noted, so that a shell sees what happened and stops its
 /// own loop. Does nothing if there was none.
 void endIfInterrupted();

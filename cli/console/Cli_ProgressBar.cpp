@@ -1,23 +1,9 @@
 #include "cli/console/Cli_ProgressBar.h"
 
+#include "cli/console/Cli_Printable.h"
 #include "cli/console/Cli_Streams.h"
 
-#include <algorithm>
-
 namespace Cli {
-
-namespace {
-
-/// One column for each byte at most: what a terminal would take as a command is left out.
-std::string printable(const std::string& path) {
-    std::string text = path;
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; },
-        '?');
-    return text;
-}
-
-} // namespace
 
 ProgressBar::ProgressBar(std::ostream& out, std::size_t total, bool isShown)
     : out_(out), total_(total), isShown_(isShown) {}

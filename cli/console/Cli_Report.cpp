@@ -1,32 +1,17 @@
 #include "cli/console/Cli_Report.h"
 
+#include "cli/console/Cli_Printable.h"
+
 #include <nlohmann/json.hpp>
 
 #include <cerrno>
 #include <iterator>
 #include <system_error>
+#include <utility>
 
 namespace Cli {
 
 namespace {
-
-void appendPrintable(std::string& line, std::string_view text) {
-    constexpr std::string_view digits = "0123456789abcdef";
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (c == '\n') {
-            line += "\\n";
-        } else if (c == '\t') {
-            line += "\\t";
-        } else if (byte < 0x20 || byte == 0x7f) {
-            line += "\\x";
-            line += digits[byte >> 4];
-            line += digits[byte & 0xf];
-        } else {
-            line += c;
-        }
-    }
-}
 
 std::string_view colorOf(std::string_view severity) {
     if (severity == "error") return "\x1b[1;31m";
@@ -57,11 +42,11 @@ std::string jsonLine(const Place& place, std::string_view severity, std::string_
 
 std::string msvcLine(const Place& place, std::string_view severity, std::string_view text) {
     std::string line;
-    appendPrintable(line, place.path);
+    line += printable(place.path);
     if (place.line != 0) line += '(' + std::to_string(place.line) + ')';
     line.append(" : ").append(severity == "note" ? "information" : severity).append(": ");
     if (place.line != 0) line += "col " + std::to_string(place.column) + ": ";
-    appendPrintable(line, text);
+    line += printable(text);
     return line;
 }
 
@@ -72,11 +57,11 @@ std::string messageLine(const Place& place, std::string_view severity, std::stri
     if (style.format == MessageFormat::json) return jsonLine(place, severity, text);
     if (style.format == MessageFormat::msvc) return msvcLine(place, severity, text);
     std::string line;
-    appendPrintable(line, place.path);
+    line += printable(place.path);
     if (place.line != 0) line += ':' + std::to_string(place.line) + ':' + std::to_string(place.column);
     line += ": ";
     appendSeverity(line, severity, style);
-    appendPrintable(line, text);
+    line += printable(text);
     return line;
 }
 
@@ -84,7 +69,7 @@ std::string programLine(std::string_view severity, std::string_view text, const 
     if (style.format == MessageFormat::json) return dumped({{"severity", severity}, {"text", text}});
     std::string line = "kerfline: ";
     appendSeverity(line, severity, style);
-    appendPrintable(line, text);
+    line += printable(text);
     return line;
 }
 
@@ -121,7 +106,10 @@ void Report::merge(Report&& other) {
 }
 
 void Report::flush(std::ostream& out) {
-    for (const std::string& line : lines_) out << line << '\n';
+    for (std::string& line : lines_) {
+        const auto [place, isNew] = written_.insert(std::move(line));
+        if (isNew) out << *place << '\n';
+    }
     out.flush();
     lines_.clear();
 }

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <ostream>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,12 +59,14 @@ public:
     bool isEmpty() const { return lines_.empty(); }
     const MessageStyle& style() const { return style_; }
     ExitStatus status() const { return status_; }
-    /// Writes all messages, one a line, and forgets them.
+    /// Writes all messages, one a line, and forgets them. One that has been written is not repeated: a
+    /// file that is named twice has its errors once.
     void flush(std::ostream& out);
 
 private:
     MessageStyle style_;
     std::vector<std::string> lines_;
+    std::set<std::string> written_;
     ExitStatus status_ = ExitStatus::done;
 };
 

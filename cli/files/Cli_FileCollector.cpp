@@ -8,6 +8,7 @@
 #include "files/NorvaneUI_Text.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <istream>
 #include <system_error>
@@ -116,6 +117,7 @@ void FileCollector::addList(const std::string& path) {
             std::ifstream file = openFile(path);
             list = readSource(file);
         }
+        if (!list.complete) throw std::system_error(EFBIG, std::generic_category());
         for (const std::string& entry : pathsOf(list.bytes)) addListed(entry);
     } catch (const std::system_error& error) {
         report_.error({path}, error.code().message(), ExitStatus::fileFailed);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <new>
 #include <system_error>
 
 namespace Cli {
@@ -11,6 +12,16 @@ namespace {
 
 [[noreturn]] void failWithReason() {
     throw std::system_error(errno != 0 ? errno : EIO, std::generic_category());
+}
+
+/// False, and nothing is lost, if there is not enough memory.
+bool grow(std::string& bytes, std::size_t size) {
+    try {
+        bytes.resize(size);
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 } // namespace
@@ -32,13 +43,16 @@ ReadResult readSource(std::istream& in, std::size_t limit) {
     std::size_t size = 0;
     while (in && size < limit) {
         const std::size_t wanted = std::min(std::max(chunk, size), limit - size);
-        result.bytes.resize(size + wanted);
+        if (!grow(result.bytes, size + wanted)) {
+            result.outOfMemory = true;
+            break;
+        }
         in.read(result.bytes.data() + size, static_cast<std::streamsize>(wanted));
         size += static_cast<std::size_t>(in.gcount());
     }
     if (in.bad()) failWithReason();
     result.bytes.resize(size);
-    result.complete = !in || in.peek() == std::istream::traits_type::eof();
+    result.complete = !result.outOfMemory && (!in || in.peek() == std::istream::traits_type::eof());
     return result;
 }
 

@@ -13,8 +13,10 @@ inline constexpr std::size_t kLargestSource = 0xffff0000;
 
 struct ReadResult {
     std::string bytes;
-    /// False if the source is longer than the limit; what is not in `bytes` is still in the stream.
+    /// False if the source is longer than the limit, or than the memory; what is not in `bytes` is
+    /// still in the stream.
     bool complete = true;
+    bool outOfMemory = false;
 };
 
 /// Opens a file to be read. Throws std::system_error with the system's reason, also for a folder.

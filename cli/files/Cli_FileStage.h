@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Cli {
@@ -25,6 +26,8 @@ public:
 
     /// The bytes that were read; empty if that was not come to.
     const std::string& source() const { return source_; }
+    /// The same, without the memory of a copy. The stage is done with then.
+    std::string takeSource() { return std::move(source_); }
     /// The bytes that were to be written, in a rehearsal.
     const std::optional<std::string>& result() const { return result_; }
     /// The words of the system for the last failure.

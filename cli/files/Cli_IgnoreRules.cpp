@@ -38,7 +38,7 @@ const IgnoreRules::Folder& IgnoreRules::folder(const std::string& path) {
         if (!at->empty()) {
             made.nearest = folders_.find(folderOf(*at))->second.nearest;
             if (*at != "/") made.reason = decide(*at, true);
-            readFile(*at, made);
+            if (!made.reason) readFile(*at, made);
             if (made.hasFile) made.nearest = *at;
         }
         folders_.emplace(*at, std::move(made));
@@ -49,10 +49,12 @@ const IgnoreRules::Folder& IgnoreRules::folder(const std::string& path) {
 void IgnoreRules::readFile(const std::string& path, Folder& folder) {
     const std::string file = joined(path, kIgnoreFile);
     const auto status = files_.status(file);
-    if (!status || status->kind != NorvaneUI::FileKind::regular) return;
+    if (!status || (status->kind == NorvaneUI::FileKind::missing && !status->leadsNowhere)) return;
     const auto text = files_.read(file);
     if (!text) {
-        report_.error({file}, text.failure().text, ExitStatus::fileFailed);
+        const std::string reason = status->leadsNowhere ? "the link leads nowhere" : text.failure().text;
+        report_.error({file}, reason + "; what is below its folder is left alone", ExitStatus::fileFailed);
+        folder.reason = file + ", which cannot be read";
         return;
     }
     folder.hasFile = true;

@@ -17,14 +17,14 @@ inline constexpr std::string_view kIgnoreFile = ".kerflineignore";
 
 /// Which sources are left alone, by the ignore files in their folder and in all above it. The nearest
 /// file that speaks of a source decides; nothing below an ignored folder comes back. Each folder is
-/// looked at once.
+/// looked at once. Below an ignore file that cannot be read everything is left alone.
 class IgnoreRules {
 public:
     /// Both outlive the rules.
     IgnoreRules(NorvaneUI::FileSystem& files, Report& report) : files_(files), report_(report) {}
 
-    /// Where the pattern stands that ignores the file or folder, as "path:line"; nothing if none
-    /// does. `path` is absolute.
+    /// Where the pattern stands that ignores the file or folder, as "path:line", or which ignore file
+    /// cannot be read; nothing if it is not ignored. `path` is absolute.
     const std::optional<std::string>& reasonFor(const std::string& path, bool isFolder);
 
 private:

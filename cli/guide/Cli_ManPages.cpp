@@ -83,6 +83,13 @@ void appendCommands(Document& document) {
         commands.rows.emplace_back(std::move(words), std::string(command.text) + '.');
     }
     document.blocks.push_back(std::move(commands));
+    paragraph(document, "Each of them shows how it is called when `--help` stands behind it.");
+}
+
+void appendWindow(Document& document) {
+    section(document, "Window");
+    paragraph(document, "`kerfline-options`, if it is installed, is a window in which schemes and settings are edited, "
+                        "with a preview of what each option does. `kerfline options --edit` opens it, too.");
 }
 
 void appendExitStatus(Document& document) {
@@ -165,6 +172,7 @@ std::string programManual() {
     appendDescription(document);
     appendSwitches(document);
     appendCommands(document);
+    appendWindow(document);
     appendExitStatus(document);
     appendFiles(document);
     appendExamples(document);

@@ -57,7 +57,8 @@ std::string commandLineHelp() {
            "A folder stands for the sources in it and below it, and @LIST for a file with a path a\n"
            "line. Nothing, or \"-\", is standard input. A file with the name of a command is ./NAME.\n" +
            switchLines() + "\nCommands:\n" + commandLines() +
-           "\nExit status: 0 done, 1 a file would change (--check, --diff), 2 wrong usage or scheme,\n"
+           "\nkerfline-options, if it is installed, is the window in which schemes and settings are edited.\n\n"
+           "Exit status: 0 done, 1 a file would change (--check, --diff), 2 wrong usage or scheme,\n"
            "3 a file could not be read or written, 4 a file was refused because it does not parse.\n";
 }
 

@@ -1,10 +1,12 @@
 #include "cli/run/Cli_Commands.h"
 
 #include "cli/console/Cli_Options.h"
+#include "cli/console/Cli_Printable.h"
 #include "cli/console/Cli_Report.h"
 #include "cli/guide/Cli_Completion.h"
 #include "cli/guide/Cli_OptionGuide.h"
 #include "cli/run/Cli_DeriveCommand.h"
+#include "cli/run/Cli_Filter.h"
 #include "cli/run/Cli_HelpCommand.h"
 #include "cli/run/Cli_Program.h"
 #include "cli/run/Cli_SchemesCommand.h"
@@ -26,7 +28,8 @@ constexpr Command kCommands[] = {
      runSchemesCommand},
     {"derive", "PATH... [-o FILE]", "Write the scheme under which some code changes least", runDeriveCommand},
     {"settings", "[get NAME|set NAME VALUE]", "Show or change your settings", runSettingsCommand},
-    {"options", "[NAME]", "Tell of the options that a scheme can hold", runOptionsCommand},
+    {"options", "[NAME...|--edit]", "Tell of the options that a scheme can hold, or edit schemes in a window",
+     runOptionsCommand},
     {"help", "[TOPIC]", "Show a page of the help", runHelpCommand},
     {"completion", "bash|zsh|fish", "Write the script that completes words in a shell", runCompletionCommand},
 };
@@ -46,7 +49,15 @@ ExitStatus layOutFiles(const std::vector<std::string>& arguments, const Streams&
     ExitStatus status = ExitStatus::done;
     const auto options =
         parseCommandLine(static_cast<int>(words.size()), words.data(), streams.out, streams.err, status);
-    return options ? runProgram(*options, streams) : withOutputChecked(status, streams);
+    if (options) return runProgram(*options, streams);
+    if (status != ExitStatus::done && isMeantAsFilter(arguments)) passInputThrough(streams);
+    return withOutputChecked(status, streams);
+}
+
+/// Behind a command the switch for help means a page on that command.
+bool asksForHelp(const std::vector<std::string>& arguments) {
+    return std::any_of(arguments.begin() + 1, arguments.end(),
+                       [](const std::string& word) { return word == "--help" || word == "-h"; });
 }
 
 /// A word that is neither a command nor a file, but nearly a command.
@@ -70,13 +81,17 @@ const Command* findCommand(std::string_view name) {
 }
 
 ExitStatus failUsage(std::string_view text, const Streams& streams) {
-    streams.err << "kerfline: error: " << text << '\n';
+    streams.err << "kerfline: error: " << printable(text) << '\n';
     return ExitStatus::badUsageOrScheme;
 }
 
 ExitStatus runCommandLine(const std::vector<std::string>& arguments, const Streams& streams) {
     try {
         const Command* command = arguments.empty() ? nullptr : findCommand(arguments.front());
+        if (command != nullptr && asksForHelp(arguments)) {
+            streams.out << commandPage(*command);
+            return withOutputChecked(ExitStatus::done, streams);
+        }
         if (command != nullptr) {
             return withOutputChecked(command->run({arguments.begin() + 1, arguments.end()}, streams), streams);
         }
@@ -88,8 +103,8 @@ ExitStatus runCommandLine(const std::vector<std::string>& arguments, const Strea
                              streams);
         }
         return layOutFiles(arguments, streams);
-    } catch (const std::exception&) {
-        streams.err << "kerfline: error: the program failed before it could start\n";
+    } catch (const std::exception& error) {
+        streams.err << "kerfline: error: internal error: " << printable(error.what()) << '\n';
         return ExitStatus::fileFailed;
     }
 }

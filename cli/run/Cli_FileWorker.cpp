@@ -2,6 +2,8 @@
 
 #include "addin/Addin_FileFormatter.h"
 #include "addin/Addin_SourceForm.h"
+#include "cli/console/Cli_Interrupt.h"
+#include "cli/console/Cli_Printable.h"
 #include "cli/files/Cli_FileIo.h"
 #include "cli/files/Cli_Paths.h"
 #include "cli/files/Cli_UnifiedDiff.h"
@@ -21,6 +23,8 @@ namespace {
 
 using Addin::FormatResult;
 using NorvaneUI::FileKind;
+
+constexpr std::string_view kNoMemory = "not enough memory for this file";
 
 /// The last line of defence: a fault of the engine must not cost anybody code.
 std::optional<Addin::Objection> objectionTo(const std::string&, const std::string& source,
@@ -57,25 +61,24 @@ FileWorker::FileWorker(const Options& options, const Addin::AddInOptions& settin
 FileOutcome FileWorker::process(const WorkItem& item) const noexcept {
     FileOutcome outcome;
     outcome.report = Report(style_);
+    const bool writes = options_.destination == Destination::sameFile;
+    FileStage stage(disk_, writes ? FileStage::Mode::write : FileStage::Mode::rehearse);
     try {
-        processItem(item, outcome);
+        processItem(item, stage, outcome);
+        return outcome;
     } catch (const std::system_error& error) {
-        outcome.result = FormatResult::failed;
         outcome.report.error({item.path}, error.code().message(), ExitStatus::fileFailed);
     } catch (const std::bad_alloc&) {
-        outcome.result = FormatResult::failed;
-        outcome.report.error({item.path}, "not enough memory for this file", ExitStatus::fileFailed);
-    } catch (const std::exception&) {
-        outcome.result = FormatResult::failed;
-        outcome.report.error({item.path}, "internal error: this file could not be laid out",
-                             ExitStatus::refused);
+        outcome.report.error({item.path}, kNoMemory, ExitStatus::fileFailed);
+    } catch (const std::exception& error) {
+        outcome.report.error({item.path}, std::string("internal error: ") + error.what(), ExitStatus::refused);
     }
+    outcome.result = FormatResult::failed;
+    if (isFiltered(item)) outcome.output = stage.takeSource();
     return outcome;
 }
 
-void FileWorker::processItem(const WorkItem& item, FileOutcome& outcome) const {
-    const bool writes = options_.destination == Destination::sameFile;
-    FileStage stage(disk_, writes ? FileStage::Mode::write : FileStage::Mode::rehearse);
+void FileWorker::processItem(const WorkItem& item, FileStage& stage, FileOutcome& outcome) const {
     if (!prepare(item, stage, outcome)) return;
     if (item.ignoredBy) {
         skipIgnored(item, stage, outcome);
@@ -86,8 +89,15 @@ void FileWorker::processItem(const WorkItem& item, FileOutcome& outcome) const {
     }
 }
 
+bool FileWorker::isFiltered(const WorkItem& item) const {
+    return item.isStandardInput && printsText() && options_.dump == Dump::none;
+}
+
 bool FileWorker::prepare(const WorkItem& item, FileStage& stage, FileOutcome& outcome) const {
-    if (item.isStandardInput) return takeStream(streams_.in, item, stage, outcome);
+    if (item.isStandardInput) {
+        const InterruptibleWait wait;
+        return takeStream(streams_.in, item, stage, outcome);
+    }
     const auto status = disk_.status(item.path);
     if (!status || status->kind == FileKind::missing) return true;
     if (status->kind == FileKind::regular) {
@@ -95,6 +105,7 @@ bool FileWorker::prepare(const WorkItem& item, FileStage& stage, FileOutcome& ou
     }
     // A pipe can be read once, and only to be printed.
     if (options_.destination == Destination::sameFile) return true;
+    const InterruptibleWait wait;
     std::ifstream in = openFile(item.path);
     return takeStream(in, item, stage, outcome);
 }
@@ -103,8 +114,8 @@ bool FileWorker::takeStream(std::istream& in, const WorkItem& item, FileStage& s
                             FileOutcome& outcome) const {
     ReadResult read = readSource(in);
     if (!read.complete) {
-        if (item.isStandardInput && printsText()) outcome.output = std::move(read.bytes);
-        return refuseTooLarge(item, outcome);
+        if (isFiltered(item)) outcome.output = std::move(read.bytes);
+        return read.outOfMemory ? refuseForMemory(item, outcome) : refuseTooLarge(item, outcome);
     }
     stage.setSource(std::move(read.bytes));
     return true;
@@ -115,6 +126,13 @@ bool FileWorker::refuseTooLarge(const WorkItem& item, FileOutcome& outcome) cons
     outcome.report.error({item.path}, "longer than 4 GB, which is more than can be laid out",
                          ExitStatus::refused);
     outcome.isCutShort = printsText() && options_.dump == Dump::none;
+    return false;
+}
+
+bool FileWorker::refuseForMemory(const WorkItem& item, FileOutcome& outcome) const {
+    outcome.result = FormatResult::failed;
+    outcome.report.error({item.path}, kNoMemory, ExitStatus::fileFailed);
+    outcome.isCutShort = isFiltered(item);
     return false;
 }
 
@@ -145,7 +163,7 @@ void FileWorker::deliver(const WorkItem& item, const FileStage& stage, FileOutco
         outcome.output = result ? *result : stage.source();
         return;
     case Destination::checkOnly:
-        if (result) outcome.output = item.path + '\n';
+        if (result) outcome.output = printable(item.path) + '\n';
         break;
     case Destination::patch:
         if (result) outcome.output = unifiedDiff(patchName(item.path), stage.source(), *result, colorsPatch_);

@@ -32,16 +32,19 @@ public:
     FileOutcome process(const WorkItem& item) const noexcept;
 
 private:
-    void processItem(const WorkItem& item, FileOutcome& outcome) const;
+    void processItem(const WorkItem& item, FileStage& stage, FileOutcome& outcome) const;
     void format(const WorkItem& item, FileStage& stage, FileOutcome& outcome) const;
     /// Reads what is no regular file. False if the source is too large.
     bool prepare(const WorkItem& item, FileStage& stage, FileOutcome& outcome) const;
     bool takeStream(std::istream& in, const WorkItem& item, FileStage& stage, FileOutcome& outcome) const;
     bool refuseTooLarge(const WorkItem& item, FileOutcome& outcome) const;
+    bool refuseForMemory(const WorkItem& item, FileOutcome& outcome) const;
     void dump(const WorkItem& item, FileStage& stage, FileOutcome& outcome) const;
     void skipIgnored(const WorkItem& item, FileStage& stage, FileOutcome& outcome) const;
     void deliver(const WorkItem& item, const FileStage& stage, FileOutcome& outcome) const;
     void raiseStatus(const WorkItem& item, const FileStage& stage, FileOutcome& outcome) const;
+    /// Somebody waits for the text of standard input, whatever goes wrong.
+    bool isFiltered(const WorkItem& item) const;
     bool printsText() const { return options_.destination == Destination::standardOutput; }
 
     const Options& options_;

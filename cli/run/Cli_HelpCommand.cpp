@@ -50,8 +50,7 @@ ExitStatus writeTopic(const std::string& name, const Streams& streams) {
     } else if (const Norvane::PropertyInfo* option = Norvane::findProperty(name)) {
         streams.out << optionGuide(*option);
     } else if (const Command* command = findCommand(name)) {
-        streams.out << "kerfline " << command->name << (command->arguments.empty() ? "" : " ")
-                    << command->arguments << "\n  " << command->text << ".\n";
+        streams.out << commandPage(*command);
     } else {
         return failUnknownTopic(name, streams);
     }
@@ -75,6 +74,12 @@ ExitStatus openPage(const std::string& name, const Streams& streams) {
 }
 
 } // namespace
+
+std::string commandPage(const Command& command) {
+    std::string page = "kerfline " + std::string(command.name);
+    if (!command.arguments.empty()) page.append(" ").append(command.arguments);
+    return page.append("\n  ").append(command.text).append(".\n");
+}
 
 ExitStatus runHelpCommand(const std::vector<std::string>& arguments, const Streams& streams) {
     std::vector<std::string> words = arguments;

@@ -14,6 +14,11 @@ namespace Cli {
 /// there is a screen to open it on, and writes its path.
 ExitStatus runHelpCommand(const std::vector<std::string>& arguments, const Streams& streams);
 
+struct Command;
+
+/// How a command is called, and what it does.
+std::string commandPage(const Command& command);
+
 } // namespace Cli
 
 #endif

@@ -1,6 +1,7 @@
 #include "cli/console/Cli_Options.h"
 
 #include "addin/Addin_Extensions.h"
+#include "cli/console/Cli_Printable.h"
 #include "cli/run/Cli_SwitchTable.h"
 #include "cli/scheme/Cli_NearestName.h"
 
@@ -246,7 +247,7 @@ void CommandLine::refuseContradictions(const Options& options) const {
 
 ExitStatus tellWrongUsage(std::string text, std::ostream& err) {
     std::replace(text.begin(), text.end(), '\n', ' ');
-    err << "kerfline: error: " << text << " (kerfline --help shows the switches)\n";
+    err << "kerfline: error: " << printable(text) << " (kerfline --help shows the switches)\n";
     return ExitStatus::badUsageOrScheme;
 }
 

@@ -7,6 +7,7 @@
 #include "cli/files/Cli_IgnoreRules.h"
 #include "cli/files/Cli_Paths.h"
 #include "cli/guide/Cli_OptionList.h"
+#include "cli/run/Cli_Filter.h"
 #include "cli/run/Cli_OrderedWork.h"
 #include "cli/run/Cli_UserSettings.h"
 #include "files/NorvaneUI_Text.h"
@@ -46,6 +47,9 @@ void Program::run() {
     IgnoreRules ignored(disk_, report_);
     FileCollector collector(options_, settings_, disk_, ignored, streams_.in, report_);
     std::vector<WorkItem> items = collector.collect();
+    if (items.empty() && report_.status() == ExitStatus::done && options_.verbosity != Verbosity::quiet) {
+        report_.addGeneral("note", "no sources found");
+    }
     if (!chooseSchemes(items, shelf) || !mayWrite(collector.folders())) return;
     const bool isBatch = items.size() > 1 || !collector.folders().empty() || !options_.project.empty();
     if (options_.verbosity == Verbosity::verbose) announce(collector.folders(), shelf);
@@ -160,6 +164,7 @@ void Program::take(const WorkItem& item, FileOutcome& outcome) {
 void Program::copyRest(const WorkItem& item, std::size_t copied) {
     constexpr auto end = std::istream::traits_type::eof();
     if (item.isStandardInput) {
+        const InterruptibleWait wait;
         if (streams_.in.peek() != end) streams_.out << streams_.in.rdbuf();
         return;
     }
@@ -191,8 +196,12 @@ ExitStatus runProgram(const Options& options, const Streams& streams) {
         }
     } catch (const std::bad_alloc&) {
         report.error({"kerfline"}, "not enough memory", ExitStatus::fileFailed);
-    } catch (const std::exception&) {
-        report.error({"kerfline"}, "internal error", ExitStatus::fileFailed);
+    } catch (const std::exception& error) {
+        report.error({"kerfline"}, std::string("internal error: ") + error.what(), ExitStatus::fileFailed);
+    }
+    if (report.status() > ExitStatus::wouldChange && isFilter(options)) {
+        passInputThrough(streams);
+        report.checkOutput(streams.out);
     }
     report.flush(streams.err);
     return report.status();

@@ -2,6 +2,7 @@
 
 #include "addin/Addin_Texts.h"
 #include "addin/Addin_UserFolders.h"
+#include "cli/console/Cli_Printable.h"
 #include "cli/files/Cli_Paths.h"
 #include "cli/run/Cli_Commands.h"
 #include "cli/scheme/Cli_NearestName.h"
@@ -81,7 +82,7 @@ void SchemesCommand::dispatch(const std::vector<std::string>& words) {
 
 void SchemesCommand::list() {
     for (const auto& [name, path] : finder_.userSchemes()) {
-        streams_.out << name << "  (yours, " << path;
+        streams_.out << printable(name) << "  (yours, " << printable(path);
         const auto status = disk_.status(path);
         if (status && !status->writable) streams_.out << ", read-only";
         const std::string text = textOf({SchemeSource::Kind::user, name, path});
@@ -151,7 +152,7 @@ void SchemesCommand::store(PropertySetStore& schemes, const Norvane::PropertySet
         const std::string path = schemes.directory() + schemes.validFilename(scheme.getName());
         schemes.insert(scheme);
         schemes.write();
-        streams_.out << path << '\n';
+        streams_.out << printable(path) << '\n';
     } catch (const PropertySetStore::ReadError& error) {
         fail(NorvaneUI::filled(Addin::Texts::kSchemeUnreadable, {error.path()}), ExitStatus::fileFailed);
     } catch (const PropertySetStore::WriteError& error) {

@@ -4,6 +4,7 @@
 #include "addin/Addin_Settings.h"
 #include "addin/Addin_Texts.h"
 #include "addin/Addin_UserFolders.h"
+#include "cli/console/Cli_Printable.h"
 #include "cli/console/Cli_Report.h"
 #include "cli/run/Cli_Commands.h"
 #include "cli/scheme/Cli_NearestName.h"
@@ -22,7 +23,6 @@ enum class SettingKind { scheme, extensions, backupExtension, yesOrNo, threshold
 struct Setting {
     std::string_view name;
     SettingKind kind;
-    /// Of the command line; editors make backups unless they are told otherwise.
     std::string_view defaultValue;
     std::string_view text;
 };
@@ -34,8 +34,8 @@ constexpr Setting kSettings[] = {
     {"FileExtensions", SettingKind::extensions, "c,cc,cpp,cxx,h,hh,hpp,hxx",
      "which files of a folder are sources"},
     {"BackupExtension", SettingKind::backupExtension, "", "stands behind the name of a backup; bak if empty"},
-    {"CreateBackups", SettingKind::yesOrNo, "0",
-     "keep the old text of each file that is written back (1 or 0)"},
+    {"CreateBackups", SettingKind::yesOrNo, "1",
+     "an editor keeps the old text of what it formats (1 or 0); here only --backup does"},
     {"PromptUnsaved", SettingKind::yesOrNo, "1",
      "an editor asks before it formats an unsaved document (1 or 0)"},
     {"MessagesThreshold", SettingKind::threshold, "1",
@@ -86,9 +86,9 @@ private:
         }
     }
     void list() {
-        streams_.out << "# " << path_ << '\n';
+        streams_.out << "# " << printable(path_) << '\n';
         for (const Setting& setting : kSettings) {
-            streams_.out << setting.name << '=' << valueOf(setting) << "  # " << setting.text << '\n';
+            streams_.out << setting.name << '=' << printable(valueOf(setting)) << "  # " << setting.text << '\n';
         }
     }
     std::string valueOf(const Setting& setting) const {

@@ -3,6 +3,7 @@
 #include "addin/Addin_Texts.h"
 #include "addin/Addin_UserFolders.h"
 #include "cli/console/Cli_Interrupt.h"
+#include "cli/console/Cli_Printable.h"
 #include "cli/run/Cli_HelpCommand.h"
 #include "files/NorvaneUI_Text.h"
 
@@ -67,7 +68,7 @@ Answer TerminalHost::ask(const std::string& text, Addin::Occasion) {
     if (assumesYes_) return Answer::yes;
     if (!streams_.terminals.in) return Answer::cancel;
     for (std::string line;;) {
-        streams_.err << text << " [y]es, [n]o, [c]ancel: " << std::flush;
+        streams_.err << printable(text) << " [y]es, [n]o, [c]ancel: " << std::flush;
         if (!std::getline(streams_.in, line)) return Answer::cancel;
         if (const auto answer = answerOf(line)) return *answer;
     }

@@ -12,8 +12,8 @@ Addin::AddInOptions readUserSettings(NorvaneUI::FileSystem& files, Addin::Host& 
     Addin::Settings settings(files, path);
     const NorvaneUI::PropertySetStore noSchemes({}, files);
     Addin::ReadRegOptions(host, settings, noSchemes, options);
+    // What a window stored for editors must not fill folders with backups that nobody asked for.
     options.createBackups = false;
-    settings.getBool("CreateBackups", options.createBackups);
     return options;
 }
 

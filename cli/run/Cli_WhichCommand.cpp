@@ -1,15 +1,15 @@
 #include "cli/run/Cli_WhichCommand.h"
 
 #include "addin/Addin_UserFolders.h"
+#include "cli/console/Cli_Printable.h"
 #include "cli/files/Cli_IgnoreRules.h"
 #include "cli/files/Cli_Paths.h"
 #include "cli/run/Cli_Commands.h"
 #include "cli/run/Cli_TerminalHost.h"
 #include "cli/run/Cli_UserSettings.h"
 #include "cli/scheme/Cli_SchemeFinder.h"
-#include "cli/scheme/Cli_SchemeLoader.h"
+#include "cli/scheme/Cli_SchemeShelf.h"
 #include "files/NorvaneUI_DiskFileSystem.h"
-#include "schemes/NorvaneUI_PropertySetStore.h"
 
 #include <filesystem>
 #include <optional>
@@ -50,19 +50,7 @@ std::optional<Question> readArguments(const std::vector<std::string>& arguments,
     return question;
 }
 
-/// The name inside a scheme file; empty if it is none.
-std::string nameInside(const std::string& path) {
-    Norvane::PropertySet scheme;
-    try {
-        if (NorvaneUI::parseScheme(readSchemeFile(path), scheme)) return scheme.getName();
-    } catch (const std::system_error&) {
-        // Whoever formats with it is told the reason.
-    }
-    return {};
-}
-
-std::string described(const SchemeSource& source) {
-    const std::string name = source.name.empty() ? nameInside(source.path) : source.name;
+std::string described(const SchemeSource& source, const std::string& name) {
     const std::string setting = source.isFromSettings ? ", by the setting OnFormat" : "";
     std::string text = '"' + name + "\", ";
     switch (source.kind) {
@@ -86,18 +74,20 @@ ExitStatus runWhichCommand(const std::vector<std::string>& arguments, const Stre
     TerminalHost host(streams, report, Verbosity::normal, false);
     const Addin::AddInOptions settings = readUserSettings(disk, host);
     SchemeFinder finder(disk, host.schemeDirectory(), settings.onFormat.name, report);
+    SchemeShelf shelf(finder, question->scheme, {}, report);
     IgnoreRules ignored(disk, report);
     for (const std::string& file : question->files) {
         const std::string full = absolutePath(file);
         std::error_code unknown;
         const bool isFolder = std::filesystem::is_directory(full, unknown);
-        const auto source = finder.find(question->scheme, isFolder ? full : folderOf(full));
+        const std::string folder = isFolder ? full : folderOf(full);
+        const auto source = finder.find(question->scheme, folder);
         if (!source) break;
-        streams.out << file << ": " << described(*source);
-        if (const auto& reason = ignored.reasonFor(full, isFolder)) {
-            streams.out << "; left alone by " << *reason;
-        }
-        streams.out << '\n';
+        const Norvane::PropertySet* scheme = shelf.schemeIn(folder);
+        if (scheme == nullptr) continue;
+        std::string line = file + ": " + described(*source, scheme->getName());
+        if (const auto& reason = ignored.reasonFor(full, isFolder)) line += "; left alone by " + *reason;
+        streams.out << printable(line) << '\n';
     }
     streams.out.flush();
     report.flush(streams.err);

@@ -70,18 +70,20 @@ std::optional<SchemeSource> SchemeFinder::findOutsideProjects(const std::string&
     return std::nullopt;
 }
 
-SchemeSource SchemeFinder::findUnnamed(const std::string& folder) {
+std::optional<SchemeSource> SchemeFinder::findUnnamed(const std::string& folder) {
     const std::string& file = projectFileAt(folder);
-    if (!file.empty()) return {Kind::project, {}, file};
-    if (!preferred_.empty()) {
-        if (auto found = findOutsideProjects(preferred_)) {
-            found->isFromSettings = true;
-            return *found;
-        }
-        warnOnce("the setting OnFormat names the scheme \"" + preferred_ +
-                 "\", which is not there; \"default\" is used");
+    if (!file.empty()) return SchemeSource{Kind::project, {}, file};
+    if (preferred_.empty()) return SchemeSource{Kind::shipped, "default"};
+    auto found = findOutsideProjects(preferred_);
+    if (found) {
+        found->isFromSettings = true;
+    } else {
+        report_.addGeneral("error", "the setting OnFormat names the scheme \"" + preferred_ +
+                                        "\", which is not there; \"kerfline settings set OnFormat NAME\" "
+                                        "chooses another");
+        report_.raise(ExitStatus::badUsageOrScheme);
     }
-    return {Kind::shipped, "default"};
+    return found;
 }
 
 const std::string& SchemeFinder::projectFileAt(const std::string& folder) {
@@ -96,7 +98,8 @@ const std::string& SchemeFinder::projectFileAt(const std::string& folder) {
         asked.push_back(at);
         const std::string candidate = joined(at, kProjectSchemeFile);
         const auto status = files_.status(candidate);
-        if (status && status->kind == NorvaneUI::FileKind::regular) {
+        // One that is there and cannot be read must not pass for none.
+        if (status && (status->kind != NorvaneUI::FileKind::missing || status->leadsNowhere)) {
             found = candidate;
             break;
         }

@@ -47,7 +47,8 @@ public:
     SchemeFinder(NorvaneUI::FileSystem& files, std::string userFolder, std::string preferred, Report& report);
 
     /// `wanted` is a name or a path; without it, the nearest project file counts, then the preferred
-    /// scheme, then the default. `folder` is absolute. Returns nothing after reporting an error.
+    /// scheme, then the default. `folder` is absolute. Returns nothing after reporting an error, such
+    /// as a preferred scheme that is not there. A project file that cannot be read is still found.
     std::optional<SchemeSource> find(const std::optional<std::string>& wanted, const std::string& folder);
 
     /// The user's schemes: their paths by the names inside. Of one name the first file counts.
@@ -59,7 +60,7 @@ private:
     std::optional<SchemeSource> findFile(const std::string& path);
     std::optional<SchemeSource> findByName(const std::string& name, const std::string& folder);
     std::optional<SchemeSource> findOutsideProjects(const std::string& name);
-    SchemeSource findUnnamed(const std::string& folder);
+    std::optional<SchemeSource> findUnnamed(const std::string& folder);
     /// The nearest project file at or above the folder, or an empty text.
     const std::string& projectFileAt(const std::string& folder);
     const std::string& nameInside(const std::string& path);

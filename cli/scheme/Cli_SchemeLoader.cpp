@@ -6,6 +6,7 @@
 #include "schemes/NorvaneUI_SchemeChecker.h"
 #include "src/scheme/Norvane_PropertyCatalogue.h"
 
+#include <filesystem>
 #include <fstream>
 #include <system_error>
 
@@ -107,6 +108,14 @@ private:
     Report& report_;
 };
 
+/// Somebody who sees the file in its folder has to be told that it is a link.
+std::string reasonFor(const std::string& path, const std::system_error& error) {
+    std::error_code ignored;
+    const bool isLink = std::filesystem::is_symlink(path, ignored);
+    return isLink && error.code() == std::errc::no_such_file_or_directory ? "the link leads nowhere"
+                                                                          : error.code().message();
+}
+
 } // namespace
 
 std::string readSchemeFile(const std::string& path) {
@@ -133,7 +142,7 @@ std::optional<Norvane::PropertySet> loadSchemeFile(const std::string& path, Repo
     try {
         return parseSchemeText(path, readSchemeFile(path), report);
     } catch (const std::system_error& error) {
-        report.error({path}, error.code().message(), ExitStatus::badUsageOrScheme);
+        report.error({path}, reasonFor(path, error), ExitStatus::badUsageOrScheme);
         return std::nullopt;
     }
 }

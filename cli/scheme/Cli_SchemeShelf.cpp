@@ -3,6 +3,8 @@
 #include "cli/scheme/Cli_SchemeLoader.h"
 #include "cli/scheme/Cli_ShippedSchemes.h"
 
+#include <filesystem>
+
 namespace Cli {
 
 SchemeShelf::SchemeShelf(SchemeFinder& finder, std::optional<std::string> wanted,
@@ -48,8 +50,14 @@ std::optional<Norvane::PropertySet> SchemeShelf::read(const SchemeSource& source
     case SchemeSource::Kind::empty: return Norvane::PropertySet(source.name);
     case SchemeSource::Kind::shipped:
         return parseSchemeText(source.name + ".kls", findShippedScheme(source.name)->text, report_);
-    case SchemeSource::Kind::file:
     case SchemeSource::Kind::project:
+        // Nobody asked for it by name, so nobody would know what the program waits for.
+        if (std::filesystem::is_fifo(source.path)) {
+            report_.error({source.path}, "a pipe is no scheme", ExitStatus::badUsageOrScheme);
+            return std::nullopt;
+        }
+        break;
+    case SchemeSource::Kind::file:
     case SchemeSource::Kind::user: break;
     }
     return loadSchemeFile(source.path, report_);

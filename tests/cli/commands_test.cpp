@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <sstream>
 
@@ -34,6 +35,25 @@ protected:
     std::string out;
     std::string err;
 };
+
+TEST_F(Commands, TakeTheSwitchForHelp) {
+    for (const Cli::Command& command : Cli::commandTable()) {
+        const std::string name(command.name);
+        for (const std::vector<std::string>& words :
+             {std::vector<std::string>{name, "--help"}, {name, "-h"}, {name, "x", "--help"}}) {
+            EXPECT_EQ(run(words), ExitStatus::done) << name << err;
+            EXPECT_EQ(out.rfind("kerfline " + name, 0), 0u) << out;
+        }
+    }
+}
+
+TEST_F(Commands, WhichFailsOnABrokenScheme) {
+    const std::string scheme = folder.write(".kerfline.kls", "Norvane::PropertySet\n1\n\"x\"\n2 TAB_SIZ 3\n");
+    EXPECT_EQ(run({"which", folder / "a.c", folder / "b.c"}), ExitStatus::badUsageOrScheme);
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(err.rfind(scheme + ":4:3: error: ", 0), 0u) << err;
+    EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1) << err;
+}
 
 struct WrongCommand {
     std::vector<std::string> words;

@@ -126,6 +126,13 @@ TEST(Program, GoesOnBehindAFailureAndKeepsTheHighestStatus) {
     EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 2) << result.err;
 }
 
+TEST(Program, TellsAnErrorOnce) {
+    const TempFolder folder;
+    const std::string missing = folder / "missing.c";
+    const Ran result = run({missing, missing}, to(Cli::Destination::standardOutput));
+    EXPECT_EQ(result.err, missing + ": error: The file \"" + missing + "\" cannot be found.\n");
+}
+
 TEST(Program, KeepsLineEndsAndByteOrderMark) {
     const std::string mark = "\xef\xbb\xbf";
     EXPECT_EQ(run({"-"}, {}, mark + "void f() {\r\nif(a);\r\n}").out, mark + "void f() {\r\nif (a);\r\n}");
@@ -185,8 +192,36 @@ TEST(Program, StopsAtAWrongScheme) {
     std::ostringstream out;
     std::ostringstream err;
     EXPECT_EQ(Cli::runProgram(options, {in, out, err}), ExitStatus::badUsageOrScheme);
-    EXPECT_EQ(out.str(), "");
+    EXPECT_EQ(out.str(), kUntidy);
     EXPECT_NE(err.str(), "");
+}
+
+/// A stream that breaks while it is read, in a way that nobody has foreseen.
+class BrokenBuffer : public std::streambuf {
+    int_type underflow() override { throw std::runtime_error("the wire was cut"); }
+};
+
+TEST(Program, TellsTheReasonOfAnInternalError) {
+    Cli::Options options;
+    options.files = {"-"};
+    BrokenBuffer broken;
+    std::istream in(&broken);
+    in.exceptions(std::ios::badbit);
+    std::ostringstream out;
+    std::ostringstream err;
+    EXPECT_EQ(Cli::runProgram(options, {in, out, err}), ExitStatus::refused);
+    EXPECT_NE(err.str().find("internal error: the wire was cut"), std::string::npos) << err.str();
+}
+
+TEST(Program, SaysThatThereAreNoSources) {
+    const TempFolder folder;
+    folder.write("notes.txt", "");
+    const Ran result = run({folder / ""}, to(Cli::Destination::checkOnly));
+    EXPECT_EQ(result.status, ExitStatus::done);
+    EXPECT_EQ(result.err, "kerfline: note: no sources found\n");
+    Cli::Options quiet = to(Cli::Destination::checkOnly);
+    quiet.verbosity = Cli::Verbosity::quiet;
+    EXPECT_EQ(run({folder / ""}, quiet).err, "");
 }
 
 /// A stream that takes nothing, like a full disk.

@@ -58,7 +58,6 @@ const FindCase kFinds[] = {
     {"Setting", {}, "other", "Mine", Kind::user, "own/mine.kls"},
     {"SettingOfAShippedScheme", {}, "other", "knr", Kind::shipped, "knr"},
     {"Default", {}, "other", "", Kind::shipped, "default"},
-    {"SettingThatIsGone", {}, "other", "gone", Kind::shipped, "default"},
     {"NameOfTheProject", "inner", "project/in/deep", "", Kind::project, "project/in/.kerfline.kls"},
     {"NameOfAProjectFurtherUp", "outer", "project/in/deep", "", Kind::project, "project/.kerfline.kls"},
     {"OwnName", "Mine", "project/in/deep", "", Kind::user, "own/mine.kls"},

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+#include <thread>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -84,6 +85,16 @@ Process::~Process() {
 }
 
 void Process::send(int signal) const { ::kill(id_, signal); }
+
+Finished Process::finishWithin(std::chrono::seconds patience) {
+    const auto end = std::chrono::steady_clock::now() + patience;
+    ::siginfo_t ended{};
+    while (::waitid(P_PID, static_cast<::id_t>(id_), &ended, WEXITED | WNOHANG | WNOWAIT) == 0 && ended.si_pid == 0) {
+        if (std::chrono::steady_clock::now() > end) send(SIGKILL);
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return finish();
+}
 
 Finished Process::finish() {
     int state = 0;

@@ -41,6 +41,8 @@ public:
     void send(int signal) const;
     /// Waits for its end.
     Finished finish();
+    /// The same, but kills what does not end in time.
+    Finished finishWithin(std::chrono::seconds patience);
 
 private:
     std::string scratch_;

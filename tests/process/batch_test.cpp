@@ -198,12 +198,17 @@ TEST(InPlace, MakesABackupWhenAsked) {
     EXPECT_EQ(folder.read("a.c.orig"), kUntidy);
 }
 
-TEST(InPlace, MakesABackupWhenTheSettingsSaySo) {
+TEST(InPlace, MakesNoBackupBecauseASettingOfEditorsSaysSo) {
     const TempFolder folder;
     const std::string path = folder.write("a.c", kUntidy);
     std::filesystem::create_directories(folder / "kerfline");
     folder.write("kerfline/settings", "[Options]\nCreateBackups=1\nBackupExtension=old\n");
-    EXPECT_EQ(run({"-i", path}, {.environment = {"XDG_CONFIG_HOME=" + (folder / "")}}).status, 0);
+    const Surroundings user = {.environment = {"XDG_CONFIG_HOME=" + (folder / "")}};
+    EXPECT_EQ(run({"-i", path}, user).status, 0);
+    EXPECT_FALSE(std::filesystem::exists(folder / "a.c.old"));
+    // Which name a backup has is another question.
+    folder.write("a.c", kUntidy);
+    EXPECT_EQ(run({"-i", "--backup", path}, user).status, 0);
     EXPECT_EQ(folder.read("a.c.old"), kUntidy);
 }
 

@@ -58,6 +58,8 @@ TEST_F(Disk, TellsWhatAPathIs) {
     EXPECT_EQ(statusOf(folder / "a.c").size, 3u);
     EXPECT_TRUE(statusOf(folder / "a.c").isSameFile(statusOf(folder / "link.c")));
     EXPECT_EQ(statusOf(folder / "dangling.c").kind, FileKind::missing);
+    EXPECT_TRUE(statusOf(folder / "dangling.c").leadsNowhere);
+    EXPECT_FALSE(statusOf(folder / "missing.c").leadsNowhere);
     fs::create_symlink("loop.c", folder / "loop.c");
     EXPECT_EQ(statusOf(folder / "loop.c").kind, FileKind::missing);
     EXPECT_EQ(statusOf(folder / "a.c/b").kind, FileKind::missing);
@@ -68,7 +70,7 @@ TEST_F(Disk, TellsWhatAPathIs) {
 
 TEST_F(Disk, ModeCountsForRootToo) {
     const std::string path = folder.write("a.c", "abc");
-    const std::pair<mode_t, const char*> modes[] = {{0644, "rw"}, {0444, "r-"}, {0200, "-w"}, {0000, "--"}};
+    const std::pair<mode_t, const char*> modes[] = {{0644, "rw"}, {0444, "r-"}, {0466, "r-"}, {0244, "-w"}, {0200, "-w"}, {0000, "--"}};
     for (const auto& [mode, expected] : modes) {
         ::chmod(path.c_str(), mode);
         const FileStatus status = statusOf(path);
