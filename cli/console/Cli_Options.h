@@ -1,10 +1,7 @@
 #ifndef KERFLINE_CLI_OPTIONS_H
 #define KERFLINE_CLI_OPTIONS_H
 
-#include "cli/console/Cli_ExitStatus.h"
-
 #include <optional>
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -63,14 +60,6 @@ struct Options {
     ColorChoice color = ColorChoice::automatic;
     MessageFormat messageFormat = MessageFormat::gnu;
 };
-
-/// Reads the command line. Returns nothing if the program is done with that: help or version were
-/// asked for and stand on `out`, or the usage was wrong and `err` says so. Then `status` is set.
-std::optional<Options> parseCommandLine(int argc, const char* const* argv, std::ostream& out,
-                                        std::ostream& err, ExitStatus& status);
-
-/// The page that "--help" shows.
-std::string commandLineHelp();
 
 } // namespace Cli
 

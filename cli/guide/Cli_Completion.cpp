@@ -1,6 +1,6 @@
 #include "cli/guide/Cli_Completion.h"
 
-#include "cli/run/Cli_Commands.h"
+#include "cli/console/Cli_Usage.h"
 #include "cli/scheme/Cli_NearestName.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "cli/guide/Cli_CompletionWords.h"
 
-#include "cli/run/Cli_Commands.h"
+#include "cli/console/Cli_CommandTable.h"
 #include "cli/scheme/Cli_ShippedSchemes.h"
 #include "help/Help_Topic.h"
 #include "src/scheme/Norvane_PropertyCatalogue.h"

@@ -1,7 +1,7 @@
+#include "cli/console/Cli_CommandTable.h"
+#include "cli/console/Cli_SwitchTable.h"
 #include "cli/guide/Cli_Completion.h"
 #include "cli/guide/Cli_CompletionWords.h"
-#include "cli/run/Cli_Commands.h"
-#include "cli/run/Cli_SwitchTable.h"
 
 namespace Cli {
 

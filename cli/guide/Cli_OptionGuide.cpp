@@ -1,8 +1,8 @@
 #include "cli/guide/Cli_OptionGuide.h"
 
+#include "cli/console/Cli_OtherProgram.h"
+#include "cli/console/Cli_Usage.h"
 #include "cli/guide/Cli_OptionList.h"
-#include "cli/run/Cli_Commands.h"
-#include "cli/run/Cli_OtherProgram.h"
 #include "cli/scheme/Cli_NearestName.h"
 #include "help/Help_OptionEntry.h"
 #include "help/Help_PlainText.h"

@@ -1,6 +1,6 @@
-#include "cli/console/Cli_Options.h"
-#include "cli/run/Cli_Commands.h"
-#include "cli/run/Cli_SwitchTable.h"
+#include "cli/console/Cli_CommandTable.h"
+#include "cli/console/Cli_SwitchTable.h"
+#include "cli/run/Cli_CommandLine.h"
 
 namespace Cli {
 

@@ -2,8 +2,8 @@
 
 #include "cli/console/Cli_Interrupt.h"
 #include "cli/console/Cli_ProgressBar.h"
+#include "cli/console/Cli_Usage.h"
 #include "cli/run/Cli_CodeSample.h"
-#include "cli/run/Cli_Commands.h"
 #include "cli/run/Cli_DeriveTable.h"
 #include "derive/Derive_Deriver.h"
 

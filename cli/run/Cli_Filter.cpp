@@ -1,6 +1,6 @@
 #include "cli/run/Cli_Filter.h"
 
-#include "cli/run/Cli_SwitchTable.h"
+#include "cli/console/Cli_SwitchTable.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,9 +1,10 @@
 #include "cli/run/Cli_HelpCommand.h"
 
-#include "cli/console/Cli_Options.h"
+#include "cli/console/Cli_CommandTable.h"
+#include "cli/console/Cli_OtherProgram.h"
+#include "cli/console/Cli_Usage.h"
 #include "cli/guide/Cli_OptionGuide.h"
-#include "cli/run/Cli_Commands.h"
-#include "cli/run/Cli_OtherProgram.h"
+#include "cli/run/Cli_CommandLine.h"
 #include "cli/scheme/Cli_NearestName.h"
 #include "help/Help_PageFolder.h"
 #include "help/Help_PlainText.h"

@@ -4,7 +4,6 @@
 #include "addin/Addin_UserFolders.h"
 #include "cli/console/Cli_Printable.h"
 #include "cli/files/Cli_Paths.h"
-#include "cli/run/Cli_Commands.h"
 #include "cli/scheme/Cli_NearestName.h"
 #include "cli/scheme/Cli_SchemeFinder.h"
 #include "cli/scheme/Cli_SchemeLoader.h"

@@ -6,7 +6,6 @@
 #include "addin/Addin_UserFolders.h"
 #include "cli/console/Cli_Printable.h"
 #include "cli/console/Cli_Report.h"
-#include "cli/run/Cli_Commands.h"
 #include "cli/scheme/Cli_NearestName.h"
 #include "cli/scheme/Cli_SchemeFinder.h"
 #include "files/NorvaneUI_DiskFileSystem.h"

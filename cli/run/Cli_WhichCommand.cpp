@@ -2,9 +2,9 @@
 
 #include "addin/Addin_UserFolders.h"
 #include "cli/console/Cli_Printable.h"
+#include "cli/console/Cli_Usage.h"
 #include "cli/files/Cli_IgnoreRules.h"
 #include "cli/files/Cli_Paths.h"
-#include "cli/run/Cli_Commands.h"
 #include "cli/run/Cli_TerminalHost.h"
 #include "cli/run/Cli_UserSettings.h"
 #include "cli/scheme/Cli_SchemeFinder.h"

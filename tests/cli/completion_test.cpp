@@ -1,6 +1,6 @@
+#include "cli/console/Cli_SwitchTable.h"
 #include "cli/guide/Cli_Completion.h"
 #include "cli/guide/Cli_CompletionWords.h"
-#include "cli/run/Cli_SwitchTable.h"
 #include "src/scheme/Norvane_PropertyCatalogue.h"
 #include "tests/cli/TempFolder.h"
 

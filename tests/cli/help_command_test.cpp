@@ -1,5 +1,4 @@
-#include "cli/console/Cli_Options.h"
-#include "cli/run/Cli_Commands.h"
+#include "cli/run/Cli_CommandLine.h"
 #include "cli/run/Cli_HelpCommand.h"
 #include "help/Help_Topic.h"
 #include "tests/cli/RanCommand.h"

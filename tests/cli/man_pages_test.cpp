@@ -1,7 +1,7 @@
 #include "cli/guide/Cli_ManPages.h"
 
-#include "cli/run/Cli_Commands.h"
-#include "cli/run/Cli_SwitchTable.h"
+#include "cli/console/Cli_CommandTable.h"
+#include "cli/console/Cli_SwitchTable.h"
 #include "src/scheme/Norvane_PropertyCatalogue.h"
 
 #include <gtest/gtest.h>

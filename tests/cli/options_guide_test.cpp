@@ -1,6 +1,6 @@
 #include "cli/guide/Cli_OptionGuide.h"
 
-#include "cli/run/Cli_OtherProgram.h"
+#include "cli/console/Cli_OtherProgram.h"
 #include "tests/cli/RanCommand.h"
 #include "tests/cli/TempFolder.h"
 

@@ -1,4 +1,4 @@
-#include "cli/console/Cli_Options.h"
+#include "cli/run/Cli_CommandLine.h"
 
 #include <gtest/gtest.h>
 
@@ -71,11 +71,11 @@ struct WrongUsage {
 
 const WrongUsage kWrong[] = {
     {"UnknownOption", {"--nothing"}, "--nothing"},
-    {"InPlaceAndCheck", {"-i", "--check", "a.c"}, "exclude each other"},
+    {"InPlaceAndCheck", {"-i", "--check", "a.c"}, "excludes"},
     {"InPlaceOnInput", {"-i"}, "standard input"},
     {"InPlaceOnDash", {"-i", "a.c", "-"}, "standard input"},
     {"DumpInPlace", {"-i", "--dump=tree", "a.c"}, "--dump"},
-    {"UnknownDump", {"--dump=trees"}, "options, not \"trees\"; did you mean \"tree\"?"},
+    {"UnknownDump", {"--dump=trees"}, "\"trees\" is none of tokens, tree, messages, scheme, options; did you mean \"tree\"?"},
     {"MissingValue", {"--set"}, "--set needs a value"},
     {"MissingShortValue", {"a.c", "-j"}, "--jobs needs a value"},
     // Taken for a plain switch it would write the file.
@@ -85,12 +85,13 @@ const WrongUsage kWrong[] = {
     {"EmptyOptionalValue", {"-i", "--backup=", "a.c"}, "leave the \"=\" out"},
     {"BackupInAnotherFolder", {"-i", "--backup=a/b", "a.c"}, "\"a/b\""},
     {"MisspeltSwitch", {"--in-plac=1"}, "\"--in-place\""},
-    {"InPlaceAndDiff", {"-i", "--diff", "a.c"}, "exclude each other"},
-    {"QuietAndVerbose", {"-q", "-v"}, "exclude each other"},
-    {"BackupWithoutInPlace", {"--backup", "a.c"}, "--backup goes with -i"},
+    {"InPlaceAndDiff", {"-i", "--diff", "a.c"}, "excludes"},
+    {"QuietAndVerbose", {"-q", "-v"}, "excludes"},
+    {"BackupWithoutInPlace", {"--backup", "a.c"}, "--backup requires --in-place"},
     {"NameOfNoInput", {"--stdin-filename", "a.c", "b.c"}, "--stdin-filename"},
-    {"JobsNoNumber", {"-j", "two"}, "\"two\""},
-    {"UnknownColor", {"--color=red"}, "--color takes auto, always, never, not \"red\""},
+    {"JobsNoNumber", {"-j", "two"}, "--jobs: Value two not in range"},
+    {"JobsBeyondReason", {"-j", "1025"}, "--jobs: Value 1025 not in range"},
+    {"UnknownColor", {"--color=red"}, "--color: \"red\" is none of auto, always, never"},
     {"UnknownMessageFormat", {"--message-format=xml"}, "xml"},
 };
 

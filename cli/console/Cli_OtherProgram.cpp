@@ -1,4 +1,4 @@
-#include "cli/run/Cli_OtherProgram.h"
+#include "cli/console/Cli_OtherProgram.h"
 
 #include <cerrno>
 #include <cstdlib>

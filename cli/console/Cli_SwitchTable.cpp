@@ -1,4 +1,4 @@
-#include "cli/run/Cli_SwitchTable.h"
+#include "cli/console/Cli_SwitchTable.h"
 
 namespace Cli {
 

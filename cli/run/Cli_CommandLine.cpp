@@ -1,14 +1,14 @@
-#include "cli/console/Cli_Options.h"
+#include "cli/run/Cli_CommandLine.h"
 
 #include "addin/Addin_Extensions.h"
 #include "cli/console/Cli_Printable.h"
-#include "cli/run/Cli_SwitchTable.h"
+#include "cli/console/Cli_SwitchTable.h"
 #include "cli/scheme/Cli_NearestName.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <charconv>
+#include <initializer_list>
 #include <map>
 #include <thread>
 
@@ -18,6 +18,8 @@ namespace {
 
 /// Marks a switch that was given without the argument it may have. No argument can be this one.
 constexpr const char* kNoArgument = "\n";
+
+constexpr unsigned kMostJobs = 1024;
 
 std::vector<std::string_view> choicesOf(const Switch& row) {
     std::vector<std::string_view> choices;
@@ -39,11 +41,13 @@ const Switch* findSwitch(std::string_view name) {
     return nullptr;
 }
 
-[[noreturn]] void refuseChoice(const Switch& row, const std::string& typed) {
+/// What is wrong with `typed` as the argument of the switch; empty if nothing is.
+std::string choiceFault(const Switch& row, const std::string& typed) {
     const std::vector<std::string_view> choices = choicesOf(row);
-    std::string text = dashed(row.name) + " takes";
+    if (std::find(choices.begin(), choices.end(), typed) != choices.end()) return {};
+    std::string text = '"' + typed + "\" is none of";
     for (std::size_t i = 0; i < choices.size(); ++i) text.append(i == 0 ? " " : ", ").append(choices[i]);
-    throw CLI::ValidationError(text + ", not \"" + typed + '"' + nearestNameHint(typed, choices));
+    return text + nearestNameHint(typed, choices);
 }
 
 /// Refuses "--in-place=no", which would write all the same, and "--scheme=" in front of a file, which
@@ -75,6 +79,7 @@ public:
 
 private:
     void add(const Switch& row);
+    void exclude(const std::string& name, std::initializer_list<const char*> others);
     void refuseUnknown() const;
     bool has(const std::string& name) const { return given(name).count() > 0; }
     const CLI::Option& given(const std::string& name) const { return *app_.get_option(dashed(name)); }
@@ -97,6 +102,15 @@ CommandLine::CommandLine() {
     app_.allow_extras();
     for (const Switch& row : switchTable()) add(row);
     app_.add_option("FILE", files_);
+    exclude("in-place", {"check", "diff", "dump"});
+    exclude("dump", {"check", "diff"});
+    exclude("quiet", {"verbose"});
+    app_.get_option("--backup")->needs(app_.get_option("--in-place"));
+    app_.get_option("--jobs")->check(CLI::Range(0U, kMostJobs));
+}
+
+void CommandLine::exclude(const std::string& name, std::initializer_list<const char*> others) {
+    for (const char* other : others) app_.get_option(dashed(name))->excludes(app_.get_option(dashed(other)));
 }
 
 void CommandLine::add(const Switch& row) {
@@ -115,6 +129,8 @@ void CommandLine::add(const Switch& row) {
         CLI::Option* option = app_.add_option(names)->expected(1)->allow_extra_args(false);
         option->multi_option_policy(row.repeats ? CLI::MultiOptionPolicy::TakeAll
                                                 : CLI::MultiOptionPolicy::TakeLast);
+        if (row.kind != ArgumentKind::choice) return;
+        option->check([&row](const std::string& typed) { return choiceFault(row, typed); });
     }
 }
 
@@ -173,20 +189,11 @@ std::string CommandLine::last(const std::string& name, const std::string& otherw
 
 template <class Value>
 Value CommandLine::choice(const std::string& name, const std::map<std::string, Value>& values) const {
-    const auto found = values.find(last(name, ""));
-    if (found == values.end()) refuseChoice(*findSwitch(name), last(name, ""));
-    return found->second;
+    return values.at(last(name, ""));
 }
 
 unsigned CommandLine::jobs() const {
-    constexpr unsigned most = 1024;
-    const std::string text = last("jobs", "1");
-    unsigned count = 0;
-    const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), count);
-    if (error != std::errc() || rest != text.data() + text.size() || count > most) {
-        throw CLI::ValidationError("-j takes a number from 0 to " + std::to_string(most) + ", not \"" + text +
-                                   '"');
-    }
+    const unsigned count = has("jobs") ? given("jobs").as<unsigned>() : 1;
     return count != 0 ? count : std::max(1u, std::thread::hardware_concurrency());
 }
 
@@ -225,16 +232,6 @@ Destination CommandLine::destination() const {
 }
 
 void CommandLine::refuseContradictions(const Options& options) const {
-    if (has("in-place") && has("check")) throw CLI::ValidationError("-i and --check exclude each other");
-    if (has("in-place") && has("diff")) throw CLI::ValidationError("-i and --diff exclude each other");
-    if (has("quiet") && has("verbose")) throw CLI::ValidationError("-q and -v exclude each other");
-    if (has("backup") && !has("in-place")) {
-        throw CLI::ValidationError("--backup goes with -i: without it no file is written");
-    }
-    if (options.dump != Dump::none && options.destination != Destination::standardOutput) {
-        throw CLI::ValidationError(
-            "--dump writes to standard output: it goes with none of -i, --check and --diff");
-    }
     const bool readsInput = std::find(options.files.begin(), options.files.end(), "-") != options.files.end();
     if (has("in-place") && readsInput) {
         throw CLI::ValidationError("-i needs files to write back to; standard input is none");
