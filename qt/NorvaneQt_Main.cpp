@@ -1,6 +1,6 @@
 #include "addin/Addin_AddIn.h"
 #include "addin/Addin_UserFolders.h"
-#include "cli/run/Cli_OtherProgram.h"
+#include "cli/console/Cli_OtherProgram.h"
 #include "cli/scheme/Cli_ShippedSchemes.h"
 #include "files/NorvaneUI_DiskFileSystem.h"
 #include "files/Zelmar_Trace.h"

@@ -12,7 +12,8 @@ constexpr Command kCommands[] = {
     {"schemes", "[show NAME|copy NAME NEW|convert]", "List the schemes; show, copy or convert them"},
     {"derive", "PATH... [-o FILE]", "Write the scheme under which some code changes least"},
     {"settings", "[get NAME|set NAME VALUE]", "Show or change your settings"},
-    {"options", "[NAME...|--edit]", "Tell of the options that a scheme can hold, or edit schemes in a window"},
+    {"options", "[NAME...|--edit [FILE]]",
+     "Tell of the options that a scheme can hold, or edit schemes in a window"},
     {"help", "[TOPIC]", "Show a page of the help"},
     {"completion", "bash|zsh|fish", "Write the script that completes words in a shell"},
 };

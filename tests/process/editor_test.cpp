@@ -33,15 +33,18 @@ struct Editor {
     const char* language;
     /// Opens a.c, lays it out by the recipe, and saves it.
     Words arguments;
+    bool showsMessages = true;
 };
+
+constexpr const char* kShowList = "call writefile(map(getqflist(), 'v:val.text'), 'messages')";
 
 const Editor kEditors[] = {
     {"Vim", "vim", "vim --version | grep -q +eval", "vim",
-     {"-Nu", "recipe", "-es", "-c", "edit a.c", "-c", "Kerfline", "-c", "silent! wq", "-c", "cquit"}},
+     {"-Nu", "recipe", "-es", "-c", "edit a.c", "-c", "Kerfline", "-c", kShowList, "-c", "silent! wq", "-c", "cquit"}},
     {"VimOperator", "vim", "vim --version | grep -q +eval", "vim",
-     {"-Nu", "recipe", "-es", "-c", "edit a.c", "-c", "normal gggqG", "-c", "silent! wq", "-c", "cquit"}},
+     {"-Nu", "recipe", "-es", "-c", "edit a.c", "-c", "normal gggqG", "-c", "silent! wq", "-c", "cquit"}, false},
     {"Neovim", "nvim", "command -v nvim", "vim",
-     {"--headless", "-u", "recipe", "-i", "NONE", "-c", "edit a.c", "-c", "Kerfline", "-c", "silent! wq", "-c", "cquit"}},
+     {"--headless", "-u", "recipe", "-i", "NONE", "-c", "edit a.c", "-c", "Kerfline", "-c", kShowList, "-c", "silent! wq", "-c", "cquit"}},
     {"Emacs", "emacs", "command -v emacs", "elisp",
      {"-Q", "--batch", "-l", "recipe", "a.c", "--eval", "(ignore-errors (kerfline-buffer))", "--eval",
       "(save-buffer)"}},
@@ -62,7 +65,8 @@ protected:
     void setScheme(const std::string& options) const {
         folder.write(".kerfline.kls", "Norvane::PropertySet\n1\n\"x\"\n" + options);
     }
-    std::string edited(const std::string& text) const {
+    /// The text as it was saved. What the editor told stands in `told` then.
+    std::string edited(const std::string& text) {
         folder.write("a.c", text);
         Words words = {GetParam().program};
         words.insert(words.end(), GetParam().arguments.begin(), GetParam().arguments.end());
@@ -71,11 +75,13 @@ protected:
                             .environment = {"PATH=" + path, "HOME=" + (folder / ""), "TERM=dumb"}})
                 .finishWithin(std::chrono::seconds(60));
         EXPECT_EQ(finished.status, 0) << finished.out << finished.err;
+        told = folder.read("messages") + finished.err;
         return folder.read("a.c");
     }
 
     TempFolder folder;
     std::string path;
+    std::string told;
 };
 
 TEST_P(EditorRecipe, LaysOutTheBuffer) {
@@ -87,6 +93,7 @@ TEST_P(EditorRecipe, LeavesTheBufferAloneWhateverFails) {
     EXPECT_EQ(edited(kBroken), kBroken);
     setScheme("2 TAB_SIZ 3\n");
     EXPECT_EQ(edited(kUntidy), kUntidy);
+    EXPECT_EQ(told.find("TAB_SIZ") != std::string::npos, GetParam().showsMessages) << told;
     std::filesystem::remove(folder / ".kerfline.kls");
     std::filesystem::create_symlink("gone.kls", folder / ".kerfline.kls");
     EXPECT_EQ(edited(kUntidy), kUntidy);
