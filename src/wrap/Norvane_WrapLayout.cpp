@@ -267,11 +267,48 @@ int WrapLayout::columnBehind(std::string_view text) const {
     return start + spanWidth(behindLastFeed(text), start);
 }
 
+// The "[" of the closure whose body opens at `open`, the brace itself elsewhere.
+std::size_t WrapLayout::headOfCode(std::size_t open) const {
+    static constexpr int kMostTokens = 64;
+    std::size_t at = open;
+    for (int left = kMostTokens; left > 0 && at > 0; --left) {
+        --at;
+        if (text_.closes(at)) at = text_.mate(at);
+        const int kind = text_.kind(at);
+        if (kind == tkOpenBracket) return at;
+        if (kind == tkComma || kind == tkSemicolon || kind == tkAssign || (text_.opens(at) && text_.mate(at) > open)) break;
+    }
+    return open;
+}
+
+// Code is indented from the line in which its head stands, which is also where its closing brace stands.
+// Left where it is when a break moves that line, it would move with the next run.
+int WrapLayout::shiftOfCode(std::size_t open) const {
+    const std::size_t close = text_.mate(open);
+    const std::size_t line = lineStart(headOfCode(open));
+    const bool isMoved = places_[line].indent != kNoBreak && startsLineInText(close);
+    return isMoved ? places_[line].startColumn - sourceColumn(close) : 0;
+}
+
+void WrapLayout::addGap(std::size_t index, int shift, std::string& result) const {
+    const std::string_view gap = text_.gap(index);
+    const std::string_view indent = behindLastFeed(gap);
+    if (shift == 0 || !startsLineInText(index) || text_.kind(index) == tkDirective) {
+        result += gap;
+        return;
+    }
+    result += gap.substr(0, gap.size() - indent.size());
+    const int width = std::max(spanWidth(indent, 0) + shift, 0);
+    result += Zelmar::makeIndent(std::string_view(), state_.wsMode, state_.tabSize, width);
+}
+
 std::string WrapLayout::result() const {
     std::string result;
+    int shift = 0;
     for (std::size_t i = 0; i < text_.size(); ++i) {
+        if (!text_.inCode(i)) shift = i + 1 < text_.size() && text_.inCode(i + 1) ? shiftOfCode(i) : 0;
         if (places_[i].indent == kNoBreak) {
-            result += text_.gap(i);
+            addGap(i, shift, result);
         } else {
             if (!endsLine(text_.token(i - 1))) result += '\n';
             result += indents_[places_[i].indent];

@@ -95,6 +95,9 @@ private:
     bool isStuck(std::size_t index) const;
     int spanWidth(std::string_view span, int column) const;
     int columnBehind(std::string_view text) const;
+    std::size_t headOfCode(std::size_t open) const;
+    int shiftOfCode(std::size_t open) const;
+    void addGap(std::size_t index, int shift, std::string& result) const;
     void addToken(std::size_t index, std::string& result) const;
     void addMovedLine(std::string_view line, int from, int to, std::string& result) const;
 
