@@ -1,5 +1,7 @@
 #include "cpp/Cpp_BraceClassifier.h"
 
+#include "cpp/Cpp_Names.h"
+
 #include <algorithm>
 #include <unordered_map>
 
@@ -31,17 +33,11 @@ bool isClassKey(int type) { return type == tkClass || type == tkStruct || type =
 
 bool isAssignment(int type) { return type == tkAssign || (type >= tkMulAssign && type <= tkOrAssign); }
 
-/// Words behind the parameters of a function, in front of its body.
-bool isTailWord(std::string_view word) {
-    const bool isMacro = std::none_of(word.begin(), word.end(), [](char c) { return c >= 'a' && c <= 'z'; });
-    return isMacro || word == "override" || word == "final" || word == "noexcept";
-}
-
 /// Tokens at the start of a value, but not of a member.
 bool startsValue(int type) {
     switch (type) {
     case tkNumber: case tkCharLiteral: case tkStringLiteral: case tkTrue: case tkFalse: case tkDot: case tkOpenBrace:
-    case tkAmpersand: case tkMinus: case tkIdentifier:
+    case tkAmpersand: case tkMinus:
         return true;
     default:
         return false;
@@ -111,6 +107,7 @@ private:
         // Of the statement that is being read.
         Index first = kNone;
         int count = 0;
+        int names = 0; // behind the key of a class
         bool classKey = false;
         bool enumKey = false;
         bool bases = false;    // behind the ":" of a class head
@@ -167,20 +164,24 @@ private:
         if (isBareControl(kind)) return beginStatement();
         Frame& in = frame();
         begin(i);
+        // What stands among the arguments of a template says nothing of the statement.
+        if (i < argumentsEnd_) return;
         switch (kind) {
         case tkLess:
-            if (mate(i) != kNone) keysFrom_ = mate(i);
+            if (mate(i) != kNone) argumentsEnd_ = mate(i);
             return;
         case tkClass: case tkStruct: case tkUnion:
-            in.classKey = in.classKey || keysFrom_ == kNone || i > keysFrom_;
+            in.classKey = true;
+            in.names = 0;
             return;
         case tkEnum:
-            in.enumKey = in.enumKey || keysFrom_ == kNone || i > keysFrom_;
+            in.enumKey = true;
             return;
         case tkReturn: case tkThrow: case tkNew: case tkDelete: case tkCase: case tkQuestion:
             in.assigned = true;
             return;
         default:
+            if (kind == tkIdentifier && type(next(i)) != tkOpenParen) ++in.names;
             const bool assigns = isAssignment(kind) && prevType() != tkOperator;
             if (assigns || (kind == tkIdentifier && isCoroutineWord(t_.text(i)))) in.assigned = true;
         }
@@ -325,17 +326,34 @@ private:
     // Whether the name in front of the brace stands behind parameters.
     bool isFunctionTail() const {
         const Index close = before(prev_);
-        return type(prev_) == tkIdentifier && type(close) == tkCloseParen && isTailWord(t_.text(prev_)) && !isBehindKey(close);
+        return type(prev_) == tkIdentifier && type(close) == tkCloseParen && endsHead(t_.text(prev_)) && !isBehindKey(close);
     }
+
+    static bool endsHead(std::string_view name) { return isTailWord(name) || looksLikeMacro(name); }
 
     // "struct API(x) S {": whether the macro whose argument ends at `close` follows the key of a class.
     bool isBehindKey(Index close) const { return isClassKey(type(before(before(mate(close))))); }
 
-    // A member ends in a ";" or a "}". Empty braces tell nothing.
+    // Not the values of an object, as in "struct S s{1, 2};": a member ends in a ";" or a "}". Empty braces
+    // tell nothing, but a macro in front of the name of a class is seldom in lower case.
     bool holdsMembers(Index i) const {
-        const int behind = type(next(mate(i)));
-        if (isCode_[i] || frame().count < 3 || (behind != tkSemicolon && behind != tkComma)) return true;
-        return !startsValue(type(next(i)));
+        const Index close = mate(i);
+        const Index first = next(i);
+        const int behind = type(next(close));
+        if (isCode_[i] || frame().names < 2 || (behind != tkSemicolon && behind != tkComma)) return true;
+        if (type(prev_) == tkIdentifier && endsHead(t_.text(prev_))) return true;
+        if (first == close) return frame().names != 2 || looksLikeMacro(t_.text(before(prev_)));
+        return !startsValue(type(first)) && !isList(first, close);
+    }
+
+    // Whether commas part what stands between the braces, or nothing does.
+    bool isList(Index first, Index close) const {
+        if (type(before(close)) == tkCloseBrace) return false;
+        if (next(first) == close) return !looksLikeMacro(t_.text(first));
+        for (Index j = first; j < close; j = next(mate(j) != kNone && mate(j) < close ? mate(j) : j)) {
+            if (type(j) == tkComma) return true;
+        }
+        return false;
     }
 
     // Whether what follows the braces shows that they hold values. A block stands for itself.
@@ -406,7 +424,7 @@ private:
     std::vector<bool> isCode_; // by the bracket that opens
     std::vector<Frame> frames_;
     std::unordered_map<Index, Index> closureHeads_; // by the brace of the body
-    Index keysFrom_ = kNone; // behind the last list of template arguments
+    Index argumentsEnd_ = 0; // the end of the last list of template arguments
     Index prev_ = kNone;
 };
 

@@ -140,6 +140,52 @@ void renamePlainNames(std::vector<ParseToken>& tokens) {
     }
 }
 
+/// Finds the words that stand for "struct" where interfaces are declared: "interface I : J {" and
+/// "MIDL_INTERFACE("uuid") I : J {".
+class InterfaceFinder {
+public:
+    InterfaceFinder(std::string_view source, std::vector<ParseToken>& tokens) : source_(source), tokens_(tokens) {}
+
+    void run() {
+        int before = tkEnd;
+        for (std::size_t i = 0; i < tokens_.size(); i = next(i)) {
+            const bool isName = before == tkDot || before == tkArrow || before == tkStruct || before == tkUnion || before == tkEnum;
+            if (!isName && type(i) == tkIdentifier && isKey(i)) tokens_[i].type = tkStruct;
+            before = type(i);
+        }
+    }
+
+private:
+    int type(std::size_t i) const { return i < tokens_.size() ? int(tokens_[i].type) : int(tkEnd); }
+    std::size_t next(std::size_t i) const {
+        do ++i;
+        while (isCommentOrDirective(type(i)));
+        return i;
+    }
+
+    bool isKey(std::size_t i) const {
+        const std::string_view word = source_.substr(tokens_[i].begin, tokens_[i].end - tokens_[i].begin);
+        if (!word.ends_with("nterface") && !word.ends_with("_INTERFACE")) return false;
+        const bool isMacro = word.ends_with("_INTERFACE");
+        if (!isMacro && word != "interface" && word != "__interface") return false;
+        std::size_t name = next(i);
+        if (!isMacro && type(name) == tkIdentifier && type(next(name)) == tkOpenParen) name = next(name);
+        if (type(name) == tkOpenParen) name = behindString(name);
+        else if (isMacro) return false;
+        const int behind = type(next(name));
+        return type(name) == tkIdentifier && (behind == tkOpenBrace || behind == tkColon);
+    }
+
+    // Behind the parentheses at `open` if they hold one string.
+    std::size_t behindString(std::size_t open) const {
+        const std::size_t close = next(next(open));
+        return type(next(open)) == tkStringLiteral && type(close) == tkCloseParen ? next(close) : tokens_.size();
+    }
+
+    std::string_view source_;
+    std::vector<ParseToken>& tokens_;
+};
+
 } // namespace
 
 Conditional conditionalOf(std::string_view directive) {
@@ -176,6 +222,7 @@ ParserTokens scanForParser(const Zelmar::SourceText& source) {
     result.regionUnclosed = depth > 0;
     if (depth > 0) tokens.pop_back();
     renamePlainNames(tokens);
+    InterfaceFinder(source.text(), tokens).run();
     return result;
 }
 

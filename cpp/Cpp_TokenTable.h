@@ -85,7 +85,7 @@ struct ParserTokens {
 };
 
 /// Scans `source` into tokens for the parser: the stretches under "#if 0" become one directive each,
-/// and C++ keywords where only a name can stand become names.
+/// C++ keywords where only a name can stand become names, and the words of interfaces become "struct".
 ParserTokens scanForParser(const Zelmar::SourceText& source);
 
 /// The kinds of conditional directives, told by their first word.

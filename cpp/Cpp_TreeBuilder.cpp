@@ -62,12 +62,6 @@ bool TreeBuilder::takesPair(Index i) const {
     return type(i) == tkIdentifier && std::find(words.begin(), words.end(), t_.text(i)) != words.end();
 }
 
-/// Upper case throughout, or with the prefix of names that the compiler's own headers use.
-bool TreeBuilder::looksLikeMacro(std::string_view name) {
-    if (name.substr(0, 2) == "__") return true;
-    return std::none_of(name.begin(), name.end(), [](char c) { return c >= 'a' && c <= 'z'; });
-}
-
 /// Whether `word` is one of the words that underscores part in `name`.
 bool TreeBuilder::hasWord(std::string_view name, std::string_view word) {
     for (std::size_t at = name.find(word); at != std::string_view::npos; at = name.find(word, at + 1)) {

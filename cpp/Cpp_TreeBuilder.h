@@ -2,6 +2,7 @@
 #define KERFLINE_CPP_TREEBUILDER_H
 
 #include "cpp/Cpp_BraceClassifier.h"
+#include "cpp/Cpp_Names.h"
 #include "cpp/Cpp_NodePool.h"
 #include "cpp/Cpp_Nodes.h"
 #include "cpp/Cpp_TokenTable.h"
@@ -119,7 +120,6 @@ private:
     bool isMacroRun(Index first, Index last) const;
     bool endsInColons(Index i) const;
     bool continuesName(Index i) const;
-    static bool looksLikeMacro(std::string_view name);
     static bool hasWord(std::string_view name, std::string_view word);
     bool isLoneMacro(Index i) const;
     bool isMacroCall(Index name) const;
@@ -148,7 +148,6 @@ private:
     bool endsAtBracket(Index& j, const DeclHead& head, const HeadScan& met) const;
     bool endsAtParen(Index first, Index& j, const HeadScan& met, DeclHead& head) const;
     bool isMacroInClassHead(Index prev, Index paren) const;
-    bool holdsValues(Index brace, const HeadScan& met) const;
     bool isSpecifierMacro(Index first, Index paren, Index prev) const;
     bool opensDeclarator(Index paren, Index prev) const;
     bool isNameBefore(Index prev) const;
@@ -188,7 +187,6 @@ private:
     bool isVirtual(Index first, Index paren) const;
     static bool looksLikeMacroClass(std::string_view name);
     bool skipTailPiece(FunctionTail& tail);
-    static bool isTailWord(std::string_view text);
     Index skipMacroRun(Index k, bool typed) const;
     Index findInitBody(Index colon) const;
     Ptr<FunctionHeadNode> parseFunctionHead(Index first, Index paren, Index op, bool member, Index end);

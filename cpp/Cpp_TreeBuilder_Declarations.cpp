@@ -26,17 +26,6 @@ constexpr int kMaxTypeWords = 8;
 
 bool endsDeclarator(int type) { return type == tkSemicolon || type == tkComma; }
 
-/// Tokens that can stand at the start of a value, but not of a member.
-bool startsValue(int type) {
-    switch (type) {
-    case tkNumber: case tkCharLiteral: case tkStringLiteral: case tkTrue: case tkFalse: case tkDot: case tkOpenBrace:
-    case tkAmpersand: case tkMinus:
-        return true;
-    default:
-        return false;
-    }
-}
-
 /// Tokens at the start of the width of a bit field.
 bool startsWidth(int type) {
     return type == tkNumber || type == tkIdentifier || type == tkOpenParen || type == tkSizeof || type == tkCharLiteral;
@@ -93,9 +82,7 @@ bool TreeBuilder::endsScan(Index first, Index& j, HeadScan& met, DeclHead& head)
         if (isMacroRun(first, j)) head.kind = DeclKind::Data;
         return true;
     case tkOpenBrace:
-        head.kind = met.enumKey                            ? DeclKind::Enum
-                    : met.classKey && !holdsValues(j, met) ? DeclKind::Class
-                                                           : DeclKind::BraceInit;
+        head.kind = met.enumKey ? DeclKind::Enum : met.classKey && !isValueBrace(j) ? DeclKind::Class : DeclKind::BraceInit;
         return true;
     case tkOpenParen:
         return endsAtParen(first, j, met, head);
@@ -154,7 +141,8 @@ void TreeBuilder::takeHeadWord(Index& j, HeadScan& met, DeclHead& head) const {
 /// Whether a "[" begins the bounds of an array: it is no attribute and belongs to no operator.
 bool TreeBuilder::endsAtBracket(Index& j, const DeclHead& head, const HeadScan& met) const {
     const int prevType = met.prev == kNone ? int(tkEnd) : type(met.prev);
-    if (isAttribute(j)) {
+    const bool leads = met.prev == kNone && t_.mate(j) != kNone; // "[uuid(x)] interface I {"
+    if (isAttribute(j) || leads) {
         j = t_.mate(j);
         return false;
     }
@@ -163,25 +151,6 @@ bool TreeBuilder::endsAtBracket(Index& j, const DeclHead& head, const HeadScan& 
         return false;
     }
     return head.op == kNone || (prevType != tkNew && prevType != tkDelete);
-}
-
-/// Whether the braces behind a class key and its names hold the values of an object and no members, as
-/// in "struct S s{1, 2};": a member ends in a ";" or a "}". Empty braces tell nothing, but a macro in
-/// front of the name of a class is seldom in lower case.
-bool TreeBuilder::holdsValues(Index brace, const HeadScan& met) const {
-    const Index close = t_.mate(brace);
-    if (met.colon || met.names < 2 || close == kNone || !endsDeclarator(nextType(close))) return false;
-    const Index last = t_.significantBefore(brace);
-    if (isTailWord(t_.text(last)) || looksLikeMacro(t_.text(last))) return false;
-    const Index first = nextSig(brace);
-    if (first == close) return met.names == 2 && !looksLikeMacro(t_.text(t_.significantBefore(last)));
-    bool isList = nextSig(first) == close && !looksLikeMacro(t_.text(first));
-    for (Index j = first; j < close; j = nextSig(j)) {
-        if (type(j) == tkSemicolon) return false;
-        isList = isList || type(j) == tkComma;
-        if (t_.mate(j) != kNone && t_.mate(j) < close) j = t_.mate(j);
-    }
-    return startsValue(type(first)) || (isList && type(t_.significantBefore(close)) != tkCloseBrace);
 }
 
 /// From "requires" to the last token of its clause: operands between "&&" and "||".
@@ -238,9 +207,10 @@ bool TreeBuilder::endsAtParen(Index first, Index& j, const HeadScan& met, DeclHe
         return true;
     }
     const bool callOperator = head.op != kNone && met.prev == head.op && close != kNone && nextSig(j) == close;
+    const bool behindKey = met.prev != kNone && isClassKey(type(met.prev)) && close != kNone;
     const bool macroInHead = met.classKey && met.names == 1 && head.op == kNone && isMacroInClassHead(met.prev, j);
     const bool specifier = !met.classKey && head.op == kNone && isSpecifierMacro(first, j, met.prev);
-    if (met.colon || callOperator || macroInHead || specifier) { // behind a colon a macro among the base classes
+    if (met.colon || callOperator || behindKey || macroInHead || specifier) { // behind a colon a macro among the base classes
         j = close;
         return false;
     }

@@ -145,10 +145,6 @@ bool TreeBuilder::looksLikeMacroClass(std::string_view name) {
     return looksLikeMacro(name.substr(0, name.find('_'))) && name.find("::") == std::string_view::npos;
 }
 
-bool TreeBuilder::isTailWord(std::string_view text) {
-    return text == "override" || text == "final" || text == "noexcept";
-}
-
 /// Steps over one piece that the head does not cover, with code 2 at the first of them. Returns false
 /// at what belongs to no function.
 bool TreeBuilder::skipTailPiece(FunctionTail& tail) {

@@ -7,6 +7,23 @@ namespace {
 class Classes : public testing::TestWithParam<ParseCase> {};
 TEST_P(Classes, BuildTree) { checkTree(GetParam()); }
 
+const ParseCase kInterfaces[] = {
+    {"Interface", "interface I : public J { void g(); };",
+     "Root{ClassDecl{ClassHead{ClassName'struct|I' BaseClauseList{BaseClause'public J'}} "
+     "ClassBody{FunctionDecl{FunctionHead{Return'void' Id'g' ParameterList}}}}}"},
+    {"MacroWithUuid", "MIDL_INTERFACE(\"x\") I : J { };",
+     "Root{ClassDecl{ClassHead{ClassName'struct|( \"x\" ) I' BaseClauseList{BaseClause'J'}} ClassBody}}"},
+    {"AttributeInFront", "[uuid(\"x\")] interface API(\"y\") I { };",
+     "Root{ClassDecl{ClassHead{ClassName'struct|[ uuid ( \"x\" ) ] API ( \"y\" ) I'} ClassBody}}"},
+    {"NamesOfC", "struct interface { int a; }; interface x; int interface(void);",
+     "Root{ClassDecl{ClassHead{ClassName'struct|interface'} ClassBody{DataDecl{Type'int' Id'a'}}} DataDecl{Type'interface' Id'x'} "
+     "FunctionDecl{FunctionHead{Return'int' Id'interface' ParameterList{Parameter'void'}}}}"},
+};
+class Interfaces : public testing::TestWithParam<ParseCase> {};
+TEST_P(Interfaces, BuildTree) { checkTree(GetParam()); }
+INSTANTIATE_TEST_SUITE_P(Parser, Interfaces, testing::ValuesIn(kInterfaces),
+                         [](const auto& row) { return std::string(row.param.name); });
+
 const ParseCase kHeads[] = {
     {"Anonymous", "struct { int a; };", "Root{ClassDecl{ClassHead{ClassName'struct|'} ClassBody{DataDecl{Type'int' Id'a'}}}}"},
     {"Declspec", "class __declspec(dllexport) Foo : public Bar {};",
