@@ -43,6 +43,9 @@ using Source = std::shared_ptr<const Zelmar::SourceText>;
 
 Source sourceOf(std::string text) { return std::make_shared<const Zelmar::SourceText>(std::move(text)); }
 
+/// Each wraps the lines of closures in the expressions that the one before has wrapped.
+constexpr int kMostWraps = 4;
+
 /// One run: the stages that both parses share, and what the run was called with.
 class Run {
 public:
@@ -51,7 +54,7 @@ public:
 
     /// Both return 0, or the number of messages with which the run ends.
     std::int32_t format(const Source& source, std::string& formatted);
-    std::int32_t wrap(const Source& formatted, std::string& wrapped);
+    std::int32_t wrap(Source formatted, std::string& wrapped);
     /// True if no line of the text is to be broken.
     bool fits(std::string_view formatted) const { return CppLineWrapper::leavesAsItIs(*options_, formatted); }
 
@@ -94,14 +97,17 @@ std::int32_t Run::format(const Source& source, std::string& formatted) {
     return 0;
 }
 
-std::int32_t Run::wrap(const Source& formatted, std::string& wrapped) {
-    Cpp::RootNode root;
-    const std::int32_t ended = buildTree(formatted, root);
-    if (ended != 0) return ended;
-    CppLineWrapper wrapper(formatted, options_);
-    root.accept(wrapper);
-    wrapped = wrapper.takeText();
-    return 0;
+std::int32_t Run::wrap(Source formatted, std::string& wrapped) {
+    for (int round = 1;; ++round) {
+        Cpp::RootNode root;
+        const std::int32_t ended = buildTree(formatted, root);
+        if (ended != 0) return ended;
+        CppLineWrapper wrapper(formatted, options_);
+        root.accept(wrapper);
+        wrapped = wrapper.takeText();
+        if (!wrapper.leavesCode() || round == kMostWraps || fits(wrapped)) return 0;
+        formatted = sourceOf(std::move(wrapped));
+    }
 }
 
 } // namespace

@@ -55,6 +55,10 @@ public:
     /// then it need not be parsed for the pass.
     static bool leavesAsItIs(const LayoutOptions& options, std::string_view text);
 
+    /// True if the pass has rewritten an expression that holds the statements of a closure, of which it has
+    /// looked at none.
+    bool leavesCode() const { return leavesCode_; }
+
     /// True if `node` has an extent and a line beyond the margin from its first line to its last.
     /// A node that ends at a line feed has nothing on the line behind it.
     bool overMargin(const Cpp::SyntaxNode& node) const;
@@ -163,6 +167,8 @@ private:
     // Made once, then only read: the numbers of the lines beyond the margin, in order.
     std::vector<std::uint32_t> overLines_;
     std::span<const Cpp::CodeInExpression> code_; // of the tree being visited
+
+    bool leavesCode_ = false;
 
     // Changing from visit to visit. The top is the column of the construct being copied.
     std::vector<int> indentColumns_;

@@ -42,7 +42,11 @@ int CppLineWrapper::indentOfLine(std::uint32_t line) const {
 // expression is too long itself the code is copied along with it. Returns false there.
 bool CppLineWrapper::wrapCodeIn(const Cpp::SyntaxNode& node) {
     const std::vector<const Cpp::CodeInExpression*> codes = codeIn(node);
-    if (codes.empty() || !isOverInCode(node, codes)) return false;
+    if (codes.empty()) return false;
+    if (!isOverInCode(node, codes)) {
+        leavesCode_ = true;
+        return false;
+    }
     for (const Cpp::CodeInExpression* code : codes) {
         copyUpTo(code->block->start());
         const Trn::Position brace = code->block->start();
