@@ -207,6 +207,17 @@ constexpr std::string_view kLines = R"(int sum()
 }
 )";
 
+constexpr std::string_view kLabel = R"(int sum()
+{
+    if (failed()) goto end;
+    add();
+    end:
+    return 0;
+}
+)";
+constexpr std::string_view kCasts = R"(int n = (int)x + static_cast<int>(y);
+)";
+
 constexpr auto kSamples = std::to_array<Sample>({
     {"GLOBAL_INDENT_CONTENT", kFour, kLinkageLines, {}},
     {"GLOBAL_WS_AFTER_OPEN_BRACE", kNewLine, kLinkage, {}},
@@ -343,6 +354,10 @@ constexpr auto kSamples = std::to_array<Sample>({
     {"KEEP_ONE_LINERS", kOn, kDefinition, "3 WS_AFTER_FN_OPEN_BRACE \"\\n\"\n3 WS_BEFORE_FN_CLOSE_BRACE \"\\n\"\n"},
     {"KEEP_SHAPE", kOn, kLines, "3 LEFT_MARGIN \"\"\n3 INDENT_FN_CONTENT \"    \"\n"},
     {"WS_WITHIN_ONE_LINE_BRACES", R"("  ")", kDefinition, "1 KEEP_ONE_LINERS 1\n"},
+
+    {"INDENT_LABELS", kNothing, kLabel, "3 INDENT_FN_CONTENT \"    \"\n"},
+    {"WS_AFTER_CAST", kNothing, kCasts, "3 WS_BETWEEN_EXPR_OP_OPERANDS \" \"\n"},
+    {"WS_BEFORE_NAMED_CAST_PAREN", kNothing, kCasts, "3 WS_BETWEEN_EXPR_OP_OPERANDS \" \"\n"},
 });
 
 } // namespace

@@ -128,6 +128,7 @@ constexpr auto kControlStatements = std::to_array<PageOption>({
     indent("INDENT_CS_CASE_LABELS"),
     space("WS_AFTER_CS_CASE_LABELS"),
     indent("INDENT_CS_CASE_CONTENT"),
+    indent("INDENT_LABELS"),
 });
 
 constexpr auto kData = std::to_array<PageOption>({
@@ -150,6 +151,8 @@ constexpr auto kExpressions = std::to_array<PageOption>({
     space("WS_BEFORE_EXPR_CLOSE_PAREN", kGlobalCloseParen),
     space("WS_AFTER_LBRACKET"),
     space("WS_BEFORE_RBRACKET"),
+    space("WS_AFTER_CAST"),
+    space("WS_BEFORE_NAMED_CAST_PAREN"),
 });
 
 // Nothing here acts without the first, so the box has to take out no other.

@@ -218,7 +218,7 @@ void ExprWalk::writeDefault() {
         writeBehindOpener(left);
     } else if (isMark(at_ + 1) || declaresPointer()) {
         writePointer();
-    } else if (Base::isBinaryOperator(next())) {
+    } else if (Base::isBinaryOperator(next()) && next() != Cpp::tkTilde) {
         writeOperator(left);
     } else {
         ++at_;
@@ -250,7 +250,8 @@ bool ExprWalk::opensOperand(std::size_t index) const {
 void ExprWalk::writeBehindOpener(std::size_t opener) {
     const int kind = tokens_.kind(opener);
     noteOperator(kind);
-    if (opener == at_ && Base::isBinaryOperator(kind)) return writeOperand(at_ + 1);
+    // A "~" stays with what it negates.
+    if (opener == at_ && Base::isBinaryOperator(kind) && kind != Cpp::tkTilde) return writeOperand(at_ + 1);
     ++at_;
     const bool sameLine = !hasLineFeed(tokens_.gap(at_));
     if (kind == Cpp::tkSemicolon && sameLine && Base::isBinaryOperator(tokens_.kind(at_))) {

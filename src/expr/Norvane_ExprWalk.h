@@ -125,6 +125,7 @@ private:
     bool declaresInGroup(ExprGroup group, std::size_t open, std::size_t close) const;
     void closeGroup();
     void writeBehindParens(std::size_t open);
+    bool holdsTypeOnly(std::size_t open, std::size_t close) const;
     bool isCast(std::size_t open, std::size_t close) const;
     void writeCall();
     void writeArguments();

@@ -134,7 +134,7 @@ void ExprWalk::closeGroup() {
     if (left.group == ExprGroup::kParens) {
         writeBehindParens(left.open);
     } else if (left.group == ExprGroup::kCast && next() == Cpp::tkOpenParen) {
-        decide(at_ + 1, options_.aroundOperator);
+        decide(at_ + 1, options_.beforeCastParen.set ? options_.beforeCastParen : options_.aroundOperator);
     }
 }
 
@@ -147,26 +147,39 @@ void ExprWalk::writeBehindParens(std::size_t open) {
         ++at_;
         return;
     }
+    const bool hasOwn = options_.afterCast.set && !isHead;
+    const OptionalString& behindCast = hasOwn ? options_.afterCast : options_.aroundOperator;
     switch (next()) {
     case Cpp::tkOpenParen:
-        // The parameters of a declarator, as in "int (*f)(int)".
-        if (isDeclaration()) return;
+        // The parameters of a declarator, as in "int (*f)(int)", or a call of what the group gives.
+        if (isDeclaration() || (hasOwn && !holdsTypeOnly(open, at_))) return;
         [[fallthrough]];
     case Cpp::tkCharLiteral:
     case Cpp::tkNumber:
     case Cpp::tkStringLiteral:
-    case Cpp::tkIdentifier: return decide(operand, options_.aroundOperator);
+    case Cpp::tkIdentifier: return decide(operand, behindCast);
     case Cpp::tkAsterisk:
     case Cpp::tkAmpersand:
     case Cpp::tkMinus:
     case Cpp::tkPlus:
     case Cpp::tkTilde:
         if (!isHead && !isCast(open, at_)) return;
-        decide(operand, options_.aroundOperator);
+        decide(operand, behindCast);
         at_ = operand;
         return;
     default: return;
     }
+}
+
+/// Whether a group can be read as a type: names, keywords, and pointer marks at its end.
+bool ExprWalk::holdsTypeOnly(std::size_t open, std::size_t close) const {
+    const auto isMarkAt = [this](std::size_t i) { return CppExprFormatterBase::isPointerOperator(tokens_.kind(i)); };
+    std::size_t end = close;
+    while (end > open + 1 && isMarkAt(end - 1)) --end;
+    for (std::size_t i = open + 1; i < end; ++i) {
+        if (!isTypePart(tokens_.kind(i)) || isMarkAt(i)) return false;
+    }
+    return end > open + 1;
 }
 
 /// Whether a group in front of an operator is a cast, so that the operator is a prefix: it ends in

@@ -282,7 +282,6 @@ void CppFormatter::visit(Cpp::TextNode& node) {
     exprFormatter_.formatMultiLineToken(node.start(), node.end(), input_, output_);
 }
 
-void CppFormatter::visit(Cpp::LabelNode& node) { copyNode(node); }
 void CppFormatter::visit(Cpp::KeywordNode& node) { copyNode(node); }
 void CppFormatter::visit(Cpp::IdNode& node) { copyNode(node); }
 void CppFormatter::visit(Cpp::TypeNode& node) { copyNode(node); }

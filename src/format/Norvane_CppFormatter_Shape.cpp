@@ -75,7 +75,10 @@ void CppFormatter::beginRead() {
 // A gap can hold statements without a node, such as "using", and the end of the one in front of it.
 void CppFormatter::copyLooseStatements(const Position& end) {
     for (;;) {
-        const std::string_view gap = input_.peekUpTo(end);
+        std::string_view gap = input_.peekUpTo(end);
+        // The first half of a brace that is spelled with two characters.
+        const bool splitsBrace = gap.ends_with('%') && sourceFrom(end).starts_with('>');
+        if (splitsBrace) gap.remove_suffix(1);
         if (gap.find_first_not_of(" \t\n") == std::string_view::npos) return;
         const LooseStatement found = findLooseStatement(gap);
         if (found.begin == std::string_view::npos) return;
@@ -87,7 +90,7 @@ void CppFormatter::copyLooseStatements(const Position& end) {
         copyUpTo(source_.positionOf(begin + found.begin));
         copyUpTo(source_.positionOf(begin + found.end));
         statementOpen_ = !endsStatement(gap.substr(0, found.end));
-        if (gapIsInRegion_) return;
+        if (gapIsInRegion_ || input_.offset() <= begin) return;
     }
 }
 

@@ -302,6 +302,15 @@ void CppFormatter::writeForClause(std::string_view clause, const OptionalString&
     }
 }
 
+// Counted from the construct in whose block it stands, as that of a case label is.
+void CppFormatter::visit(Cpp::LabelNode& node) {
+    copyUpTo(node.start());
+    if (!options_.indentLabels.set || output_.column() != 0) return copyThrough(node.end());
+    const Edge edge(*this, baseIndent(scopeBase()) + options_.indentLabels.value, false);
+    output_.setShape({});
+    copyThrough(node.end());
+}
+
 void CppFormatter::visit(Cpp::CaseNode& node) {
     const std::string_view gap = readUpTo(node.start());
     const std::size_t line = gap.rfind('\n') + 1;

@@ -25,6 +25,7 @@ OptionalString argumentSeparator(const LayoutOptions& options) {
 
 ExprOptions::ExprOptions(const LayoutOptions& options)
     : aroundOperator(options.wsBetweenExprOpOperands), afterCallName(options.wsAfterFnCallName),
+      afterCast(options.wsAfterCast), beforeCastParen(options.wsBeforeNamedCastParen),
       parens{options.wsAfterExprOpenParen, options.wsBeforeExprCloseParen},
       squares{options.wsAfterLbracket, options.wsBeforeRbracket},
       angles{options.wsAfterTpOpenBracket, options.wsBeforeTpCloseBracket},
@@ -37,7 +38,7 @@ ExprOptions::ExprOptions(const LayoutOptions& options)
       initBraces{options.wsAfterDdOpenBrace, options.wsBeforeDdCloseBrace},
       initElements{options.wsBeforeDdComma, options.wsBetweenDdElements, false}, initIndent(options.indentDdContent),
       keepsBreaks(options.keepLineBreaks), joinsStrings(options.lineWrap) {
-    any = aroundOperator.set || afterCallName.set || parens.isSet() || squares.isSet() || angles.isSet() ||
+    any = aroundOperator.set || afterCast.set || beforeCastParen.set || afterCallName.set || parens.isSet() || squares.isSet() || angles.isSet() ||
           callArgs.isSet() || templateArgs.isSet() || asterisk.anchor != PointerAnchor::kAsInSource ||
           ampersand.anchor != PointerAnchor::kAsInSource || beforeInitBrace.set || initBraces.isSet() ||
           initElements.isSet() || initIndent.set || joinsStrings;

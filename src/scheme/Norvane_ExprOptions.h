@@ -42,6 +42,9 @@ struct ExprOptions {
 
     OptionalString aroundOperator;
     OptionalString afterCallName;
+    /// Of casts; not set, they go by aroundOperator.
+    OptionalString afterCast;
+    OptionalString beforeCastParen;
     BracketStyle parens;
     BracketStyle squares;
     BracketStyle angles;

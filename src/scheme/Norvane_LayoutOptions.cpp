@@ -96,6 +96,9 @@ constexpr Row<OptionalString> kStrings[] = {
     {"WS_BETWEEN_AMPERSAND_ANCHOR", &LayoutOptions::wsBetweenAmpersandAnchor},
     {"WRAP_INDENT", &LayoutOptions::wrapIndent},
     {"WS_WITHIN_ONE_LINE_BRACES", &LayoutOptions::wsWithinOneLineBraces},
+    {"INDENT_LABELS", &LayoutOptions::indentLabels},
+    {"WS_AFTER_CAST", &LayoutOptions::wsAfterCast},
+    {"WS_BEFORE_NAMED_CAST_PAREN", &LayoutOptions::wsBeforeNamedCastParen},
 };
 
 constexpr Row<bool> kSwitches[] = {

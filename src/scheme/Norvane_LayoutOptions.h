@@ -139,6 +139,10 @@ struct LayoutOptions {
     bool keepOneLiners = false;
     OptionalString wsWithinOneLineBraces;
 
+    OptionalString indentLabels;
+    OptionalString wsAfterCast;
+    OptionalString wsBeforeNamedCastParen;
+
     // 1 anchors a pointer mark to the name, 0 to the type, -1 leaves it.
     int asteriskAnchor = -1;
     int ampersandAnchor = -1;

@@ -79,6 +79,7 @@ std::string_view propertyFamilyName(PropertyFamily family) {
     case Family::WrappingAndMargins: return "Wrapping and margins";
     case Family::Other: return "Other";
     case Family::SourceLayout: return "Layout of the source";
+    case Family::Refinements: return "Refinements";
     case Family::PageKeys: return "Page keys";
     }
     return "";

@@ -22,6 +22,7 @@ enum class PropertyFamily {
     WrappingAndMargins,
     Other,
     SourceLayout,
+    Refinements,
     PageKeys,
 };
 

@@ -389,6 +389,16 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
     space("WS_WITHIN_ONE_LINE_BRACES", Family::SourceLayout,
           {"In the braces of a one-liner",
            "White space inside the braces of a body that KEEP_ONE_LINERS leaves on one line"}),
+
+    indent("INDENT_LABELS", Family::Refinements,
+           {"Indent of labels",
+            "Indent of labels that \"goto\" names, counted from the construct in whose block they stand"}),
+    space("WS_AFTER_CAST", Family::Refinements,
+          {"After a cast",
+           "White space between a cast such as \"(int)\" and its operand; not set, that around operators"}),
+    space("WS_BEFORE_NAMED_CAST_PAREN", Family::Refinements,
+          {"After a named cast",
+           "White space between \"static_cast<T>\" or its like and the \"(\"; not set, that around operators"}),
 });
 
 constexpr Words kUsesGlobals = {"Use the global settings",
