@@ -155,8 +155,10 @@ void CppLineWrapper::visit(Cpp::ExprNode& node) {
 
 // The next run joins most of the lines broken here and leaves some alone, with an indent of its own. Then
 // there may be room for what was broken, and it would come out otherwise. So the next run is taken in
-// advance, from the lines that stay, until no more of them come in.
+// advance, from the lines that stay, until no more of them come in. A run that keeps breaks and shapes
+// has nothing to join.
 void CppLineWrapper::writeSettled(std::string text, const Rewrite& wrap, const Rewrite& layOut) {
+    if (options_->keepLineBreaks && options_->keepShape) return output_.writeRaw(wrap(text));
     static constexpr int kMostRounds = 6;
     // What reaches beyond the margin for sure is enough: the rest of a line may be a whole file.
     const std::size_t most = static_cast<std::size_t>(rules().rightMargin) + 1;

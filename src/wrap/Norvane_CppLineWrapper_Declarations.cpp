@@ -245,7 +245,8 @@ std::string CppLineWrapper::layOutInitializer(const std::string& text) {
 // Where the next run leaves the rows of a list on lines of their own it also chooses where they start.
 // They are filled from there on at once, or rows would have room for more than they hold.
 std::optional<std::string> CppLineWrapper::rowIndent(const std::string& text, const Rewrite& layOut) {
-    if (!exprWrapper_.fillsLists()) return std::nullopt;
+    const bool keepsRows = options_->keepLineBreaks && options_->keepShape;
+    if (keepsRows || !exprWrapper_.fillsLists()) return std::nullopt;
     const std::string wrapped = wrapInitializer(text, std::nullopt);
     if (wrapped == text) return std::nullopt;
     return indentOfFirstBreak(text, keepStayingBreaks(text, wrapped, layOut(wrapped)));

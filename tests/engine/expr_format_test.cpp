@@ -104,7 +104,7 @@ TEST(Operators, AsPrefixesKeepTheirOperand) {
         {"x ? *p:&q", "x ? *p : &q"},
         // "+" and "~" are not told from operators.
         {"x = +1", "x = + 1"},
-        {"~0", "~ 0"},
+        {"~0", "~0"},
         {"a&~b", "a & ~b"},
     };
     expectLaidOut(kOperatorBlank, cases);
