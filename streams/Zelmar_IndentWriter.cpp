@@ -52,15 +52,20 @@ IndentWriter::IndentWriter(const IndentStreamState& state)
     : indent_(state.indent), keepLeadingWs_(state.keepLeadingWs), wsMode_(state.wsMode),
       tabSize_(std::max(state.tabSize, 1)), line_(std::max(state.line, 1)),
       column_(std::max(state.column, 0)), shape_(state.shape), copiedFeed_(state.copiedFeed),
-      shapeWs_(state.shapeWs) {}
+      shapeWs_(state.shapeWs), firstIndent_(state.lineIndent) {}
 
 IndentStreamState IndentWriter::state() const {
-    return {indent_, keepLeadingWs_, wsMode_, tabSize_, line_, column_, shape_, copiedFeed_, shapeWs_};
+    return {indent_, keepLeadingWs_, wsMode_, tabSize_, line_, column_, shape_, copiedFeed_, shapeWs_,
+            column_ == 0 ? -1 : lineIndent()};
 }
 
 void IndentWriter::setShape(const LineShape& shape) {
     shape_ = shape;
     copiedFeed_ = false;
+}
+
+void IndentWriter::anchorShape(int sourceColumn) {
+    if (shape_.kept && column_ == 0) shape_.shift = indentWidth() - sourceColumn;
 }
 
 void IndentWriter::noteCopiedFeed() {
@@ -92,7 +97,7 @@ void IndentWriter::writeLines(std::string_view text) {
 void IndentWriter::writeRaw(std::string_view text) {
     if (wsMode_ != kWsKeep || text.size() < 2) return writeUnder(text, std::string_view(), true);
     const std::size_t lastLine = text.rfind('\n', text.size() - 2) + 1;
-    if (column_ == 0 || lastLine > 0) lineStart_ = size_ + lastLine;
+    if (column_ == 0 || lastLine > 0) beginLineAt(size_ + lastLine);
     copiedFeed_ = droppedBlank_ = false;
     append(text);
     line_ += static_cast<int>(std::count(text.begin(), text.end(), '\n'));
@@ -179,6 +184,7 @@ int IndentWriter::nextColumn() const {
 
 int IndentWriter::lineIndent() const {
     if (column_ == 0) return indentWidth();
+    if (firstIndent_ >= 0) return firstIndent_;
     const std::string_view line = this->text().substr(std::min(lineStart_, size_));
     const std::string_view visible = dropBlanks(line);
     return visible.empty() ? column_ : textColumn(line.substr(0, line.size() - visible.size()), 0, tabSize_);
@@ -235,7 +241,7 @@ std::string_view IndentWriter::startLine(std::string_view text, std::string_view
     const std::string_view rest = keepLeadingWs ? text : visible;
     const bool blank = droppedBlank_ || visible.size() < text.size();
     droppedBlank_ = blank && rest.empty();
-    if (!rest.empty()) lineStart_ = size_;
+    if (!rest.empty()) beginLineAt(size_);
     if (rest.empty() || rest.front() == '\n') return rest;
     if (!mayGoOn(joinedChar(this->text()), visible.empty() ? '\n' : visible.front())) {
         writeIndent(indent);

@@ -43,6 +43,8 @@ struct IndentStreamState {
     // Of a line that is still to begin: it goes on a copied text, with this white space in front.
     bool copiedFeed = false;
     std::string shapeWs = {};
+    /// Of a line that has begun: the column of its first character, or -1 if nobody knows.
+    int lineIndent = -1;
 };
 
 /// Appends text to a string and puts the current indent in front of every line.
@@ -98,6 +100,9 @@ public:
     void setKeepLeadingWs(bool keep) { keepLeadingWs_ = keep; }
     /// Takes effect behind the next line feed.
     void setShape(const LineShape& shape);
+    /// At the start of a line: it stands at the indent, and the lines behind it keep their distance from
+    /// it. `sourceColumn` is the column of its first character in the text that it is copied from.
+    void anchorShape(int sourceColumn);
     /// Says that the line feed written last was one of the source, however it was written.
     void noteCopiedFeed();
     /// Both let held-back spaces out first. A tab size below 1 counts as 1.
@@ -165,6 +170,7 @@ private:
     std::string shapedIndent() const;
     std::string tabbedIndent(int width) const;
     void writeIndent(std::string_view indent);
+    void beginLineAt(std::size_t offset) { lineStart_ = offset, firstIndent_ = -1; }
     std::string_view startLine(std::string_view text, std::string_view indent, bool keepLeadingWs);
     // These three write as far as the first line feed and return how much that was.
     std::size_t writeLine(std::string_view text);
@@ -195,6 +201,7 @@ private:
     std::size_t lineStart_ = 0;
     bool copiedFeed_ = false;
     std::string shapeWs_;
+    int firstIndent_ = -1; // of a line that was begun elsewhere
     // Only mode 1 and 2 look at these. Characters are held as ints: -1 means none.
     int pendingSpaces_ = 0;
     int prevChar_ = -1;

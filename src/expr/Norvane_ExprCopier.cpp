@@ -72,9 +72,24 @@ void ExprCopier::copyPlain(std::size_t offset) {
         if (feed != std::string_view::npos) indentLine(at_);
     }
     if (shape_.end > 0 && !keepsShape()) leaveShape();
+    if (nextAnchor_ < anchors_.size()) copyAnchored(offset);
     if (offset <= at_) return;
     output_.write(text.substr(at_, offset - at_));
     at_ = offset;
+}
+
+/// Copies as far as the last line in front of `offset` that is to stand at the indent.
+void ExprCopier::copyAnchored(std::size_t offset) {
+    const std::string_view text = tokens_.text();
+    for (; nextAnchor_ < anchors_.size() && anchors_[nextAnchor_] < offset; ++nextAnchor_) {
+        const std::size_t anchor = anchors_[nextAnchor_];
+        if (anchor < at_) continue;
+        output_.write(text.substr(at_, anchor - at_));
+        at_ = anchor;
+        const std::string_view before = text.substr(0, anchor);
+        const std::size_t lineBegin = before.rfind('\n') + 1;
+        output_.anchorShape(Zelmar::textColumn(before.substr(lineBegin), 0, output_.tabSize()));
+    }
 }
 
 void ExprCopier::keepShapeUpTo(std::size_t close) {

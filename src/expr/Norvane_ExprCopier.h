@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Norvane {
 
@@ -68,6 +69,10 @@ public:
     /// that is the code itself.
     int codeColumn(std::size_t index) const;
 
+    /// The line that token `index` starts stands at the indent, wherever it stands in the source. Said
+    /// before the token is copied, and in the order of the tokens.
+    void anchorLine(std::size_t index) { anchors_.push_back(tokens_.begin(index)); }
+
     /// Copies up to the gap in front of a directive, and the gap and the directive by their rules.
     void copyDirective(std::size_t index, const DirectivePlace& place);
     /// Copies up to the token, and the token with its further lines moved along with its first one.
@@ -88,6 +93,7 @@ private:
     int sourceColumn(std::size_t index) const;
     void copyAsItIs(std::size_t index, std::size_t offset);
     void copyPlain(std::size_t offset);
+    void copyAnchored(std::size_t offset);
     void leaveShape();
     void indentLine(std::size_t lineBegin);
 
@@ -98,6 +104,8 @@ private:
     std::size_t at_ = 0;
     std::size_t nextCode_ = 0;
     std::size_t nextMultiLine_ = 0;
+    std::vector<std::size_t> anchors_; // offsets
+    std::size_t nextAnchor_ = 0;
     Shape shape_;
 };
 

@@ -46,6 +46,9 @@ struct ExprFrame {
     bool addedIndent = false;
     std::size_t indentLength = 0;
     bool keepLeadingWs = false;
+    Zelmar::LineShape shape;
+    /// The column of the line in which such an initialiser opens.
+    int lineColumn = 0;
 };
 
 /// Lays out the tokens of one text in one pass. Every rule decides about the gap in front of a
@@ -148,6 +151,8 @@ private:
     bool writeBraces(std::size_t assign);
     void enterBraces(std::size_t open, std::size_t close);
     void leaveBraces(const ExprFrame& left);
+    bool startsLine(std::size_t index) const;
+    void anchorRow(std::size_t index);
 
     const ExprOptions& options_;
     const DirectivePlace& place_;

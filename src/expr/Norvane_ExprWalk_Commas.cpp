@@ -6,6 +6,7 @@ namespace Norvane {
 
 void ExprWalk::writeComma() {
     endDeclarator();
+    if (frame().addedIndent && depthsAt(at_) == frame().depths) anchorRow(at_ + 1);
     if (isListComma()) return writeListComma();
     const bool declares = frame().group == ExprGroup::kText && isDeclaration();
     if (declares && CppExprFormatterBase::isPointerOperator(next())) return writePointer();

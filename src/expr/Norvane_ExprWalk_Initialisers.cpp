@@ -48,13 +48,34 @@ void ExprWalk::enterBraces(std::size_t open, std::size_t close) {
     if (options_.initElements.isSet()) frame().list = &options_.initElements;
     const bool isDeep = ++indentedBraces_ > kMaxIndentedBraces;
     if (isDeep || !options_.initIndent.set || copier_.keepsShape()) return;
+    // Elements that begin on the line of the brace have the shape that the author gave them.
+    const bool breaks = startsLine(open + 1) || options_.initBraces.afterOpen.breaksLine() || keepsComment;
+    if (output_.shape().kept && !breaks) return;
     frame().addedIndent = true;
+    frame().lineColumn = output_.lineIndent();
+    frame().shape = output_.shape();
     frame().indentLength = output_.indent().size();
     frame().keepLeadingWs = output_.keepLeadingWs();
     output_.setIndent(output_.indent() + options_.initIndent.value);
     output_.setKeepLeadingWs(false);
+    anchorRow(open + 1);
 }
 
+bool ExprWalk::startsLine(std::size_t index) const {
+    return tokens_.endsLine(index - 1) || hasLineFeed(tokens_.gap(index));
+}
+
+/// A row of an initialiser stands at the indent and takes its further lines along; so do the comments
+/// in front of it.
+void ExprWalk::anchorRow(std::size_t index) {
+    if (!output_.shape().kept) return;
+    for (; index < frame().end; ++index) {
+        if (startsLine(index) && tokens_.kind(index) != Cpp::tkDirective) copier_.anchorLine(index);
+        if (!Cpp::isCommentOrDirective(tokens_.kind(index))) return;
+    }
+}
+
+/// A closing brace on a line of its own stands below the line of its partner.
 void ExprWalk::leaveBraces(const ExprFrame& left) {
     settle();
     copier_.copyTo(tokens_.gapBegin(left.end));
@@ -62,6 +83,9 @@ void ExprWalk::leaveBraces(const ExprFrame& left) {
     if (!left.addedIndent) return;
     output_.setIndent(output_.indent().substr(0, left.indentLength));
     output_.setKeepLeadingWs(left.keepLeadingWs);
+    if (left.shape.kept) output_.setShape(left.shape);
+    const bool placed = left.beforeClose && !copier_.staysBroken(left.end, left.beforeClose->value);
+    if (!placed && !left.keepLeadingWs && startsLine(left.end)) startLineInColumn(left.end, left.lineColumn);
 }
 
 } // namespace Norvane

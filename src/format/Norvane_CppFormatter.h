@@ -319,7 +319,9 @@ private:
 
     // Enumerations.
     bool onSeparateLines(const Cpp::EnumBodyNode& node) const;
-    void writeElements(const Cpp::EnumBodyNode& node);
+    bool ownsRows(const Cpp::EnumBodyNode& node, const BodyStyle& style) const;
+    void writeShapedEnum(const Cpp::EnumBodyNode& node, const BodyStyle& style);
+    void writeElements(const Cpp::EnumBodyNode& node, const OptionalString& indent);
 
     // Templates.
     void writeTemplateParams(Cpp::ParameterListNode& list);

@@ -50,6 +50,7 @@ void CppFormatter::writeChildren(Cpp::InteriorNode& node, const OptionalString& 
     const Edge edge(*this, indent);
     const ChildScope scope(*this);
     const LineNote outer = std::exchange(lineNote_, LineNote());
+    const bool isEnum = dynamic_cast<const Cpp::EnumBodyNode*>(&node) != nullptr;
     for (auto it = node.childBegin(); it != node.childEnd(); ++it) {
         // Only the declarators right behind a class body belong to it.
         if (afterClassBody_ && dynamic_cast<const Cpp::DataDeclNode*>(it->get()) == nullptr) {
@@ -58,6 +59,8 @@ void CppFormatter::writeChildren(Cpp::InteriorNode& node, const OptionalString& 
         beginChild(**it);
         (*it)->accept(*this);
         endChild(**it);
+        // Enumerators are told apart by commas.
+        if (isEnum) statementOpen_ = false;
         settleLineNote();
         if (!afterCaseLabel_) continue;
         afterCaseLabel_ = false;

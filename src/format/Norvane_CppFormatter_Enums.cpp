@@ -2,6 +2,7 @@
 
 #include "src/expr/Norvane_Gap.h"
 #include "src/format/Norvane_CppFormatter_Guards.h"
+#include "src/format/Norvane_CppFormatter_Text.h"
 
 #include <cstdint>
 
@@ -23,7 +24,9 @@ void CppFormatter::visit(Cpp::EnumDeclNode& node) {
 void CppFormatter::visit(Cpp::EnumBodyNode& node) {
     const BodyStyle style{options_.indentEnumContent, options_.wsAfterEnumOpenBrace, options_.wsBeforeEnumCloseBrace};
     const bool isList = options_.wsBeforeEnumComma.set || options_.wsBetweenEnumElements.set || options_.alignEnumInitializers;
-    if (node.empty() || !isList || !hasBrace(node)) return writeBody(node, style);
+    if (node.empty() || !hasBrace(node)) return writeBody(node, style);
+    if (ownsRows(node, style)) return writeShapedEnum(node, style);
+    if (!isList) return writeBody(node, style);
     writeBodyStart(node, style, true);
     copyThrough(node.start());
     const bool oneLine = isOneLiner(node);
@@ -33,8 +36,22 @@ void CppFormatter::visit(Cpp::EnumBodyNode& node) {
     const int column = closeColumn();
     const ShapeScope shape(*this);
     writeOpenBrace(node, used);
-    writeElements(node);
+    writeElements(node, style.indent);
     writeCloseBrace(node, used, column);
+}
+
+// Elements that begin on the line of the brace have the shape that the author gave them.
+bool CppFormatter::ownsRows(const Cpp::EnumBodyNode& node, const BodyStyle& style) const {
+    if (!keepsShape() || style.wsAfterOpen.breaksLine() || node.start().line == node.end().line) return false;
+    if (options_.wsBeforeEnumComma.breaksLine() || options_.wsBetweenEnumElements.breaksLine()) return false;
+    return !isNote(*node.child(0)) && node.child(0)->start().line == node.start().line;
+}
+
+void CppFormatter::writeShapedEnum(const Cpp::EnumBodyNode& node, const BodyStyle& style) {
+    writeBodyStart(node, style, true);
+    writeOpenBrace(node, style);
+    writeElements(node, noWs());
+    writeCloseBrace(node, {noWs(), style.wsAfterOpen, style.wsBeforeClose}, base().column);
 }
 
 // A value between the elements that breaks no line joins those that no line comment and no directive
@@ -55,8 +72,8 @@ bool CppFormatter::onSeparateLines(const Cpp::EnumBodyNode& node) const {
 }
 
 // The elements are laid out as one text, commas and comments included.
-void CppFormatter::writeElements(const Cpp::EnumBodyNode& node) {
-    const Edge edge(*this, options_.indentEnumContent);
+void CppFormatter::writeElements(const Cpp::EnumBodyNode& node, const OptionalString& contentIndent) {
+    const Edge edge(*this, contentIndent);
     const Cpp::SyntaxNode& last = *node.child(node.size() - 1);
     const bool oneLine = isOneLiner(node.child(0)->start(), last.end());
     const OneLine line(*this, node.child(0)->start(), oneLine);

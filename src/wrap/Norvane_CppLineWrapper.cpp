@@ -104,11 +104,14 @@ std::string CppLineWrapper::continuationIndent() const {
 }
 
 Zelmar::IndentStreamState CppLineWrapper::state() const {
-    return {output_.indent(), output_.keepLeadingWs(), options_->convertWs, options_->tabSize, output_.line(), output_.column()};
+    return stateWith(output_.indent());
 }
 
 Zelmar::IndentStreamState CppLineWrapper::stateWith(const std::string& indent) const {
-    return {indent, output_.keepLeadingWs(), options_->convertWs, options_->tabSize, output_.line(), output_.column()};
+    Zelmar::IndentStreamState state = output_.state();
+    state.indent = indent;
+    state.wsMode = options_->convertWs;
+    return state;
 }
 
 void CppLineWrapper::visitChildren(Cpp::InteriorNode& node) {
