@@ -25,7 +25,7 @@ Trn::Message refusal(std::string_view text, const Trn::Position& position = {}) 
     return {Trn::kSeverityError, position, 0, std::string(text)};
 }
 
-Trn::Position positionOf(const std::string& text, std::size_t offset) {
+Trn::Position positionOf(std::string_view text, std::size_t offset) {
     const auto lines = std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(offset), '\n');
     const std::size_t lineFeed = offset == 0 ? std::string::npos : text.rfind('\n', offset - 1);
     const std::size_t lineStart = lineFeed == std::string::npos ? 0 : lineFeed + 1;
@@ -33,7 +33,7 @@ Trn::Position positionOf(const std::string& text, std::size_t offset) {
 }
 
 /// Why the engine must not be given `text`; nothing if it may be.
-std::optional<Trn::Message> faultOf(const std::string& text) {
+std::optional<Trn::Message> faultOf(std::string_view text) {
     if (text.size() > kLargestSource) return refusal(Texts::kTooLarge);
     // White space of one byte would shift all that follows.
     if (isMarkedUtf32(text)) return refusal(Texts::kUtf32);
@@ -95,17 +95,18 @@ FormatResult FormatJob::guarded(const std::function<FormatResult()>& action) {
     }
 }
 
-FormatResult FormatJob::run(const Norvane::PropertySet& scheme, const std::string& source, const Store& store) {
+FormatResult FormatJob::run(const Norvane::PropertySet& scheme, std::string text, const Store& store) {
     if (!pump()) return FormatResult::cancelled;
+    const auto source = std::make_shared<const Zelmar::SourceText>(std::move(text));
     std::string result;
     Trn::MessageList messages;
     if (!format(scheme, source, result, messages)) return refuse(messages);
-    return finish(source, result, store);
+    return finish(source->text(), result, store);
 }
 
-bool FormatJob::format(const Norvane::PropertySet& scheme, const std::string& source, std::string& result,
+bool FormatJob::format(const Norvane::PropertySet& scheme, const Source& source, std::string& result,
                        Trn::MessageList& messages) {
-    if (const auto fault = faultOf(source)) {
+    if (const auto fault = faultOf(source->text())) {
         messages.push_back(*fault);
         return false;
     }
@@ -120,7 +121,7 @@ bool FormatJob::format(const Norvane::PropertySet& scheme, const std::string& so
     return false;
 }
 
-FormatResult FormatJob::finish(const std::string& source, const std::string& result, const Store& store) {
+FormatResult FormatJob::finish(std::string_view source, const std::string& result, const Store& store) {
     if (!tell(Texts::kWriting)) return FormatResult::cancelled;
     FormatResult outcome = FormatResult::unchanged;
     if (result != source) {
@@ -131,7 +132,7 @@ FormatResult FormatJob::finish(const std::string& source, const std::string& res
     return outcome;
 }
 
-bool FormatJob::isObjectedTo(const std::string& source, const std::string& result) {
+bool FormatJob::isObjectedTo(std::string_view source, const std::string& result) {
     if (!bench_.gate) return false;
     const auto objection = bench_.gate(fullName_, source, result);
     if (objection) {

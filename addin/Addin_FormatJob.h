@@ -5,9 +5,11 @@
 #include "addin/Addin_Messages.h"
 #include "files/NorvaneUI_FileSystem.h"
 #include "src/scheme/Norvane_PropertySet.h"
+#include "streams/Zelmar_SourceText.h"
 #include "trn/Trn_Message.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -41,7 +43,7 @@ struct Objection {
 
 /// Asked with the path, the source and the result, both in line feeds, before anything is written.
 /// With an objection the source stays. No function: nothing is ever objected to.
-using Gate = std::function<std::optional<Objection>(const std::string&, const std::string&, const std::string&)>;
+using Gate = std::function<std::optional<Objection>(const std::string&, std::string_view, std::string_view)>;
 
 /// What every formatting works with. Nothing is owned, and all of it outlives the work. Texts can
 /// be formatted on several threads at once if each thread has a bench, and so a host, of its own.
@@ -77,18 +79,20 @@ public:
 
     /// Formats `source`, which is in line feeds, and lets `store` put away what came out. What the
     /// engine has against the text becomes messages, and the source stays as it is.
-    FormatResult run(const Norvane::PropertySet& scheme, const std::string& source, const Store& store);
+    FormatResult run(const Norvane::PropertySet& scheme, std::string source, const Store& store);
 
     /// Copies the file beside itself if the user wants backups. False if that failed.
     bool backUp(const std::string& path);
 
 private:
     bool isCancelled() const { return dialog_ != nullptr && dialog_->cancelled(); }
-    bool format(const Norvane::PropertySet& scheme, const std::string& source, std::string& result,
+    using Source = std::shared_ptr<const Zelmar::SourceText>;
+
+    bool format(const Norvane::PropertySet& scheme, const Source& source, std::string& result,
                 Trn::MessageList& messages);
-    FormatResult finish(const std::string& source, const std::string& result, const Store& store);
+    FormatResult finish(std::string_view source, const std::string& result, const Store& store);
     FormatResult refuse(const Trn::MessageList& messages);
-    bool isObjectedTo(const std::string& source, const std::string& result);
+    bool isObjectedTo(std::string_view source, const std::string& result);
 
     const Workbench& bench_;
     Messages messages_;

@@ -95,7 +95,7 @@ void FormatStage::run(const std::string& text) {
     Trn::MessageList messages;
     Norvane::UpdateFunctor update;
     const Norvane::FormatOptions options(scheme_, Norvane::defaultFormatMarkers());
-    const bool done = Norvane::FormatDriver().format(options, text, result_, messages, update) == 0;
+    const bool done = Norvane::FormatDriver().format(options, std::make_shared<const Zelmar::SourceText>(text), result_, messages, update) == 0;
     message_ = done ? "" : firstMessage(messages);
 }
 

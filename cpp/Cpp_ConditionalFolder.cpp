@@ -46,13 +46,13 @@ struct Group {
 
 class Folder {
 public:
-    Folder(std::string_view source, const std::vector<ParseToken>& tokens, Fold fold)
+    Folder(std::string_view source, std::span<const ParseToken> tokens, Fold fold)
         : source_(source), tokens_(tokens), fold_(fold), hiddenUpTo_(tokens.size(), 0) {}
 
     std::vector<ParseToken> run() {
         findGroups();
         std::vector<ParseToken> result;
-        result.reserve(tokens_.size());
+        result.reserve(tokens_.size() + 1); // a table adds the end
         for (std::size_t i = 0; i < tokens_.size(); ++i) {
             ParseToken token = tokens_[i];
             if (hiddenUpTo_[i] > 0) {
@@ -114,7 +114,7 @@ private:
     }
 
     std::string_view source_;
-    const std::vector<ParseToken>& tokens_;
+    std::span<const ParseToken> tokens_;
     Fold fold_;
     std::vector<Group> open_;
     std::vector<std::size_t> hiddenUpTo_; // by the first token of a hidden stretch its last, else 0
@@ -122,11 +122,11 @@ private:
 
 } // namespace
 
-std::vector<ParseToken> foldConditionals(std::string_view source, const std::vector<ParseToken>& tokens, Fold fold) {
+std::vector<ParseToken> foldConditionals(std::string_view source, std::span<const ParseToken> tokens, Fold fold) {
     return Folder(source, tokens, fold).run();
 }
 
-bool hasConditionals(std::string_view source, const std::vector<ParseToken>& tokens) {
+bool hasConditionals(std::string_view source, std::span<const ParseToken> tokens) {
     for (const ParseToken& token : tokens) {
         if (token.type == tkDirective && !token.isRegion &&
             conditionalOf(source.substr(token.begin, token.end - token.begin)) == Conditional::If)

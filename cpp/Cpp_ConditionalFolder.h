@@ -3,6 +3,7 @@
 
 #include "cpp/Cpp_TokenTable.h"
 
+#include <span>
 #include <vector>
 
 namespace Cpp {
@@ -25,10 +26,10 @@ enum class Fold {
 ///     #endif
 ///
 /// Groups inside a visible branch are folded, too. Without "#if" nothing changes.
-std::vector<ParseToken> foldConditionals(std::string_view source, const std::vector<ParseToken>& tokens, Fold fold);
+std::vector<ParseToken> foldConditionals(std::string_view source, std::span<const ParseToken> tokens, Fold fold);
 
 /// True if the tokens hold a conditional group.
-bool hasConditionals(std::string_view source, const std::vector<ParseToken>& tokens);
+bool hasConditionals(std::string_view source, std::span<const ParseToken> tokens);
 
 } // namespace Cpp
 

@@ -30,6 +30,7 @@ InteriorNode& InteriorNode::operator=(InteriorNode other) noexcept {
 void InteriorNode::swapChildren(InteriorNode& other) noexcept {
     std::swap(children_, other.children_);
     index_.swap(other.index_);
+    std::swap(lastEnd_, other.lastEnd_);
 }
 
 void InteriorNode::setStart(const Trn::Position& position) {
@@ -41,11 +42,21 @@ Trn::Position InteriorNode::start() const {
 }
 
 void InteriorNode::setEnd(const Trn::Position& position) {
-    if (!children_.empty()) children_.back()->setEnd(position);
+    if (children_.empty()) return;
+    children_.back()->setEnd(position);
+    noteEnd();
 }
 
 Trn::Position InteriorNode::end() const {
-    return children_.empty() ? Trn::Position() : children_.back()->end();
+    if (children_.empty()) return {};
+    return lastEnd_.isNone() ? children_.back()->end() : lastEnd_;
+}
+
+// In a chain of "else if" each step ends where the next one does: asked along the chain each time, that
+// would cost the square of its length. A parser adds a node when it is complete.
+void InteriorNode::noteEnd() {
+    const bool isComplete = !children_.empty() && children_.back()->isPooled();
+    lastEnd_ = isComplete ? children_.back()->end() : Trn::Position();
 }
 
 void InteriorNode::accept(Emitter& emitter) { emitter.visit(static_cast<SyntaxNode&>(*this)); }
@@ -57,7 +68,10 @@ InteriorNode::const_iterator InteriorNode::childBegin() const { return children_
 InteriorNode::iterator InteriorNode::childEnd() { return children_.end(); }
 InteriorNode::const_iterator InteriorNode::childEnd() const { return children_.end(); }
 
-void InteriorNode::erase(iterator first, iterator last) { children_.erase(first, last); }
+void InteriorNode::erase(iterator first, iterator last) {
+    children_.erase(first, last);
+    noteEnd();
+}
 
 std::size_t InteriorNode::size() const { return children_.size(); }
 
@@ -92,6 +106,7 @@ void InteriorNode::append(OwnedNode<SyntaxNode> child) {
     if (!child) return;
     if (index_) index_->insert(child.get());
     children_.push_back(std::move(child));
+    noteEnd();
 }
 
 void InteriorNode::addComment(CommentNode* comment) { add(comment); }

@@ -61,11 +61,14 @@ private:
     friend class NodePool;
     using Index = std::unordered_set<const SyntaxNode*>;
 
+    void noteEnd();
     void usePool(std::pmr::memory_resource& pool);
     bool isChild(const SyntaxNode* node);
     bool isListed(const SyntaxNode* node) const;
 
     Children children_;
+    // Where the last child ends, if that is complete; no place if it has to be asked.
+    Trn::Position lastEnd_;
     // Made when add meets many children, so that searching them stays cheap. May hold nodes that
     // have gone since.
     std::unique_ptr<Index> index_;

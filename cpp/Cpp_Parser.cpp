@@ -10,6 +10,7 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -52,26 +53,32 @@ bool hasUnevenBraces(const std::vector<ParseToken>& tokens) {
     return open != 0;
 }
 
+/// The tokens that an attempt without folds was made from.
+std::span<const ParseToken> tokensOf(const Attempt& attempt) { return attempt.root.parsed()->tokens().tokens(); }
+
 /// The best of the attempts with and without the branches of conditional groups.
-Attempt buildFolded(const Source& source, const std::vector<ParseToken>& tokens) {
-    const auto folded = [&](Fold fold) { return build(source, foldConditionals(source->text(), tokens, fold)); };
+Attempt buildFolded(const Source& source, std::vector<ParseToken> tokens) {
     std::optional<Attempt> first;
     if (hasUnevenBraces(tokens)) {
         // As it stands it can't be whole, and most texts are with the first branches alone.
-        first = folded(Fold::UnbalancedKeepFirst);
+        first = build(source, foldConditionals(source->text(), tokens, Fold::UnbalancedKeepFirst));
         if (first->isWhole()) return std::move(*first);
     }
-    Attempt best = build(source, tokens);
-    if (best.isWhole()) return best;
+    Attempt plain = build(source, std::move(tokens));
+    if (plain.isWhole()) return plain;
+    std::optional<Attempt> best;
     // A stray brace alone stops nothing, but it shows that the nesting has been misread.
     for (Fold fold : {Fold::UnbalancedKeepFirst, Fold::UnbalancedKeepLast, Fold::AllKeepFirst, Fold::AllKeepLast}) {
-        Attempt attempt = fold == Fold::UnbalancedKeepFirst && first ? std::move(*first) : folded(fold);
-        if (!attempt.isWhole() && (hasErrors(attempt.messages) || !hasErrors(best.messages))) continue;
+        const bool isMade = fold == Fold::UnbalancedKeepFirst && first;
+        Attempt attempt = isMade ? std::move(*first) : build(source, foldConditionals(source->text(), tokensOf(plain), fold));
         const bool whole = attempt.isWhole();
+        const Attempt& toBeat = best ? *best : plain;
+        if (!whole && (hasErrors(attempt.messages) || !hasErrors(toBeat.messages))) continue;
         best = std::move(attempt);
         if (whole) break;
     }
-    return best;
+    if (best) return std::move(*best);
+    return plain;
 }
 
 } // namespace
@@ -86,7 +93,7 @@ void Parser::parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::MessageList& m
 void Parser::parse(std::shared_ptr<const Zelmar::SourceText> source, RootNode& root, Trn::MessageList& messages) {
     ParserTokens scanned = scanForParser(*source);
     const bool folds = !scanned.regionUnclosed && hasConditionals(source->text(), scanned.tokens);
-    Attempt best = folds ? buildFolded(source, scanned.tokens) : build(source, std::move(scanned.tokens));
+    Attempt best = folds ? buildFolded(source, std::move(scanned.tokens)) : build(source, std::move(scanned.tokens));
     if (scanned.regionUnclosed)
         best.messages.push_back({Trn::kSeverityError, source->positionOf(scanned.last), 1, messageText(1)});
     root.swap(best.root);

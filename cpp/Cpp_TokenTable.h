@@ -5,6 +5,7 @@
 #include "streams/Zelmar_SourceText.h"
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,8 @@ public:
     Index size() const { return static_cast<Index>(tokens_.size() - 1); }
     int type(Index i) const { return tokens_[i].type; }
     const ParseToken& token(Index i) const { return tokens_[i]; }
+    /// All of them, without the end.
+    std::span<const ParseToken> tokens() const { return std::span(tokens_).first(size()); }
     bool isRegion(Index i) const { return tokens_[i].isRegion; }
 
     /// The bracket that belongs to the bracket at `i`, or kNone. A "<" has a partner where it opens a

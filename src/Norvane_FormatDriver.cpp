@@ -112,11 +112,11 @@ std::int32_t Run::wrap(Source formatted, std::string& wrapped) {
 
 } // namespace
 
-std::int32_t FormatDriver::format(const FormatOptions& options, std::string text, std::string& result,
+std::int32_t FormatDriver::format(const FormatOptions& options, Source text, std::string& result,
                                   Trn::MessageList& messages, UpdateFunctor& update) {
     Run run(options, messages, update);
     std::string formatted;
-    const std::int32_t ended = run.format(sourceOf(std::move(text)), formatted);
+    const std::int32_t ended = run.format(text, formatted);
     if (ended != 0) return ended;
     if (run.fits(formatted)) {
         result = std::move(formatted);
@@ -128,7 +128,7 @@ std::int32_t FormatDriver::format(const FormatOptions& options, std::string text
 std::int32_t FormatDriver::format(const FormatOptions& options, std::istream& input, std::ostream& output,
                                   Trn::MessageList& messages, UpdateFunctor& update) {
     std::string result;
-    const std::int32_t ended = format(options, Zelmar::readAll(input), result, messages, update);
+    const std::int32_t ended = format(options, sourceOf(Zelmar::readAll(input)), result, messages, update);
     if (ended == 0) writeAll(result, output);
     return ended;
 }

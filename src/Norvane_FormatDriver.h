@@ -3,10 +3,12 @@
 
 #include "src/Norvane_UpdateFunctor.h"
 #include "src/scheme/Norvane_FormatOptions.h"
+#include "streams/Zelmar_SourceText.h"
 #include "trn/Trn_Message.h"
 
 #include <cstdint>
 #include <istream>
+#include <memory>
 #include <ostream>
 #include <string>
 
@@ -32,8 +34,8 @@ public:
                         Trn::MessageList& messages, UpdateFunctor& update);
     /// The same for a text at hand, which has line feeds only. `result` is replaced, and stays as it
     /// was unless 0 is returned.
-    std::int32_t format(const FormatOptions& options, std::string text, std::string& result,
-                        Trn::MessageList& messages, UpdateFunctor& update);
+    std::int32_t format(const FormatOptions& options, std::shared_ptr<const Zelmar::SourceText> text,
+                        std::string& result, Trn::MessageList& messages, UpdateFunctor& update);
 };
 
 } // namespace Norvane

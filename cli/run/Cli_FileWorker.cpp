@@ -27,8 +27,8 @@ using NorvaneUI::FileKind;
 constexpr std::string_view kNoMemory = "not enough memory for this file";
 
 /// The last line of defence: a fault of the engine must not cost anybody code.
-std::optional<Addin::Objection> objectionTo(const std::string&, const std::string& source,
-                                            const std::string& result) {
+std::optional<Addin::Objection> objectionTo(const std::string&, std::string_view source,
+                                            std::string_view result) {
     const auto difference = Guard::firstDifference(source, result);
     if (!difference) return std::nullopt;
     const Trn::Position place{static_cast<std::uint32_t>(difference->inSource.line),

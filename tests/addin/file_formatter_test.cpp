@@ -305,16 +305,16 @@ TEST_F(FormatFile, GateKeepsTheSource) {
     options.createBackups = true;
     disk.put("/a.cpp", kSource);
     std::string asked;
-    bench.gate = [&](const std::string& path, const std::string& source,
-                     const std::string& result) -> std::optional<Addin::Objection> {
-        asked = path + '|' + source + '|' + result;
+    bench.gate = [&](const std::string& path, std::string_view source,
+                     std::string_view result) -> std::optional<Addin::Objection> {
+        asked = path + '|' + std::string(source) + '|' + std::string(result);
         return Addin::Objection{"the tokens differ", {1, 5}};
     };
     EXPECT_EQ(run(), FormatResult::refused);
     EXPECT_EQ(asked, std::string("/a.cpp|") + kSource + '|' + kResult);
     EXPECT_EQ(host.logged("3"), Lines{"the tokens differ"});
     EXPECT_TRUE(disk.changes.empty());
-    bench.gate = [](const std::string&, const std::string&, const std::string&) { return std::nullopt; };
+    bench.gate = [](const std::string&, std::string_view, std::string_view) { return std::nullopt; };
     EXPECT_EQ(run(), FormatResult::formatted);
 }
 
