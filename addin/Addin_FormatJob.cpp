@@ -101,6 +101,12 @@ FormatResult FormatJob::run(const Norvane::PropertySet& scheme, std::string text
     std::string result;
     Trn::MessageList messages;
     if (!format(scheme, source, result, messages)) return refuse(messages);
+    if (!bench_.lines.empty()) {
+        std::int32_t tabSize = 1;
+        scheme.getInt("TAB_SIZE", tabSize);
+        const std::string& text = source->text();
+        result = Edits::layOutWithin(text, result, Edits::bytesOf(text, bench_.lines), tabSize);
+    }
     return finish(source->text(), result, store);
 }
 

@@ -3,6 +3,7 @@
 
 #include "addin/Addin_Host.h"
 #include "addin/Addin_Messages.h"
+#include "edits/Edits_Ranges.h"
 #include "files/NorvaneUI_FileSystem.h"
 #include "src/scheme/Norvane_PropertySet.h"
 #include "streams/Zelmar_SourceText.h"
@@ -13,6 +14,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Addin {
 
@@ -52,6 +54,8 @@ struct Workbench {
     NorvaneUI::FileSystem& files;
     const AddInOptions& options;
     Gate gate = {};
+    /// If there are any, everything outside of these lines stays as it is, byte for byte.
+    std::vector<Edits::LineRange> lines = {};
 };
 
 /// One text on its way through the engine: what files and documents have in common.

@@ -1,6 +1,8 @@
 #ifndef KERFLINE_CLI_OPTIONS_H
 #define KERFLINE_CLI_OPTIONS_H
 
+#include "edits/Edits_Ranges.h"
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -48,6 +50,12 @@ struct Options {
     bool verifies = true;
     /// As typed: files, folders, "@" and a list, or "-" for standard input. Empty only with a project.
     std::vector<std::string> files;
+    /// If there are any, nothing but these lines of each source is laid out.
+    std::vector<Edits::LineRange> lines;
+    /// Standard input is a patch: the lines that it changes are laid out.
+    bool readsPatch = false;
+    /// The lines are laid out that differ from what git has at this revision.
+    std::optional<std::string> changedSince;
     /// The database of a project's compile commands; empty for none.
     std::string project;
     /// Empty: standard input has no name.

@@ -26,6 +26,12 @@ constexpr Switch kSwitches[] = {
     {"dump", 0, ArgumentKind::choice, "WHAT", "tokens|tree|messages|scheme|options",
      "Show what is seen of each file, the scheme in force, or all options of schemes", SwitchGroup::result},
 
+    {"lines", 0, ArgumentKind::text, "A:B", "",
+     "Lay out lines A to B alone, counted from 1; further --lines add to them", SwitchGroup::files, true},
+    {"changed", 0, ArgumentKind::text, "[=REV]", "",
+     "Lay out the lines alone that differ from what git has at REV, or else at HEAD", SwitchGroup::files},
+    {"from-diff", 0, ArgumentKind::none, "", "",
+     "Lay out the lines alone that a patch on standard input changes", SwitchGroup::files},
     {"project", 0, ArgumentKind::file, "FILE", "",
      "Take the files of a compile_commands.json, and the headers beside them", SwitchGroup::files},
     {"stdin-filename", 0, ArgumentKind::file, "FILE", "",

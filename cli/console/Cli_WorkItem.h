@@ -1,10 +1,12 @@
 #ifndef KERFLINE_CLI_WORKITEM_H
 #define KERFLINE_CLI_WORKITEM_H
 
+#include "edits/Edits_Ranges.h"
 #include "src/scheme/Norvane_PropertySet.h"
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace Cli {
 
@@ -17,6 +19,8 @@ struct WorkItem {
     std::optional<std::string> ignoredBy = {};
     /// Not owned. Null if the source is ignored.
     const Norvane::PropertySet* scheme = nullptr;
+    /// If there are any, nothing but these lines is laid out.
+    std::vector<Edits::LineRange> lines = {};
 };
 
 } // namespace Cli

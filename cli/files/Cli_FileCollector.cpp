@@ -4,13 +4,16 @@
 #include "addin/Addin_Texts.h"
 #include "cli/files/Cli_CompileCommands.h"
 #include "cli/files/Cli_FileIo.h"
+#include "cli/files/Cli_GitChanges.h"
 #include "cli/files/Cli_Paths.h"
+#include "edits/Edits_PatchReader.h"
 #include "files/NorvaneUI_Text.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <istream>
+#include <iterator>
 #include <system_error>
 
 namespace Cli {
@@ -72,6 +75,12 @@ FileCollector::FileCollector(const Options& options, const Addin::AddInOptions& 
     : options_(options), settings_(settings), files_(files), ignored_(ignored), in_(in), report_(report) {}
 
 std::vector<WorkItem> FileCollector::collect() {
+    if (options_.readsPatch) {
+        addPatch(std::string(std::istreambuf_iterator<char>(in_), {}));
+    } else if (options_.changedSince) {
+        addChanged(*options_.changedSince);
+        return std::move(items_);
+    }
     for (const std::string& word : options_.files) addWord(word);
     if (!options_.project.empty()) addProject(options_.project);
     return std::move(items_);
@@ -97,6 +106,23 @@ void FileCollector::addNamed(const std::string& path) {
         addTree(path);
     } else if (isNew(path)) {
         add(path);
+    }
+}
+
+/// The files named on the command line narrow down which changes count.
+void FileCollector::addChanged(const std::string& revision) {
+    const auto patch = gitChanges(revision, options_.files);
+    if (patch) return addPatch(*patch);
+    report_.addGeneral("error", "git could not tell what has changed since \"" + revision + '"');
+    report_.raise(ExitStatus::fileFailed);
+}
+
+void FileCollector::addPatch(std::string_view patch) {
+    for (const Edits::ChangedFile& file : Edits::readPatch(patch)) {
+        if (file.lines.empty() || !Addin::isListedExtension(file.path, settings_.fileExtensions)) continue;
+        if (!isNew(file.path)) continue;
+        add(file.path);
+        items_.back().lines = file.lines;
     }
 }
 

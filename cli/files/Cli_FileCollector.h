@@ -42,6 +42,8 @@ private:
     void addListed(const std::string& path);
     void addTree(const std::string& folder);
     void addProject(const std::string& project);
+    void addChanged(const std::string& revision);
+    void addPatch(std::string_view patch);
     void addHeadersIn(const std::string& folder);
     void addFound(const std::string& path);
     void add(const std::string& path);

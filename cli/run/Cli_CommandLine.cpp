@@ -8,6 +8,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <charconv>
 #include <initializer_list>
 #include <map>
 #include <thread>
@@ -88,6 +89,8 @@ private:
     Value choice(const std::string& name, const std::map<std::string, Value>& values) const;
     unsigned jobs() const;
     BackupChoice backup() const;
+    std::vector<Edits::LineRange> lines() const;
+    std::string changedSince() const;
     Verbosity verbosity() const;
     Destination destination() const;
     void collectEdits(Options& options) const;
@@ -105,6 +108,9 @@ CommandLine::CommandLine() {
     exclude("in-place", {"check", "diff", "dump"});
     exclude("dump", {"check", "diff"});
     exclude("quiet", {"verbose"});
+    exclude("lines", {"from-diff", "changed", "dump"});
+    exclude("from-diff", {"changed", "project", "dump"});
+    exclude("changed", {"project", "dump"});
     app_.get_option("--backup")->needs(app_.get_option("--in-place"));
     app_.get_option("--jobs")->check(CLI::Range(0U, kMostJobs));
 }
@@ -153,7 +159,11 @@ Options CommandLine::parse(int argc, const char* const* argv) {
     options.project = last("project", "");
     options.inputName = last("stdin-filename", "");
     options.files = files_;
-    if (files_.empty() && options.project.empty()) options.files = {"-"};
+    options.lines = lines();
+    options.readsPatch = has("from-diff");
+    if (has("changed")) options.changedSince = changedSince();
+    const bool hasSources = !options.project.empty() || options.readsPatch || options.changedSince;
+    if (files_.empty() && !hasSources) options.files = {"-"};
     options.assumesYes = has("yes");
     options.jobs = jobs();
     options.verbosity = verbosity();
@@ -195,6 +205,29 @@ Value CommandLine::choice(const std::string& name, const std::map<std::string, V
 unsigned CommandLine::jobs() const {
     const unsigned count = has("jobs") ? given("jobs").as<unsigned>() : 1;
     return count != 0 ? count : std::max(1u, std::thread::hardware_concurrency());
+}
+
+std::vector<Edits::LineRange> CommandLine::lines() const {
+    std::vector<Edits::LineRange> ranges;
+    for (const std::string& typed : given("lines").results()) {
+        Edits::LineRange range;
+        const char* const end = typed.data() + typed.size();
+        const auto first = std::from_chars(typed.data(), end, range.first);
+        const bool hasColon = first.ec == std::errc() && first.ptr != end && *first.ptr == ':';
+        const auto last = hasColon ? std::from_chars(first.ptr + 1, end, range.last) : first;
+        if (!hasColon || last.ec != std::errc() || last.ptr != end || range.first < 1 || range.last < range.first) {
+            throw CLI::ValidationError("--lines takes two lines such as 10:20, not \"" + typed + '"');
+        }
+        ranges.push_back(range);
+    }
+    return ranges;
+}
+
+std::string CommandLine::changedSince() const {
+    const std::string typed = last("changed", "");
+    const std::string revision = typed == kNoArgument ? "HEAD" : typed;
+    if (revision.starts_with('-')) throw CLI::ValidationError("--changed takes a revision, not \"" + revision + '"');
+    return revision;
 }
 
 BackupChoice CommandLine::backup() const {
