@@ -22,7 +22,8 @@ bool keepsSource(const PropertyInfo& option) {
 bool isMeasuredAlone(const PropertyInfo& option) {
     constexpr std::string_view kTogether[] = {
         "WS_BETWEEN_ASTERISK_ANCHOR", "WS_BETWEEN_AMPERSAND_ANCHOR", "LINE_WRAP", "DATA_DO_NOT_FORMAT",
-        "FN_DO_NOT_FORMAT",           "LEFT_MARGIN",                 "WRAP_INDENT"};
+        "FN_DO_NOT_FORMAT",           "LEFT_MARGIN",                 "WRAP_INDENT",
+        "ALIGN_FURTHER_LINES",        "INDENT_FURTHER_LINES"};
     return option.formats && std::find(std::begin(kTogether), std::end(kTogether), option.name) == std::end(kTogether);
 }
 
@@ -42,6 +43,7 @@ public:
         measureSpaces(result);
         measureAnchors(result);
         measureSwitches(result);
+        measureFurtherLines(result);
         dropWhatHarms(result);
         measureMargin(result);
         finish(result);
@@ -59,7 +61,7 @@ private:
     }
     void countSteps() {
         for (const PropertyInfo& option : Norvane::propertyCatalogue()) steps_ += isMeasuredAlone(option) ? 1 : 0;
-        steps_ += 5; // both anchors, what harms, exactness, the margin
+        steps_ += 6; // both anchors, further lines, what harms, exactness, the margin
     }
     bool step() {
         ++done_;
@@ -75,9 +77,14 @@ private:
         for (Measure& measure : study_.measureIndents([this] { return step(); })) take(result, std::move(measure));
     }
     void measureSpaces(Derivation& result) {
+        // Refinements take places away from the options that they refine.
+        for (const bool refines : {true, false}) measureSpaces(result, refines);
+    }
+    void measureSpaces(Derivation& result, bool refinements) {
         std::vector<Measure> found;
         for (const PropertyInfo& option : Norvane::propertyCatalogue()) {
-            if (option.kind != PropertyKind::WhiteSpace || !isMeasuredAlone(option)) continue;
+            const bool isRefinement = option.family == Norvane::PropertyFamily::Refinements;
+            if (option.kind != PropertyKind::WhiteSpace || !isMeasuredAlone(option) || isRefinement != refinements) continue;
             if (!step()) return;
             found.push_back(study_.measureSpace(option));
         }
@@ -96,6 +103,10 @@ private:
             if (!step()) return;
             take(result, study_.measureSwitch(option));
         }
+    }
+    void measureFurtherLines(Derivation& result) {
+        if (!step()) return;
+        for (Measure& measure : study_.measureFurtherLines()) take(result, std::move(measure));
     }
     void dropWhatHarms(Derivation& result) {
         if (!step()) return;

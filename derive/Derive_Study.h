@@ -32,6 +32,8 @@ public:
     Measure measureSwitch(const Norvane::PropertyInfo& option);
     /// Where "*" or "&" attaches, with the white space on that side. `mark` is "ASTERISK" or "AMPERSAND".
     std::vector<Measure> measureAnchor(std::string_view mark);
+    /// How far the lines stand on which statements go on, measured on texts without indents.
+    std::vector<Measure> measureFurtherLines();
     std::vector<Measure> measureMargin();
     /// Takes options out of the context that change agreed places of others.
     void dropWhatHarms(std::vector<Measure>& measures);

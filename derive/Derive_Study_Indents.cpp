@@ -24,7 +24,7 @@ constexpr Unit kUnits[] = {{"\t", 8, 0}, {"\t", 4, 0},   {"    ", 4, 0}, {"  ", 
 
 bool isIndentOfContent(const PropertyInfo& option) {
     return option.kind == PropertyKind::Indent && option.formats && option.name != "LEFT_MARGIN" &&
-           option.name != "WRAP_INDENT";
+           option.name != "WRAP_INDENT" && option.name != "INDENT_FURTHER_LINES";
 }
 
 /// Most houses leave these where the construct around them stands.
@@ -140,6 +140,47 @@ std::vector<Measure> Study::measureIndents(const std::function<bool()>& goOn) {
     }
     measures.push_back(std::move(tabs));
     return measures;
+}
+
+std::vector<Measure> Study::measureFurtherLines() {
+    const PropertyInfo* align = Norvane::findProperty("ALIGN_FURTHER_LINES");
+    const PropertyInfo* indent = Norvane::findProperty("INDENT_FURTHER_LINES");
+    const std::vector<Layout> flush = lab_.layOut(context_, spoilt_);
+    Measure best{indent, std::string()};
+    bool bestAligns = false;
+    for (const bool aligns : {true, false}) {
+        for (const std::string& step : {unit_, unit_ + unit_, std::string("    ")}) {
+            PropertySet scheme = with(indent->name, step);
+            scheme.setBool(align->name, aligns);
+            Measure measure{indent, step};
+            const std::vector<Layout> layouts = lab_.layOut(scheme, spoilt_);
+            for (std::size_t i = 0; i < layouts.size(); ++i) {
+                visitDifferences(layouts[i], flush[i], lab_.sources()[i],
+                                 [&](std::string_view wanted, std::string_view, std::string_view found, std::uint32_t offset) {
+                                     ++measure.places;
+                                     if (wanted == found) {
+                                         ++measure.agreeing;
+                                     } else if (measure.dissents.size() < settings_.mostDissents) {
+                                         measure.dissents.push_back({i, offset, 1, 1, std::string(found), std::string(wanted)});
+                                     }
+                                 });
+            }
+            if (measure.agreeing <= best.agreeing) continue;
+            best = std::move(measure);
+            bestAligns = aligns;
+        }
+    }
+    judge(best);
+    if (best.places == 0) return {};
+    PropertySet scheme = with(indent->name, best.value);
+    scheme.setBool(align->name, bestAligns);
+    const std::size_t before = changedLines(context_);
+    const std::size_t changed = changedLines(scheme);
+    best.changedLines = changed - std::min(before, changed);
+    Measure alignment = best;
+    alignment.option = align;
+    alignment.value = bestAligns;
+    return {std::move(alignment), std::move(best)};
 }
 
 } // namespace Derive

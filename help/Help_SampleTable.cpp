@@ -350,6 +350,8 @@ constexpr auto kSamples = std::to_array<Sample>({
     {"TAB_SIZE", "8", kTabs, "2 CONVERT_WS 1\n"},
     {"WS_BETWEEN_CS", kNewLine, kIf, {}},
 
+    {"ALIGN_FURTHER_LINES", kOn, kLines, "1 KEEP_SHAPE 1\n3 WS_AFTER_FN_CALL_NAME \"  \"\n"},
+    {"INDENT_FURTHER_LINES", kFour, kLines, "1 KEEP_SHAPE 1\n"},
     {"KEEP_LINE_BREAKS", kOn, kLines, "3 WS_BETWEEN_EXPR_OP_OPERANDS \" \"\n3 WS_BETWEEN_FN_CALL_ARGS \" \"\n"},
     {"KEEP_ONE_LINERS", kOn, kDefinition, "3 WS_AFTER_FN_OPEN_BRACE \"\\n\"\n3 WS_BEFORE_FN_CLOSE_BRACE \"\\n\"\n"},
     {"KEEP_SHAPE", kOn, kLines, "3 LEFT_MARGIN \"\"\n3 INDENT_FN_CONTENT \"    \"\n"},

@@ -4,6 +4,7 @@
 #include "cpp/Cpp_Parser.h"
 #include "src/format/Norvane_CppFormatter.h"
 #include "src/format/Norvane_CppPreFormatter.h"
+#include "src/format/Norvane_FurtherLines.h"
 #include "src/scheme/Norvane_LayoutOptions.h"
 #include "src/wrap/Norvane_CppLineWrapper.h"
 #include "streams/Zelmar_SourceText.h"
@@ -50,7 +51,8 @@ constexpr int kMostWraps = 4;
 class Run {
 public:
     Run(const FormatOptions& options, Trn::MessageList& messages, UpdateFunctor& update)
-        : preFormatter_(options.markers()), options_(readOptions(options)), messages_(messages), update_(update) {}
+        : markers_(options.markers()), preFormatter_(markers_), options_(readOptions(options)), messages_(messages),
+          update_(update) {}
 
     /// Both return 0, or the number of messages with which the run ends.
     std::int32_t format(const Source& source, std::string& formatted);
@@ -62,6 +64,7 @@ private:
     std::int32_t parse(const Source& source, Cpp::RootNode& root);
     std::int32_t buildTree(const Source& source, Cpp::RootNode& root);
 
+    const FormatMarkerTable& markers_;
     CppPreFormatter preFormatter_;
     Cpp::Parser parser_;
     SharedOptions options_;
@@ -93,7 +96,7 @@ std::int32_t Run::format(const Source& source, std::string& formatted) {
     if (!update_("Formatting file:\n%s")) return endWith(cancelledMessage(), messages_);
     CppFormatter formatter(source, options_);
     root.accept(formatter);
-    formatted = formatter.takeText();
+    formatted = placeFurtherLines(formatter.takeText(), *options_, markers_);
     return 0;
 }
 

@@ -58,6 +58,8 @@ constexpr auto kGlobals = std::to_array<PageOption>({
     apart(flag("KEEP_SHAPE")),
     apart(flag("KEEP_ONE_LINERS")),
     apart(space("WS_WITHIN_ONE_LINE_BRACES")),
+    apart(flag("ALIGN_FURTHER_LINES")),
+    apart(indent("INDENT_FURTHER_LINES")),
 });
 
 constexpr auto kClasses = std::to_array<PageOption>({

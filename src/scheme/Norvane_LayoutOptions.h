@@ -137,6 +137,8 @@ struct LayoutOptions {
     bool keepShape = false;
     bool keepLineBreaks = false;
     bool keepOneLiners = false;
+    bool alignFurtherLines = false;
+    OptionalString indentFurtherLines;
     OptionalString wsWithinOneLineBraces;
 
     OptionalString indentLabels;

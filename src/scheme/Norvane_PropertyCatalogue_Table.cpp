@@ -374,6 +374,14 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
           {"Before \"else\", \"while\" and \"catch\"",
            "White space before the \"else\", \"while\" or \"catch\" that goes on with its statement"}),
 
+    flag("ALIGN_FURTHER_LINES", Family::SourceLayout,
+         {"Align further lines",
+          "Lines on which a statement goes on line up under what its bracket opens with, or under the operand "
+          "that they go on"}),
+    indent("INDENT_FURTHER_LINES", Family::SourceLayout,
+           {"Indent of further lines",
+            "Indent of lines on which a statement goes on, where ALIGN_FURTHER_LINES does not place them: behind "
+            "a bracket or \"=\" that ends its line, and outside of brackets"}),
     flag("KEEP_LINE_BREAKS", Family::SourceLayout,
          {"Keep line breaks",
           "Nothing that stands on lines of its own is joined: a value without a line feed acts where there is "
