@@ -19,7 +19,7 @@ struct Unit {
     std::int32_t conversion;
 };
 
-constexpr Unit kUnits[] = {{"\t", 8, 0}, {"\t", 4, 0},   {"    ", 4, 0}, {"  ", 2, 0},  {"        ", 8, 0},
+constexpr Unit kUnits[] = {{"\t", 8, 0}, {"\t", 8, 2}, {"\t", 4, 0}, {"\t", 4, 2},   {"    ", 4, 0}, {"  ", 2, 0},  {"        ", 8, 0},
                            {"   ", 3, 0}, {"  ", 8, 2},  {"    ", 8, 2}, {"    ", 4, 2}};
 
 bool isIndentOfContent(const PropertyInfo& option) {

@@ -62,6 +62,8 @@ bool endsHead(int keyword) {
            keyword == Cpp::tkCatch;
 }
 
+bool holdsTab(const OptionalString& ws) { return ws.value.find('\t') != std::string::npos; }
+
 bool isShift(int type) { return type == Cpp::tkShiftLeft || type == Cpp::tkShiftRight; }
 bool isMemberAccess(int type) { return type == Cpp::tkDot || type == Cpp::tkArrow; }
 
@@ -76,8 +78,8 @@ public:
     Pass(const Zelmar::SourceText& source, const LayoutOptions& options, const FormatMarkerTable& markers)
         : source_(source), options_(options), markers_(markers),
           table_(source, Cpp::scanForParser(source).tokens), braces_(table_),
-          usesTabs_(options.convertWs == Zelmar::kWsSpacesToTabs ||
-                    options.indentFnContent.value.find('\t') != std::string::npos) {
+          usesTabs_(options.convertWs == Zelmar::kWsSpacesToTabs || holdsTab(options.indentFurtherLines) ||
+                    holdsTab(options.indentFnContent)) {
         step_ = Zelmar::textColumn(options.indentFurtherLines.value, 0, options.tabSize);
         frames_.push_back({});
     }
