@@ -104,8 +104,8 @@ FormatResult FormatJob::run(const Norvane::PropertySet& scheme, std::string text
     if (!bench_.lines.empty()) {
         std::int32_t tabSize = 1;
         scheme.getInt("TAB_SIZE", tabSize);
-        const std::string& text = source->text();
-        result = Edits::layOutWithin(text, result, Edits::bytesOf(text, bench_.lines), tabSize);
+        const std::string_view before = source->text();
+        result = Edits::layOutWithin(before, result, Edits::bytesOf(before, bench_.lines), tabSize);
     }
     return finish(source->text(), result, store);
 }
