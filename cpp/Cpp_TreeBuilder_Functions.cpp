@@ -180,6 +180,8 @@ bool TreeBuilder::skipTailPiece(FunctionTail& tail) {
 TreeBuilder::Index TreeBuilder::skipMacroRun(Index k, bool typed) const {
     const Index only = nextSig(k);
     if (type(only) == tkSemicolon || type(only) == tkOpenBrace) return only;
+    // In front of member initialisers. An access label would begin its line.
+    if (type(only) == tkColon && t_.start(k).line == t_.start(t_.significantBefore(k)).line) return only;
     for (int count = 0; typed && count < kMaxTailMacros && type(k) == tkIdentifier && looksLikeMacro(t_.text(k)); ++count) {
         k = nextSig(k);
         if (type(k) == tkOpenParen && t_.mate(k) != kNone) k = nextSig(t_.mate(k));

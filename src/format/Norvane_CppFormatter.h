@@ -379,6 +379,8 @@ private:
     std::size_t lineEnd_ = std::string_view::npos;
     /// The statement that was written last has not ended yet.
     bool statementOpen_ = false;
+    /// The indentation of the line of the output in which it begins.
+    int statementColumn_ = 0;
     /// Source offset of the statement that is to keep its shape from its first character on, or npos.
     std::size_t shapeStart_ = std::string_view::npos;
     /// The place whose column was asked for last: the next one on its line is counted from there.

@@ -66,7 +66,7 @@ class CppFormatter::ShapeScope {
 public:
     explicit ShapeScope(CppFormatter& formatter)
         : formatter_(formatter), shape_(formatter.output_.shape()), start_(formatter.shapeStart_),
-          open_(formatter.statementOpen_) {
+          open_(formatter.statementOpen_), column_(formatter.statementColumn_) {
         if (!formatter_.ownsShape()) return;
         formatter_.output_.setShape({});
         formatter_.shapeStart_ = std::string_view::npos;
@@ -77,6 +77,7 @@ public:
         formatter_.output_.setShape(shape_);
         formatter_.shapeStart_ = start_;
         formatter_.statementOpen_ = open_;
+        formatter_.statementColumn_ = column_;
     }
     ShapeScope(const ShapeScope&) = delete;
     ShapeScope& operator=(const ShapeScope&) = delete;
@@ -86,6 +87,7 @@ private:
     Zelmar::LineShape shape_;
     std::size_t start_;
     bool open_;
+    int column_;
 };
 
 /// Makes `base` the base column of what is written in the scope.

@@ -126,6 +126,7 @@ void CppFormatter::beginShape() {
     const std::size_t start = std::exchange(shapeStart_, std::string_view::npos);
     if (sourceOwnsEdge()) return;
     const int column = output_.column() == 0 ? output_.indentWidth() : output_.column();
+    statementColumn_ = output_.lineIndent();
     output_.setShape({true, column - sourceColumn(start)});
 }
 

@@ -68,7 +68,10 @@ CppFormatter::Base CppFormatter::beginBlock(const Cpp::BlockNode& node) {
         }
     }
     copyUpTo(start);
-    return lineBase();
+    Base base = lineBase();
+    // A macro in front is the head of the block, and may take several lines.
+    if (keepsShape() && statementOpen_ && !isOutputLineBlank()) base.column = statementColumn_;
+    return base;
 }
 
 // The line of the brace has begun: one line feed of the value is there already, and blanks alone
