@@ -250,7 +250,8 @@ private:
     std::string_view onOneLine(std::string_view value, std::string_view gap, bool oneLine) const;
     const OptionalString& onOneLine(const OptionalString& option, bool oneLine) const;
     const OptionalString& withinBraces(const OptionalString& option) const;
-    void noteLine(std::size_t begin, int line);
+    void noteLine(std::size_t begin, int line, bool isList = false);
+    void noteLists();
     void settleLineNote();
 
     // What constructs hand on to each other.
@@ -403,9 +404,12 @@ private:
     /// Source offsets of the constructs that the passes so far have found too long for one line, and
     /// of those that the current pass finds.
     std::unordered_set<std::size_t> broken_;
-    std::vector<std::size_t> overlong_;
+    std::vector<LineNote> overlong_;
     bool isLastPass_ = false;
+    /// The colon of the list to come stays on its line.
+    bool joinsColon_ = false;
     LineNote lineNote_;
+    std::vector<LineNote> listLines_; // in the order of the lines
     /// Where the heads of code stand, as far as they have been written.
     std::vector<Base> codeBases_;
 

@@ -112,8 +112,10 @@ void CppFormatter::writeInPlace(std::string_view value, const Cpp::SyntaxNode& c
 void CppFormatter::writeBody(Cpp::InteriorNode& node, const BodyStyle& style) {
     const bool braced = hasBrace(node);
     const bool oneLine = isOneLiner(node);
+    const bool isPending = pendingWs_.size() > pendingFloor_ && hasLineFeed(pendingWs_.back().value);
+    const bool breaks = isPending || style.wsAfterOpen.breaksLine() || style.wsBeforeClose.breaksLine();
     writeBodyStart(node, style, braced);
-    const OneLine line(*this, node.start(), oneLine);
+    const OneLine line(*this, node.start(), oneLine && breaks);
     if (oneLine && braced) return writeBracedBody(node, {style.indent, withinBraces(style.wsAfterOpen), withinBraces(style.wsBeforeClose)});
     if (braced) return writeBracedBody(node, style);
     if (node.empty()) {
@@ -264,7 +266,9 @@ void CppFormatter::writeList(Cpp::InteriorNode& list, const ListStyle& style) {
     const std::vector<Cpp::SyntaxNode*> elements = elementsInOrder(list);
     if (elements.empty()) return;
     const bool oneLine = isOneLiner(list);
-    const OneLine line(*this, list.start(), oneLine);
+    const bool joined = std::exchange(joinsColon_, false);
+    const bool breaks = joined || style.wsComma.breaksLine() || style.wsBetween.breaksLine();
+    const OneLine line(*this, list.start(), oneLine && breaks, true);
     writeListOf(elements, {style.wsComma.breaksLine() && oneLine ? noWs() : style.wsComma,
                            onOneLine(style.wsBetween, oneLine), style.rows});
 }

@@ -73,6 +73,7 @@ void CppFormatter::writeColonOf(const Cpp::InteriorNode& list, const OptionalStr
                                 const OptionalString& wsAfter) {
     const std::string_view gap = readUpTo(list.start());
     const bool oneLine = isOneLiner(list) && !hasLineFeed(gap);
+    joinsColon_ = oneLine && (wsBefore.breaksLine() || wsAfter.breaksLine());
     writeColon(gap, onOneLine(wsBefore, oneLine), onOneLine(wsAfter, oneLine), base());
 }
 

@@ -76,7 +76,8 @@ void CppFormatter::writeElements(const Cpp::EnumBodyNode& node, const OptionalSt
     const Edge edge(*this, contentIndent);
     const Cpp::SyntaxNode& last = *node.child(node.size() - 1);
     const bool oneLine = isOneLiner(node.child(0)->start(), last.end());
-    const OneLine line(*this, node.child(0)->start(), oneLine);
+    const bool breaks = options_.wsBeforeEnumComma.breaksLine() || options_.wsBetweenEnumElements.breaksLine();
+    const OneLine line(*this, node.child(0)->start(), oneLine && breaks, true);
     const OptionalString& comma = onOneLine(options_.wsBeforeEnumComma, oneLine);
     const OptionalString& between = onOneLine(options_.wsBetweenEnumElements, oneLine);
     std::string text(readThrough(last.end()));

@@ -46,10 +46,11 @@ private:
 /// Looks at its end whether a construct that was to stay on one line has done so.
 class CppFormatter::OneLine {
 public:
-    OneLine(CppFormatter& formatter, const Position& start, bool active)
-        : formatter_(formatter), begin_(formatter.source_.offsetOf(start)), line_(active ? formatter.output_.line() : 0) {}
+    OneLine(CppFormatter& formatter, const Position& start, bool active, bool isList = false)
+        : formatter_(formatter), begin_(formatter.source_.offsetOf(start)), isList_(isList),
+          line_(active ? formatter.output_.line() : 0) {}
     ~OneLine() {
-        if (line_ > 0) formatter_.noteLine(begin_, line_);
+        if (line_ > 0) formatter_.noteLine(begin_, line_, isList_);
     }
     OneLine(const OneLine&) = delete;
     OneLine& operator=(const OneLine&) = delete;
@@ -57,6 +58,7 @@ public:
 private:
     CppFormatter& formatter_;
     std::size_t begin_;
+    bool isList_;
     int line_; // of the output; 0 if there is nothing to look at
 };
 

@@ -3,6 +3,7 @@
 #include "src/expr/Norvane_Gap.h"
 #include "src/format/Norvane_CppFormatter_Guards.h"
 #include "src/format/Norvane_CppFormatter_Text.h"
+#include "streams/Zelmar_Columns.h"
 
 #include <limits>
 #include <utility>
@@ -27,8 +28,10 @@ void CppFormatter::writeText(Cpp::RootNode& node) {
     for (int pass = 1;; ++pass) {
         isLastPass_ = pass == kLastPass;
         writePass(node);
+        output_.sync();
+        noteLists();
         if (overlong_.empty() || pass > kLastPass) return;
-        broken_.insert(overlong_.begin(), overlong_.end());
+        for (const LineNote& note : overlong_) broken_.insert(note.begin);
         overlong_.clear();
         beginAgain();
     }
@@ -47,6 +50,7 @@ void CppFormatter::beginAgain() {
     shapeStart_ = std::string_view::npos;
     statementOpen_ = false;
     lineNote_ = {};
+    listLines_.clear();
 }
 
 bool CppFormatter::isOneLiner(const Position& start, const Position& end) const {
@@ -76,14 +80,39 @@ const OptionalString& CppFormatter::withinBraces(const OptionalString& option) c
 
 // `begin` is the source offset by which the construct is known, `line` the line of the output that it
 // is to stay on. What follows it at once belongs to the line too.
-void CppFormatter::noteLine(std::size_t begin, int line) {
+void CppFormatter::noteLine(std::size_t begin, int line, bool isList) {
     constexpr int kNoMargin = std::numeric_limits<int>::max();
     const int margin = options_.lineWrap && options_.rightMargin > 0 ? options_.rightMargin : kNoMargin;
     const std::size_t next = input_.offset();
     const bool follows = next < source_.size() && (sourceText()[next] == ';' || sourceText()[next] == ',');
+    if (isList && output_.line() == line) {
+        if (margin != kNoMargin) listLines_.push_back({begin, line});
+        return;
+    }
     if (output_.line() == line && output_.column() + (follows ? 1 : 0) <= margin) return;
-    while (!isLastPass_ && !overlong_.empty() && overlong_.back() > begin) overlong_.pop_back();
-    overlong_.push_back(begin);
+    while (!isLastPass_ && !overlong_.empty() && overlong_.back().begin > begin) overlong_.pop_back();
+    overlong_.push_back({begin, line});
+}
+
+// A list shares its line with what follows, and is where the line would be broken if it were too long. So
+// the line is looked at when it is whole, but for a comment at its end.
+void CppFormatter::noteLists() {
+    if (listLines_.empty()) return;
+    const std::string_view text = output_.text();
+    const int margin = options_.rightMargin;
+    // Where a body on the line is broken there may be room for the list.
+    std::unordered_set<int> brokenLines;
+    for (const LineNote& note : overlong_) brokenLines.insert(note.line);
+    std::size_t begin = 0;
+    int line = 1;
+    for (const LineNote& note : listLines_) {
+        if (brokenLines.contains(note.line)) continue;
+        for (; line < note.line && begin < text.size(); ++line) begin = text.find('\n', begin) + 1;
+        const std::string_view whole = text.substr(begin, text.find('\n', begin) - begin);
+        const std::string_view code = trimmedRight(whole.substr(0, whole.find(" //")));
+        if (Zelmar::textColumn(code, 0, output_.tabSize()) > margin) overlong_.push_back(note);
+    }
+    listLines_.clear();
 }
 
 // Behind a statement that was to stay on the line of what stands in front of it.

@@ -143,8 +143,13 @@ int CppFormatter::sourceColumn(std::size_t offset) {
     return columnThere_;
 }
 
+// What goes on with a statement in its line, as a block behind a macro does, stands by the line in which
+// the statement begins.
 CppFormatter::Base CppFormatter::constructHere() {
-    return keepsShape() ? lineBase() : baseHere();
+    if (!keepsShape()) return baseHere();
+    Base base = lineBase();
+    if (statementOpen_ && !isOutputLineBlank()) base.column = statementColumn_;
+    return base;
 }
 
 CppFormatter::Base CppFormatter::constructAt(const Position& position) {

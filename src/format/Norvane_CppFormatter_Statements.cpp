@@ -68,10 +68,7 @@ CppFormatter::Base CppFormatter::beginBlock(const Cpp::BlockNode& node) {
         }
     }
     copyUpTo(start);
-    Base base = lineBase();
-    // A macro in front is the head of the block, and may take several lines.
-    if (keepsShape() && statementOpen_ && !isOutputLineBlank()) base.column = statementColumn_;
-    return base;
+    return keepsShape() ? constructHere() : lineBase();
 }
 
 // The line of the brace has begun: one line feed of the value is there already, and blanks alone
@@ -106,7 +103,7 @@ void CppFormatter::visit(Cpp::CtrlStmtNode& node) {
     const BaseScope scope(*this, column);
     const bool oneLine = isOneLiner(node);
     if (!oneLine && options_.keepOneLiners && node.start().line == node.end().line) breakParts(node);
-    const OneLine line(*this, node.start(), oneLine);
+    const OneLine line(*this, node.start(), oneLine && separatorOf(node).breaksLine());
     const OptionalString& separator = onOneLine(separatorOf(node), oneLine);
     bool previousNoted = false;
     for (auto it = node.childBegin(); it != node.childEnd(); ++it) {

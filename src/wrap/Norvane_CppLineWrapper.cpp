@@ -161,12 +161,18 @@ void CppLineWrapper::visit(Cpp::ExprNode& node) {
 // advance, from the lines that stay, until no more of them come in. A run that keeps breaks and shapes
 // has nothing to join.
 void CppLineWrapper::writeSettled(std::string text, const Rewrite& wrap, const Rewrite& layOut) {
-    if (options_->keepLineBreaks && options_->keepShape) return output_.writeRaw(wrap(text));
     static constexpr int kMostRounds = 6;
     // What reaches beyond the margin for sure is enough: the rest of a line may be a whole file.
     const std::size_t most = static_cast<std::size_t>(rules().rightMargin) + 1;
     const std::string_view behind = firstLine(source_.text().substr(reader_.offset(), most));
     std::string wrapped = wrap(text);
+    if (options_->keepLineBreaks && options_->keepShape) {
+        for (int round = 0; round < kMostRounds && wrapped != text; ++round) {
+            text = std::move(wrapped);
+            wrapped = exprWrapper_.fits(text, state(), behind) ? text : wrap(text);
+        }
+        return output_.writeRaw(wrapped);
+    }
     for (int round = 0; round < kMostRounds && wrapped != text; ++round) {
         std::string next = keepStayingBreaks(text, wrapped, layOut(wrapped));
         if (next == text) break;
