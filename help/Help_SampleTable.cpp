@@ -72,6 +72,19 @@ unsigned long capacity();
 )";
 constexpr std::string_view kDeclaration = R"(int scale(int width,int height);
 )";
+constexpr std::string_view kClosure = R"(void sortByName(std::vector<Item>& items)
+{
+    std::sort(items.begin(), items.end(), [](const Item& a, const Item& b) {
+      return a.name < b.name;
+    });
+}
+)";
+constexpr std::string_view kValues = R"(std::vector<Point> corners()
+{
+    Point last{0,1};
+    return {Point{0,0}, Point{1,0}, last};
+}
+)";
 constexpr std::string_view kDefinition = R"(int twice(int x) { return 2 * x; }
 )";
 constexpr std::string_view kBody = R"(int twice(int x)
@@ -360,6 +373,13 @@ constexpr auto kSamples = std::to_array<Sample>({
     {"INDENT_LABELS", kNothing, kLabel, "3 INDENT_FN_CONTENT \"    \"\n"},
     {"WS_AFTER_CAST", kNothing, kCasts, "3 WS_BETWEEN_EXPR_OP_OPERANDS \" \"\n"},
     {"WS_BEFORE_NAMED_CAST_PAREN", kNothing, kCasts, "3 WS_BETWEEN_EXPR_OP_OPERANDS \" \"\n"},
+
+    {"INDENT_CLOSURE_CONTENT", kFour, kClosure, {}},
+    {"WS_BEFORE_CLOSURE_OPEN_BRACE", kNewLine, kClosure, "3 INDENT_CLOSURE_CONTENT \"  \"\n"},
+    {"WS_BEFORE_CLOSURE_PARAMS", kBlank, kClosure, {}},
+    {"WS_BEFORE_LIST_OPEN_BRACE", kBlank, kValues, {}},
+    {"WS_BETWEEN_LIST_VALUES", kBlank, kValues, {}},
+    {"WS_WITHIN_LIST_BRACES", kBlank, kValues, {}},
 });
 
 } // namespace

@@ -74,6 +74,11 @@ constexpr auto kExpressions = std::to_array<Text>({
     "as an argument, behind an `=`. An operator with one operand, such as the `-` in `-x`, always stays at "
     "it.",
     "Where taking white space away would glue two words or operators into another one, one blank stays.",
+    "The body of a closure is code: its statements are laid out like those of a function, and indented from the "
+    "line in which the closure begins. A closure on one line stays there. The same goes for code among the "
+    "arguments of a macro, for `({ ... })` and for the braces of `requires`, but for the white space in front of "
+    "these.",
+    "A list of values never changes its lines: the three options for lists act where the source breaks none.",
 });
 
 constexpr auto kLineWrapping = std::to_array<Text>({

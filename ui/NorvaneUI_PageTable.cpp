@@ -155,6 +155,12 @@ constexpr auto kExpressions = std::to_array<PageOption>({
     space("WS_BEFORE_RBRACKET"),
     space("WS_AFTER_CAST"),
     space("WS_BEFORE_NAMED_CAST_PAREN"),
+    space("WS_BEFORE_CLOSURE_PARAMS"),
+    space("WS_BEFORE_CLOSURE_OPEN_BRACE"),
+    indent("INDENT_CLOSURE_CONTENT"),
+    space("WS_BEFORE_LIST_OPEN_BRACE"),
+    space("WS_WITHIN_LIST_BRACES"),
+    space("WS_BETWEEN_LIST_VALUES"),
 });
 
 // Nothing here acts without the first, so the box has to take out no other.

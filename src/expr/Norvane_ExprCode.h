@@ -16,9 +16,11 @@ public:
         std::size_t number = 0; // tells one piece of code from another
         const char* head = nullptr; // what the code belongs to begins here, such as the "[" of a closure
         const char* end = nullptr;  // behind the closing brace
+        bool isClosure = false;
+        bool isApart = false; // laid out by writeCode; otherwise a part of the expression like any other
     };
 
-    /// The code whose braces open at `brace`; nothing if it is a part of the expression like any other.
+    /// The code whose braces open at `brace`; nothing if these hold values.
     virtual std::optional<Extent> find(const char* brace) const = 0;
     /// The first character of the head has been written.
     virtual void noteHead(std::size_t number) = 0;

@@ -69,6 +69,9 @@ void ExprTokens::assign(std::string_view text, const ExprCode* code) {
     tokens_.clear();
     multiLineTokens_.clear();
     codePlaces_.clear();
+    codeBraces_.clear();
+    closureBraces_.clear();
+    closureHeads_.clear();
     scan(code);
     kinds_.resize(tokens_.size());
     mates_.assign(tokens_.size(), kNone);
@@ -91,14 +94,19 @@ void ExprTokens::scan(const ExprCode* code) {
     }
     const auto isBefore = [](const CodePlace& a, const CodePlace& b) { return a.offset < b.offset; };
     std::sort(codePlaces_.begin(), codePlaces_.end(), isBefore);
+    std::sort(closureHeads_.begin(), closureHeads_.end());
 }
 
 bool ExprTokens::takeCode(const Cpp::RawToken& brace, const ExprCode& code) {
     const auto found = code.find(text_.data() + brace.begin);
     if (!found || found->end > text_.data() + text_.size()) return false;
-    if (found->head >= text_.data() && found->head < text_.data() + brace.begin) {
-        codePlaces_.push_back({static_cast<std::size_t>(found->head - text_.data()), found->number, 0});
-    }
+    const bool hasHead = found->head >= text_.data() && found->head < text_.data() + brace.begin;
+    const std::size_t head = hasHead ? static_cast<std::size_t>(found->head - text_.data()) : brace.begin;
+    codeBraces_.push_back(brace.begin);
+    if (found->isClosure) closureBraces_.push_back(brace.begin);
+    if (found->isClosure && hasHead) closureHeads_.push_back(head);
+    if (!found->isApart) return false;
+    if (hasHead) codePlaces_.push_back({head, found->number, 0});
     Cpp::RawToken close = brace;
     close.type = Cpp::tkCloseBrace;
     close.end = static_cast<std::uint32_t>(found->end - text_.data());
@@ -106,6 +114,10 @@ bool ExprTokens::takeCode(const Cpp::RawToken& brace, const ExprCode& code) {
     codePlaces_.push_back({brace.begin, found->number, close.end});
     tokens_.push_back(close);
     return true;
+}
+
+bool ExprTokens::isAmong(const std::vector<std::size_t>& offsets, std::size_t index) const {
+    return !offsets.empty() && std::binary_search(offsets.begin(), offsets.end(), begin(index));
 }
 
 bool ExprTokens::opensCode(std::size_t index) const {

@@ -72,6 +72,12 @@ public:
     bool spansLines(std::size_t index) const { return token(index).find('\n') + 1 < token(index).size(); }
     /// The token opens braces that are not looked into.
     bool opensCode(std::size_t index) const;
+    /// The token opens braces that hold statements, whether these are looked into or not; the second:
+    /// those of a closure.
+    bool opensStatements(std::size_t index) const { return isAmong(codeBraces_, index); }
+    bool opensClosure(std::size_t index) const { return isAmong(closureBraces_, index); }
+    /// The token is the "[" of a closure.
+    bool startsClosure(std::size_t index) const { return isAmong(closureHeads_, index); }
     /// Where code begins, and where what it belongs to begins, in the order of the text.
     struct CodePlace {
         std::size_t offset = 0;
@@ -92,6 +98,7 @@ private:
 
     void scan(const ExprCode* code);
     bool takeCode(const Cpp::RawToken& brace, const ExprCode& code);
+    bool isAmong(const std::vector<std::size_t>& offsets, std::size_t index) const;
     void classify();
     bool maySpanLines(std::size_t index) const;
     void classifyAngle(std::size_t index);
@@ -109,6 +116,10 @@ private:
     std::vector<std::size_t> mates_;
     std::vector<std::size_t> multiLineTokens_;
     std::vector<CodePlace> codePlaces_;
+    // Offsets, in order.
+    std::vector<std::size_t> codeBraces_;
+    std::vector<std::size_t> closureBraces_;
+    std::vector<std::size_t> closureHeads_;
     // Only used while the mates are found; kept for their memory.
     std::vector<std::size_t> openParens_;
     std::vector<std::size_t> openBraces_;

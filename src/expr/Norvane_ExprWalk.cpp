@@ -292,6 +292,8 @@ void ExprWalk::noteOperator(int kind) {
 void ExprWalk::writeBlock() {
     if (tokens_.opensCode(at_)) return writeCode();
     const std::size_t close = mateInFrame(at_);
+    if (isList(at_, close)) return writeList(close);
+    writeClosureBrace();
     // Behind an operator the closing brace could be drawn up to the line before.
     if (close != ExprTokens::kNone && !output_.keepLeadingWs() && isStatementEnd(tokens_.kind(close - 1))) {
         settle();
@@ -306,8 +308,10 @@ void ExprWalk::writeCode() {
     settle();
     copier_.copyTo(tokens_.gapBegin(at_));
     const int column = copier_.codeColumn(at_);
+    const bool isPlaced = tokens_.opensClosure(at_) && options_.beforeClosureBrace.set && column >= 0;
     const bool ownsLine = !output_.keepLeadingWs() && !output_.shape().kept && hasLineFeed(tokens_.gap(at_));
-    if (ownsLine && column >= 0) startLineInColumn(at_, column);
+    if (isPlaced) decide(at_, options_.beforeClosureBrace.value, Place::kColumn, column);
+    else if (ownsLine && column >= 0) startLineInColumn(at_, column);
     ++at_;
     writeDefault();
 }

@@ -14,7 +14,7 @@
 namespace Norvane {
 
 /// What a bracketed group is, or the whole text.
-enum class ExprGroup { kText, kParens, kCall, kSquares, kTemplateArgs, kCast, kInitialiser };
+enum class ExprGroup { kText, kParens, kCall, kSquares, kTemplateArgs, kCast, kInitialiser, kList };
 
 /// One bracketed group that the walk is in. Groups stand on a stack of their own, not on the
 /// program's: brackets nest as deep as the text likes.
@@ -108,6 +108,12 @@ private:
     void noteOperator(int kind);
     void writeBlock();
     void writeCode();
+    void writeClosureBrace();
+    void writeBehindCaptures(std::size_t open);
+    bool isList(std::size_t open, std::size_t close) const;
+    void writeList(std::size_t close);
+    void enterList(std::size_t open, std::size_t close, ExprGroup group);
+    bool writeValueComma();
     void joinStrings();
 
     // Commas.

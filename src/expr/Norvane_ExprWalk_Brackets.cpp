@@ -73,6 +73,7 @@ void ExprWalk::openGroup(ExprGroup group, const BracketStyle& style, const ListS
             decide(close, std::string_view());
             at_ = close;
             if (group == ExprGroup::kParens) writeBehindParens(open);
+            writeBehindCaptures(open);
             return;
         }
         decide(at_ + 1, style.afterOpen);
@@ -88,7 +89,7 @@ void ExprWalk::pushGroup(ExprGroup group, std::size_t open, std::size_t close, c
     inner.open = open;
     inner.end = close;
     inner.declaration = declaresInGroup(group, open, close);
-    inner.assigned = group == ExprGroup::kInitialiser;
+    inner.assigned = group == ExprGroup::kInitialiser || group == ExprGroup::kList;
     inner.separator = group == ExprGroup::kCast ? nullptr : frame().separator;
     inner.beforeClose = style.beforeClose.set ? &style.beforeClose : nullptr;
     inner.depths = depthsAt(++at_);
@@ -101,7 +102,8 @@ bool ExprWalk::declaresInGroup(ExprGroup group, std::size_t open, std::size_t cl
     switch (group) {
     case ExprGroup::kCast: return true;
     case ExprGroup::kSquares: return false;
-    case ExprGroup::kInitialiser: return frame().declaration;
+    case ExprGroup::kInitialiser:
+    case ExprGroup::kList: return frame().declaration;
     case ExprGroup::kTemplateArgs: return isDeclaration() || options_.templateArgs.between.set;
     default: break;
     }
@@ -131,6 +133,7 @@ void ExprWalk::closeGroup() {
     frames_.pop_back();
     at_ = left.end;
     if (left.beforeClose) decide(at_, left.beforeClose->value);
+    if (left.group == ExprGroup::kSquares) writeBehindCaptures(left.open);
     if (left.group == ExprGroup::kParens) {
         writeBehindParens(left.open);
     } else if (left.group == ExprGroup::kCast && next() == Cpp::tkOpenParen) {

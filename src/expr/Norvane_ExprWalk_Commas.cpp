@@ -8,6 +8,7 @@ void ExprWalk::writeComma() {
     endDeclarator();
     if (frame().addedIndent && depthsAt(at_) == frame().depths) anchorRow(at_ + 1);
     if (isListComma()) return writeListComma();
+    if (writeValueComma()) return;
     const bool declares = frame().group == ExprGroup::kText && isDeclaration();
     if (declares && CppExprFormatterBase::isPointerOperator(next())) return writePointer();
     const std::size_t comma = at_;
@@ -24,7 +25,7 @@ void ExprWalk::writeComma() {
 /// Behind a comma that no bracket holds another name is declared.
 void ExprWalk::endDeclarator() {
     ExprFrame& group = frame();
-    if (!group.assigned || group.group == ExprGroup::kInitialiser) return;
+    if (!group.assigned || group.group == ExprGroup::kInitialiser || group.group == ExprGroup::kList) return;
     BracketDepths depths = depthsAt(at_);
     depths.angle = group.depths.angle;
     if (depths == group.depths) group.assigned = false;
@@ -70,6 +71,8 @@ void ExprWalk::decideBehindComma(std::size_t next, int column) {
         decide(next, list.between.value, inColumn ? Place::kColumn : Place::kExact, column);
     } else if (hasLineFeed(tokens_.gap(next))) {
         if (inColumn) startLineInColumn(next, column);
+    } else if (frame().group == ExprGroup::kInitialiser && options_.betweenListValues.set) {
+        decide(next, options_.betweenListValues);
     } else if (CppExprFormatterBase::isBinaryOperator(tokens_.kind(next))) {
         decide(next, options_.aroundOperator);
     }

@@ -29,7 +29,7 @@ bool ExprWalk::writeBraces(std::size_t assign) {
     if (close == ExprTokens::kNone) {
         ++at_;
     } else if (close == open + 1) {
-        if (options_.initBraces.isSet()) decide(close, std::string_view());
+        if (options_.initBraces.isSet() || options_.listBraces.isSet()) decide(close, std::string_view());
         at_ = close;
     } else {
         enterBraces(open, close);
@@ -42,9 +42,13 @@ void ExprWalk::enterBraces(std::size_t open, std::size_t close) {
     const bool keepsComment =
         tokens_.kind(open + 1) == Cpp::tkLineComment && !hasLineFeed(tokens_.gap(open + 1));
     if (!keepsComment) decide(open + 1, options_.initBraces.afterOpen);
-    settle();
-    copier_.copyTo(tokens_.end(open));
-    pushGroup(ExprGroup::kInitialiser, open, close, options_.initBraces);
+    if (options_.initBraces.isSet()) {
+        settle();
+        copier_.copyTo(tokens_.end(open));
+        pushGroup(ExprGroup::kInitialiser, open, close, options_.initBraces);
+    } else {
+        enterList(open, close, ExprGroup::kInitialiser);
+    }
     if (options_.initElements.isSet()) frame().list = &options_.initElements;
     const bool isDeep = ++indentedBraces_ > kMaxIndentedBraces;
     if (isDeep || !options_.initIndent.set || copier_.keepsShape()) return;

@@ -346,6 +346,7 @@ private:
 
     // Code in expressions.
     void takeCode(const Cpp::RootNode& root);
+    bool isApart(const Code& code) const;
     std::optional<Extent> find(const char* brace) const override;
     void noteHead(std::size_t number) override;
     int headColumn(std::size_t number) const override;

@@ -61,6 +61,11 @@ void CppFormatter::takeCode(const Cpp::RootNode& root) {
 
 // Code on one line stays there, as a part of the expression. So does what has no indent that would
 // keep it apart from the lines around it.
+bool CppFormatter::isApart(const Code& code) const {
+    const bool spansLines = hasLineFeed(sourceText().substr(code.begin, code.end - code.begin));
+    return spansLines && (closureIndent().set || sourceOwnsEdge());
+}
+
 std::optional<ExprCode::Extent> CppFormatter::find(const char* brace) const {
     const std::string_view source = sourceText();
     const std::less<> isBefore;
@@ -69,13 +74,14 @@ std::optional<ExprCode::Extent> CppFormatter::find(const char* brace) const {
     const auto found = std::lower_bound(code_.begin(), code_.end(), offset,
                                         [](const Code& code, std::size_t at) { return code.begin < at; });
     if (found == code_.end() || found->begin != offset) return {};
-    if (!hasLineFeed(source.substr(offset, found->end - offset))) return {};
-    if (!closureIndent().set && !sourceOwnsEdge()) return {};
-    return Extent{static_cast<std::size_t>(found - code_.begin()), source.data() + found->head, source.data() + found->end};
+    const bool isClosure = source[found->head] == '[';
+    return Extent{static_cast<std::size_t>(found - code_.begin()), source.data() + found->head, source.data() + found->end,
+                  isClosure, isApart(*found)};
 }
 
 // The content of a block may stand at the braces, where these are indented themselves.
 const OptionalString& CppFormatter::closureIndent() const {
+    if (options_.indentClosureContent.set) return options_.indentClosureContent;
     return options_.indentFnContent.set ? options_.indentFnContent : options_.globalIndentContent;
 }
 

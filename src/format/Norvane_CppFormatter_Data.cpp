@@ -146,14 +146,16 @@ void CppFormatter::writeInitializer(const Cpp::DataDeclNode& node, const DataLin
     exprFormatter_.formatDeclarationTo(text, output_, options_.wsAfterDdTypeId);
 }
 
-// The name with its array bounds, and the gap behind it. A brace that follows has no "=" to space,
-// and a call form has the white space of calls.
+// The name with its array bounds, and the gap behind it. A brace that follows has no "=" to space but
+// the white space of lists, and a call form has that of calls.
 void CppFormatter::writeNameText(std::string_view text, char initStart, const DataLine& line) {
     const bool callForm = initStart == '(';
     const bool trims = callForm ? options_.wsAfterFnCallName.set || options_.alignFnCallArgsLeft
                                 : options_.alignDdInitializers && initStart != '{';
-    const bool spaces = !callForm && !trims && initStart != '{' && options_.wsBetweenExprOpOperands.set;
-    const std::string_view value = spaces ? std::string_view(options_.wsBetweenExprOpOperands.value) : std::string_view();
+    const bool ofList = initStart == '{' && !hasLineFeed(text.substr(trimmedRight(text).size()));
+    const OptionalString& option = ofList ? options_.wsBeforeListOpenBrace : options_.wsBetweenExprOpOperands;
+    const bool spaces = !callForm && !trims && (ofList || initStart != '{') && option.set;
+    const std::string_view value = spaces ? std::string_view(option.value) : std::string_view();
     const bool stays = (trims || spaces) && staysBroken(text, value);
     if (!line.aligned && (options_.wsAfterDdName.set || options_.wsAfterDdRbracket.set)) {
         std::string fixed(text);

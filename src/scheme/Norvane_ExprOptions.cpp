@@ -37,11 +37,15 @@ ExprOptions::ExprOptions(const LayoutOptions& options)
       beforeInitBrace(options.wsBeforeDdOpenBrace),
       initBraces{options.wsAfterDdOpenBrace, options.wsBeforeDdCloseBrace},
       initElements{options.wsBeforeDdComma, options.wsBetweenDdElements, false}, initIndent(options.indentDdContent),
+      beforeClosureParams(options.wsBeforeClosureParams), beforeClosureBrace(options.wsBeforeClosureOpenBrace),
+      beforeListBrace(options.wsBeforeListOpenBrace), listBraces{options.wsWithinListBraces, options.wsWithinListBraces},
+      betweenListValues(options.wsBetweenListValues),
       keepsBreaks(options.keepLineBreaks), joinsStrings(options.lineWrap) {
     any = aroundOperator.set || afterCast.set || beforeCastParen.set || afterCallName.set || parens.isSet() || squares.isSet() || angles.isSet() ||
           callArgs.isSet() || templateArgs.isSet() || asterisk.anchor != PointerAnchor::kAsInSource ||
           ampersand.anchor != PointerAnchor::kAsInSource || beforeInitBrace.set || initBraces.isSet() ||
-          initElements.isSet() || initIndent.set || joinsStrings;
+          initElements.isSet() || initIndent.set || joinsStrings || beforeClosureParams.set || beforeClosureBrace.set ||
+          beforeListBrace.set || listBraces.isSet() || betweenListValues.set;
 }
 
 } // namespace Norvane

@@ -56,6 +56,12 @@ struct ExprOptions {
     BracketStyle initBraces;
     ListStyle initElements;
     OptionalString initIndent;
+    OptionalString beforeClosureParams;
+    OptionalString beforeClosureBrace;
+    // None of these three acts on white space that breaks a line.
+    OptionalString beforeListBrace;
+    BracketStyle listBraces;
+    OptionalString betweenListValues;
     /// A value without a line feed leaves a gap alone that holds one.
     bool keepsBreaks = false;
     /// Adjacent string literals come together on one line, to be broken again where needed.

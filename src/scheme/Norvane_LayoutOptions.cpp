@@ -100,6 +100,12 @@ constexpr Row<OptionalString> kStrings[] = {
     {"INDENT_LABELS", &LayoutOptions::indentLabels},
     {"WS_AFTER_CAST", &LayoutOptions::wsAfterCast},
     {"WS_BEFORE_NAMED_CAST_PAREN", &LayoutOptions::wsBeforeNamedCastParen},
+    {"INDENT_CLOSURE_CONTENT", &LayoutOptions::indentClosureContent},
+    {"WS_BEFORE_CLOSURE_OPEN_BRACE", &LayoutOptions::wsBeforeClosureOpenBrace},
+    {"WS_BEFORE_CLOSURE_PARAMS", &LayoutOptions::wsBeforeClosureParams},
+    {"WS_BEFORE_LIST_OPEN_BRACE", &LayoutOptions::wsBeforeListOpenBrace},
+    {"WS_BETWEEN_LIST_VALUES", &LayoutOptions::wsBetweenListValues},
+    {"WS_WITHIN_LIST_BRACES", &LayoutOptions::wsWithinListBraces},
 };
 
 constexpr Row<bool> kSwitches[] = {

@@ -133,6 +133,14 @@ struct LayoutOptions {
     bool alignEnumInitializers = false;
     bool alignClassMemberNamesLeft = false;
 
+    // Closures and lists of values.
+    OptionalString indentClosureContent;
+    OptionalString wsBeforeClosureOpenBrace;
+    OptionalString wsBeforeClosureParams;
+    OptionalString wsBeforeListOpenBrace;
+    OptionalString wsBetweenListValues;
+    OptionalString wsWithinListBraces;
+
     // The shape that the author has given a text.
     bool keepShape = false;
     bool keepLineBreaks = false;

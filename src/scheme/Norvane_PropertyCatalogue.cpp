@@ -80,6 +80,7 @@ std::string_view propertyFamilyName(PropertyFamily family) {
     case Family::Other: return "Other";
     case Family::SourceLayout: return "Layout of the source";
     case Family::Refinements: return "Refinements";
+    case Family::ClosuresAndLists: return "Closures and lists";
     case Family::PageKeys: return "Page keys";
     }
     return "";

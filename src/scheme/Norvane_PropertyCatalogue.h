@@ -23,6 +23,7 @@ enum class PropertyFamily {
     Other,
     SourceLayout,
     Refinements,
+    ClosuresAndLists,
     PageKeys,
 };
 

@@ -407,6 +407,27 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
     space("WS_BEFORE_NAMED_CAST_PAREN", Family::Refinements,
           {"After a named cast",
            "White space between \"static_cast<T>\" or its like and the \"(\"; not set, that around operators"}),
+
+    indent("INDENT_CLOSURE_CONTENT", Family::ClosuresAndLists,
+           {"Statements of a closure",
+            "Indent of the statements in a closure, counted from the line in which it begins; not set, that of "
+            "a function, or else of a block"}),
+    space("WS_BEFORE_CLOSURE_OPEN_BRACE", Family::ClosuresAndLists,
+          {"Before \"{\" of a closure",
+           "White space before the \"{\" of a closure; a line feed acts on closures of several lines alone"}),
+    space("WS_BEFORE_CLOSURE_PARAMS", Family::ClosuresAndLists,
+          {"Before \"(\" of a closure", "White space between the captures of a closure and its parameters"}),
+    space("WS_BEFORE_LIST_OPEN_BRACE", Family::ClosuresAndLists,
+          {"Before \"{\" of a list",
+           "White space between a type or a name and the \"{\" of its list of values, where no line breaks"}),
+    space("WS_BETWEEN_LIST_VALUES", Family::ClosuresAndLists,
+          {"Between values",
+           "White space after a comma in a list of values, where no line breaks; WS_BETWEEN_DD_ELEMENTS comes "
+           "first in an initializer"}),
+    space("WS_WITHIN_LIST_BRACES", Family::ClosuresAndLists,
+          {"In the braces of a list",
+           "White space inside the braces of a list of values, where no line breaks; WS_AFTER_DD_OPEN_BRACE and "
+           "WS_BEFORE_DD_CLOSE_BRACE come first in an initializer"}),
 });
 
 constexpr Words kUsesGlobals = {"Use the global settings",

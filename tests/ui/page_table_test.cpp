@@ -36,7 +36,7 @@ const PageRow kRows[] = {
      "CONTROL_STATEMENTS_USE_GLOBAL_SETTINGS", "CONTROL_STATEMENTS_DO_NOT_FORMAT", 0x60000000, 14},
     {"DataPage", "DataPreview", "Variables.htm", "DATA_USE_GLOBAL_SETTINGS", "DATA_DO_NOT_FORMAT", 0x70000000, 12},
     {"ExpressionsPage", "ExpressionsPreview", "Expressions.htm", "EXPR_USE_GLOBAL_SETTINGS", "EXPR_DO_NOT_FORMAT",
-     0x80000000, 7},
+     0x80000000, 13},
     {"LineWrappingPage", "LineWrappingPreview", "LineWrapping.htm", "", "LINE_WRAP_DO_NOT_FORMAT", 0, 9},
     {"MemberInitsPage", "MemberInitsPreview", "InitializerLists.htm", "", "MEMBERINITS_DO_NOT_FORMAT", 0, 5},
     {"PointersRefsPage", "PointersReferencesPreview", "PointersRefs.htm", "POINTERSREFS_USE_GLOBAL_SETTINGS",
