@@ -107,6 +107,7 @@ FormatResult FormatJob::run(const Norvane::PropertySet& scheme, std::string text
         const std::string_view before = source->text();
         result = Edits::layOutWithin(before, result, Edits::bytesOf(before, bench_.lines), tabSize);
     }
+    sendAll(messages);
     return finish(source->text(), result, store);
 }
 
@@ -119,7 +120,9 @@ bool FormatJob::format(const Norvane::PropertySet& scheme, const Source& source,
     const Norvane::FormatOptions options(scheme, Norvane::defaultFormatMarkers());
     Norvane::UpdateFunctor silent;
     StageWatcher watcher(dialog_ == nullptr ? silent : update_);
-    if (Norvane::FormatDriver().format(options, source, result, messages, watcher) == 0) return true;
+    using Unreadable = Norvane::FormatDriver::Unreadable;
+    Norvane::FormatDriver driver(bench_.isStrict ? Unreadable::Report : Unreadable::LeaveAlone);
+    if (driver.format(options, source, result, messages, watcher) == 0) return true;
     // The laid out text is parsed once more before lines are wrapped.
     if (watcher.sourceParsed() && !isCancelled()) {
         for (Trn::Message& message : messages) message.text += Texts::kPlaceInResult;
@@ -147,11 +150,15 @@ bool FormatJob::isObjectedTo(std::string_view source, const std::string& result)
     return objection.has_value();
 }
 
-FormatResult FormatJob::refuse(const Trn::MessageList& messages) {
-    tell(Texts::kNotFormatted);
+void FormatJob::sendAll(const Trn::MessageList& messages) {
     for (const Trn::Message& message : messages) {
         messages_.send({message.severity, message.text, fullName_, message.position, message.code, true});
     }
+}
+
+FormatResult FormatJob::refuse(const Trn::MessageList& messages) {
+    tell(Texts::kNotFormatted);
+    sendAll(messages);
     // A run that was cancelled has parsed nothing that could be at fault.
     if (isCancelled()) return FormatResult::cancelled;
     send(Trn::kSeverityError, Texts::kNotParsed);

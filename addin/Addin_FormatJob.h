@@ -56,6 +56,9 @@ struct Workbench {
     Gate gate = {};
     /// If there are any, everything outside of these lines stays as it is, byte for byte.
     std::vector<Edits::LineRange> lines = {};
+    /// A text in which something cannot be read is refused as a whole. Otherwise that is left as it
+    /// stands, a warning says so, and the text is formatted all the same.
+    bool isStrict = false;
 };
 
 /// One text on its way through the engine: what files and documents have in common.
@@ -96,6 +99,7 @@ private:
                 Trn::MessageList& messages);
     FormatResult finish(std::string_view source, const std::string& result, const Store& store);
     FormatResult refuse(const Trn::MessageList& messages);
+    void sendAll(const Trn::MessageList& messages);
     bool isObjectedTo(std::string_view source, const std::string& result);
 
     const Workbench& bench_;

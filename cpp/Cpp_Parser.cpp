@@ -3,6 +3,7 @@
 #include "cpp/Cpp_ConditionalFolder.h"
 #include "cpp/Cpp_Lexer.h"
 #include "cpp/Cpp_ParsedText.h"
+#include "cpp/Cpp_Recovery.h"
 #include "cpp/Cpp_TreeBuilder.h"
 #include "trn/Trn_Exception.h"
 
@@ -18,6 +19,11 @@ namespace Cpp {
 
 namespace {
 
+using Tokens = std::vector<ParseToken>;
+
+constexpr std::array<Fold, 4> kFolds = {Fold::UnbalancedKeepFirst, Fold::UnbalancedKeepLast, Fold::AllKeepFirst,
+                                        Fold::AllKeepLast};
+
 bool hasErrors(const Trn::MessageList& messages) {
     return std::any_of(messages.begin(), messages.end(), [](const Trn::Message& m) { return m.code != Parser::kNoteCode; });
 }
@@ -27,13 +33,14 @@ struct Attempt {
     RootNode root;
     Trn::MessageList messages;
     bool hasStrayBrace = false;
+    std::size_t tokensLeftAlone = 0;
 
     bool isWhole() const { return !hasErrors(messages) && !hasStrayBrace; }
 };
 
 using Source = std::shared_ptr<const Zelmar::SourceText>;
 
-Attempt build(const Source& source, std::vector<ParseToken> tokens) {
+Attempt build(const Source& source, Tokens tokens) {
     Attempt attempt;
     const auto parsed = std::make_shared<ParsedText>(source, std::move(tokens));
     attempt.root.setParsed(parsed);
@@ -43,21 +50,11 @@ Attempt build(const Source& source, std::vector<ParseToken> tokens) {
     return attempt;
 }
 
-/// Some brace is not closed, or closes nothing.
-bool hasUnevenBraces(const std::vector<ParseToken>& tokens) {
-    int open = 0;
-    for (const ParseToken& token : tokens) {
-        if (token.type == tkOpenBrace) ++open;
-        if (token.type == tkCloseBrace && --open < 0) return true;
-    }
-    return open != 0;
-}
-
 /// The tokens that an attempt without folds was made from.
 std::span<const ParseToken> tokensOf(const Attempt& attempt) { return attempt.root.parsed()->tokens().tokens(); }
 
 /// The best of the attempts with and without the branches of conditional groups.
-Attempt buildFolded(const Source& source, std::vector<ParseToken> tokens) {
+Attempt buildFolded(const Source& source, Tokens tokens) {
     std::optional<Attempt> first;
     if (hasUnevenBraces(tokens)) {
         // As it stands it can't be whole, and most texts are with the first branches alone.
@@ -68,7 +65,7 @@ Attempt buildFolded(const Source& source, std::vector<ParseToken> tokens) {
     if (plain.isWhole()) return plain;
     std::optional<Attempt> best;
     // A stray brace alone stops nothing, but it shows that the nesting has been misread.
-    for (Fold fold : {Fold::UnbalancedKeepFirst, Fold::UnbalancedKeepLast, Fold::AllKeepFirst, Fold::AllKeepLast}) {
+    for (Fold fold : kFolds) {
         const bool isMade = fold == Fold::UnbalancedKeepFirst && first;
         Attempt attempt = isMade ? std::move(*first) : build(source, foldConditionals(source->text(), tokensOf(plain), fold));
         const bool whole = attempt.isWhole();
@@ -81,6 +78,52 @@ Attempt buildFolded(const Source& source, std::vector<ParseToken> tokens) {
     return plain;
 }
 
+/// One attempt that leaves alone what it cannot read.
+Attempt recover(const Source& source, Tokens tokens) {
+    Attempt attempt;
+    markUnclosedBraces(*source, tokens);
+    const auto parsed = std::make_shared<ParsedText>(source, std::move(tokens));
+    attempt.root.setParsed(parsed);
+    Recovery recovery(*source, parsed->tokens());
+    TreeBuilder builder(parsed->tokens(), parsed->pool(), attempt.messages, &recovery);
+    builder.parseRoot(attempt.root);
+    attempt.messages.splice(attempt.messages.end(), recovery.warnings());
+    attempt.tokensLeftAlone = recovery.tokensLeftAlone();
+    return attempt;
+}
+
+/// Says of each stretch of Objective-C that nobody looks into it.
+void tellOfObjectiveC(const Zelmar::SourceText& source, Tokens& tokens, Trn::MessageList& messages) {
+    for (const std::size_t i : foldObjectiveC(source.text(), tokens)) {
+        messages.push_back({Trn::kSeverityWarning, source.positionOf(tokens[i].begin), 0,
+                            "Objective-C is left as it stands."});
+    }
+}
+
+/// The tokens of a text from which nothing is to be refused. What is left alone in any case, `messages` tell.
+ParserTokens scanToLeaveAlone(const Zelmar::SourceText& source, Trn::MessageList& messages) {
+    ParserTokens scanned = scanForParser(source);
+    foldUnclosedStrings(source, scanned.tokens);
+    tellOfObjectiveC(source, scanned.tokens, messages);
+    return scanned;
+}
+
+/// The attempt that leaves least of the text alone. Takes the tokens from the text once more: most texts
+/// never need them again.
+Attempt recoverFolded(const Source& source) {
+    Trn::MessageList told;
+    const Tokens tokens = scanToLeaveAlone(*source, told).tokens;
+    Attempt best = recover(source, tokens);
+    if (!hasConditionals(source->text(), tokens)) return best;
+    for (Fold fold : kFolds) {
+        Attempt attempt = recover(source, foldConditionals(source->text(), tokens, fold));
+        if (attempt.tokensLeftAlone < best.tokensLeftAlone) best = std::move(attempt);
+    }
+    return best;
+}
+
+bool isInFront(const Trn::Message& a, const Trn::Message& b) { return a.position < b.position; }
+
 } // namespace
 
 void Parser::parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::MessageList& messages) {
@@ -91,12 +134,19 @@ void Parser::parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::MessageList& m
 }
 
 void Parser::parse(std::shared_ptr<const Zelmar::SourceText> source, RootNode& root, Trn::MessageList& messages) {
-    ParserTokens scanned = scanForParser(*source);
+    const bool leavesAlone = unreadable_ == Unreadable::LeaveAlone;
+    Trn::MessageList found;
+    ParserTokens scanned = leavesAlone ? scanToLeaveAlone(*source, found) : scanForParser(*source);
+    if (scanned.regionUnclosed) {
+        const auto severity = leavesAlone ? Trn::kSeverityWarning : Trn::kSeverityError;
+        found.push_back({severity, source->positionOf(scanned.last), kEndCode, messageText(kEndCode)});
+    }
     const bool folds = !scanned.regionUnclosed && hasConditionals(source->text(), scanned.tokens);
     Attempt best = folds ? buildFolded(source, std::move(scanned.tokens)) : build(source, std::move(scanned.tokens));
-    if (scanned.regionUnclosed)
-        best.messages.push_back({Trn::kSeverityError, source->positionOf(scanned.last), 1, messageText(1)});
+    if (leavesAlone && hasErrors(best.messages)) best = recoverFolded(source);
     root.swap(best.root);
+    best.messages.splice(best.messages.end(), found);
+    if (leavesAlone) best.messages.sort(isInFront);
     messages.splice(messages.end(), best.messages);
 }
 

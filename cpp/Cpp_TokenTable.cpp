@@ -217,7 +217,7 @@ ParserTokens scanForParser(const Zelmar::SourceText& source) {
         }
         const bool region = raw.type == tkDirective && opensDisabledRegion(text);
         depth = region ? 1 : 0;
-        tokens.push_back({static_cast<std::int16_t>(raw.type), region, raw.begin, raw.end, raw.line});
+        tokens.push_back({static_cast<std::int16_t>(raw.type), region, false, raw.begin, raw.end, raw.line});
     }
     result.regionUnclosed = depth > 0;
     if (depth > 0) tokens.pop_back();
@@ -274,7 +274,7 @@ public:
     void run() {
         int before = tkEnd;
         for (Index i = table_.significant(0); i < table_.size(); i = table_.significant(i + 1)) {
-            take(i, table_.type(i), before);
+            if (!table_.token(i).isRegion && !table_.token(i).isUnclosed) take(i, table_.type(i), before);
             before = table_.type(i);
         }
     }

@@ -17,8 +17,11 @@ namespace Cpp {
 struct ParseToken {
     std::int16_t type = tkEnd;
     /// A stretch that nobody looks into, such as the one that "#if 0" disables: it is a directive
-    /// whose range reaches through its "#endif".
+    /// whose range reaches through its "#endif". A stretch that is no directive is a "}" that closes
+    /// nothing, so that it ends whatever it stands in.
     bool isRegion = false;
+    /// A "{" that nothing closes, whatever "}" follows.
+    bool isUnclosed = false;
     std::uint32_t begin = 0;
     std::uint32_t end = 0;
     std::uint32_t line = 1;
@@ -43,6 +46,8 @@ public:
     /// All of them, without the end.
     std::span<const ParseToken> tokens() const { return std::span(tokens_).first(size()); }
     bool isRegion(Index i) const { return tokens_[i].isRegion; }
+    /// A stretch that is left as it stands and no directive.
+    bool isLeftAlone(Index i) const { return tokens_[i].isRegion && tokens_[i].type != tkDirective; }
 
     /// The bracket that belongs to the bracket at `i`, or kNone. A "<" has a partner where it opens a
     /// template argument list, and so has the ">" or ">>" that closes it (the outer one for ">>").

@@ -18,7 +18,15 @@ void TreeBuilder::report(std::string text, Index at) { addMessage(0, std::move(t
 void TreeBuilder::addMessage(std::int32_t code, std::string text, Index at) {
     if (refused_) return;
     const Trn::Position place = t_.start(type(at) == tkEnd ? lastTaken(at) : at);
+    if (code != Parser::kNoteCode) noteFailure(code, at);
     messages_.push_back({Trn::kSeverityError, place, code, std::move(text)});
+}
+
+/// A missing end tells nothing of how far the item reaches that lacks it.
+void TreeBuilder::noteFailure(std::int32_t code, Index at) {
+    ++errors_;
+    Index& last = code == Parser::kEndCode ? reached_ : failedAt_;
+    last = std::max(last, at);
 }
 
 /// The last token in front of `before`; the end itself in a text without tokens.
@@ -30,8 +38,53 @@ Index TreeBuilder::lastTaken(Index before) const {
 bool TreeBuilder::tooDeep(Index at) {
     if (depth_ < kMaxDepth) return false;
     report(7, at);
+    giveUp();
+    return true;
+}
+
+/// Nothing is read and reported any more, up to the end of the item that is left alone, or of the text.
+void TreeBuilder::giveUp() {
     refused_ = true;
     at_ = t_.size();
+}
+
+TreeBuilder::Turn TreeBuilder::beginTurn(const InteriorNode& body) {
+    const Turn turn = {at_, body.size(), messages_.size(), code_.size(), errors_, failedAt_, reached_};
+    failedAt_ = reached_ = at_;
+    return turn;
+}
+
+/// Puts one stretch in the place of all that came of an item in which something could not be read. Returns
+/// whether all of it was read.
+bool TreeBuilder::endTurn(InteriorNode& body, const Turn& turn) {
+    const bool isLeft = recovery_ && errors_ > turn.errors;
+    if (isLeft) {
+        code_.resize(turn.code);
+        body.erase(body.childBegin() + static_cast<std::ptrdiff_t>(turn.children), body.childEnd());
+        const Index reached = std::max(refused_ ? turn.first : at_, reached_);
+        const Index end = recovery_->leaveAlone(turn.first, failedAt_, reached, messages_, turn.messages);
+        appendStretch(body, t_.start(turn.first), t_.end(end - 1));
+        at_ = end;
+        errors_ = turn.errors;
+        refused_ = false;
+    }
+    failedAt_ = turn.failedAt;
+    reached_ = turn.reached;
+    return !isLeft;
+}
+
+void TreeBuilder::appendStretch(InteriorNode& body, Trn::Position start, Trn::Position end) const {
+    auto stretch = make<CommentNode>(NodeText(), start, end);
+    stretch->setVerbatim(true);
+    body.append(std::move(stretch));
+}
+
+/// Whether nothing closes the brace at `brace`. Then there is no body that could be read, and what cannot
+/// be read is left alone.
+bool TreeBuilder::isUnclosed(Index brace) {
+    if (!recovery_ || t_.mate(brace) != kNone) return false;
+    report(Parser::kEndCode, brace);
+    giveUp();
     return true;
 }
 
@@ -130,12 +183,16 @@ void TreeBuilder::parseCode(Index brace) {
     const Index outer = at_;
     const std::size_t reported = messages_.size();
     const std::size_t taken = code_.size();
+    const std::size_t errors = errors_;
+    Recovery* const recovery = std::exchange(recovery_, nullptr); // what cannot be read stays text
     ++codeDepth_;
     Ptr<BlockNode> block = make<BlockNode>();
     block->setStart(t_.start(brace));
     at_ = brace + 1;
     parseCompound(*block);
     --codeDepth_;
+    recovery_ = recovery;
+    errors_ = errors;
     auto message = messages_.rbegin();
     bool isWhole = at_ == t_.mate(brace) + 1;
     for (std::size_t left = messages_.size() - reported; left > 0; --left) isWhole = (message++)->code == Parser::kNoteCode && isWhole;
@@ -160,9 +217,11 @@ bool TreeBuilder::parseBody(InteriorNode& body, Body kind) {
             return kind == Body::Root;
         }
         if (type(at_) == tkCloseBrace && kind != Body::Root) return true;
+        const Turn turn = beginTurn(body);
         if (!parseBodyItem(body, kind) && at_ == before) return false;
+        const bool isRead = endTurn(body, turn);
         if (at_ == before) ++at_;
-        takeCode(before, at_);
+        if (isRead) takeCode(before, at_);
     }
 }
 
@@ -170,7 +229,9 @@ void TreeBuilder::addNote(InteriorNode& body) {
     const Trn::Position start = t_.start(at_);
     const Trn::Position end = t_.end(at_);
     NodeText text = t_.isRegion(at_) ? NodeText() : spelled(at_);
-    if (type(at_) == tkDirective)
+    if (t_.isLeftAlone(at_))
+        appendStretch(body, start, end);
+    else if (type(at_) == tkDirective)
         body.append(make<PreprocDirectiveNode>(std::move(text), start, end));
     else
         body.append(make<CommentNode>(std::move(text), start, end));
@@ -178,7 +239,7 @@ void TreeBuilder::addNote(InteriorNode& body) {
 }
 
 void TreeBuilder::addNotes(InteriorNode& body) {
-    while (isCommentOrDirective(type(at_))) addNote(body);
+    while (isCommentOrDirective(type(at_)) || t_.isLeftAlone(at_)) addNote(body);
 }
 
 void TreeBuilder::skipThroughSemicolon(InteriorNode* notes) {
@@ -200,7 +261,7 @@ void TreeBuilder::skipThroughSemicolon(InteriorNode* notes) {
 bool TreeBuilder::parseBodyItem(InteriorNode& body, Body kind) {
     switch (type(at_)) {
     case tkInvalid:
-        if (kind != Body::Root) reportEnd(at_);
+        if (kind != Body::Root || recovery_) reportEnd(at_);
         ++at_;
         return true;
     case tkCloseBrace:

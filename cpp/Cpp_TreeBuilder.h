@@ -5,6 +5,7 @@
 #include "cpp/Cpp_Names.h"
 #include "cpp/Cpp_NodePool.h"
 #include "cpp/Cpp_Nodes.h"
+#include "cpp/Cpp_Recovery.h"
 #include "cpp/Cpp_TokenTable.h"
 #include "trn/Trn_Message.h"
 
@@ -24,8 +25,11 @@ class TreeBuilder {
 public:
     using Index = TokenTable::Index;
 
-    TreeBuilder(const TokenTable& table, NodePool& pool, Trn::MessageList& messages)
-        : t_(table), braces_(table), pool_(pool), messages_(messages), codeTaken_(braces_.codeBraces().size()) {}
+    /// With `recovery` each item of a body that cannot be read is left alone, and its messages go there;
+    /// without, all is reported to `messages`.
+    TreeBuilder(const TokenTable& table, NodePool& pool, Trn::MessageList& messages, Recovery* recovery = nullptr)
+        : t_(table), braces_(table), pool_(pool), messages_(messages), recovery_(recovery),
+          codeTaken_(braces_.codeBraces().size()) {}
 
     void parseRoot(RootNode& root);
     /// True if a "}" was met that closes nothing.
@@ -83,13 +87,32 @@ private:
 
     class Depth;
 
+    /// What had been read when an item of a body began.
+    struct Turn {
+        Index first = 0;
+        std::size_t children = 0;
+        std::size_t messages = 0;
+        std::size_t code = 0;
+        std::size_t errors = 0;
+        Index failedAt = 0; // of the item around it
+        Index reached = 0;
+    };
+
     // Reporting.
     void report(std::int32_t code, Index at);
     void report(std::string text, Index at);
     void addMessage(std::int32_t code, std::string text, Index at);
     void reportEnd(Index before) { report(1, lastTaken(before)); }
+    void noteFailure(std::int32_t code, Index at);
     Index lastTaken(Index before) const;
     bool tooDeep(Index at);
+    void giveUp();
+
+    // Recovering.
+    Turn beginTurn(const InteriorNode& body);
+    bool endTurn(InteriorNode& body, const Turn& turn);
+    bool isUnclosed(Index brace);
+    void appendStretch(InteriorNode& body, Trn::Position start, Trn::Position end) const;
 
     // What nodes are made of.
     template <class Node, class... Arguments> Ptr<Node> make(Arguments&&... arguments) const {
@@ -239,10 +262,15 @@ private:
     NodePool& pool_;
     Trn::MessageList& messages_;
     std::vector<CodeInExpression> code_;
+    Recovery* recovery_;
+    std::size_t errors_ = 0; // without the notes
+    // Of the item at hand: the last token that an error is about, and how far one has looked for an end.
+    Index failedAt_ = 0;
+    Index reached_ = 0;
     Index at_ = 0;
     int depth_ = 0;
     bool strayBrace_ = false;
-    bool refused_ = false; // nested too deep: nothing is read and reported any more
+    bool refused_ = false; // nothing is read and reported any more
     std::vector<bool> codeTaken_; // by the number of the brace
     int codeDepth_ = 0;
     // In the innermost block: from here on no statement has a ";". kNone if that is not known.

@@ -17,7 +17,7 @@ bool isBaseName(int type) {
 } // namespace
 
 TreeBuilder::NodePtr TreeBuilder::parseClassDecl(Index first, Index brace) {
-    if (tooDeep(brace)) return nullptr;
+    if (tooDeep(brace) || isUnclosed(brace)) return nullptr;
     const Depth depth(*this);
     Ptr<ClassHeadNode> head = parseClassHead(sig(first), brace);
     auto body = make<ClassBodyNode>();
@@ -191,6 +191,7 @@ TreeBuilder::NodePtr TreeBuilder::parseNamespace() {
         at_ = keyword + 1;
         return nullptr;
     }
+    if (isUnclosed(j)) return nullptr;
     auto body = make<NamespaceBodyNode>();
     body->setStart(t_.start(j));
     at_ = j + 1;
@@ -234,6 +235,7 @@ TreeBuilder::NodePtr TreeBuilder::parseLinkageBlock(Index lastOfHead) {
     const Depth depth(*this);
     auto linkage = make<ExprNode>(joined(keyword, lastOfHead + 1), t_.start(keyword), t_.end(lastOfHead));
     const Index brace = nextSig(lastOfHead);
+    if (isUnclosed(brace)) return nullptr;
     auto body = make<LinkageBlockBodyNode>();
     body->setStart(t_.start(brace));
     at_ = brace + 1;

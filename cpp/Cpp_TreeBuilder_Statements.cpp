@@ -59,6 +59,7 @@ TreeBuilder::Ptr<BlockNode> TreeBuilder::parseBlock() {
         ++at_;
         break;
     case tkOpenBrace:
+        if (isUnclosed(at_)) break;
         block->setStart(t_.start(at_));
         ++at_;
         parseCompound(*block);
@@ -138,9 +139,11 @@ void TreeBuilder::parseCompound(BlockNode& block) {
             block.setEnd(t_.end(lastTaken(at_)));
             break;
         }
+        const Turn turn = beginTurn(block);
         parseStatement(block);
+        const bool isRead = endTurn(block, turn);
         if (at_ == before) ++at_;
-        takeCode(before, at_);
+        if (isRead) takeCode(before, at_);
     }
     unterminatedFrom_ = outerUnterminated;
 }

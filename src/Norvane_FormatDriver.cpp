@@ -50,9 +50,11 @@ constexpr int kMostWraps = 4;
 /// One run: the stages that both parses share, and what the run was called with.
 class Run {
 public:
-    Run(const FormatOptions& options, Trn::MessageList& messages, UpdateFunctor& update)
-        : markers_(options.markers()), preFormatter_(markers_), options_(readOptions(options)), messages_(messages),
-          update_(update) {}
+    Run(const FormatOptions& options, FormatDriver::Unreadable unreadable, Trn::MessageList& messages,
+        UpdateFunctor& update)
+        : markers_(options.markers()), preFormatter_(markers_), parser_(unreadable), options_(readOptions(options)),
+          messages_(messages), update_(update),
+          leavesAlone_(unreadable == FormatDriver::Unreadable::LeaveAlone) {}
 
     /// Both return 0, or the number of messages with which the run ends.
     std::int32_t format(const Source& source, std::string& formatted);
@@ -70,6 +72,8 @@ private:
     SharedOptions options_;
     Trn::MessageList& messages_;
     UpdateFunctor& update_;
+    bool leavesAlone_;
+    bool isTold_ = false; // what the source leaves alone
 };
 
 std::int32_t Run::parse(const Source& source, Cpp::RootNode& root) {
@@ -77,6 +81,11 @@ std::int32_t Run::parse(const Source& source, Cpp::RootNode& root) {
     parser_.parse(source, root, diagnostics);
     diagnostics.remove_if([](const Trn::Message& message) { return message.code == kWithdrawnCode; });
     const auto count = static_cast<std::int32_t>(diagnostics.size());
+    if (leavesAlone_) {
+        // The second parse finds the same once more, at other places.
+        if (!std::exchange(isTold_, true)) messages_.splice(messages_.end(), diagnostics);
+        return 0;
+    }
     messages_.splice(messages_.end(), diagnostics);
     return count;
 }
@@ -117,7 +126,7 @@ std::int32_t Run::wrap(Source formatted, std::string& wrapped) {
 
 std::int32_t FormatDriver::format(const FormatOptions& options, Source text, std::string& result,
                                   Trn::MessageList& messages, UpdateFunctor& update) {
-    Run run(options, messages, update);
+    Run run(options, unreadable_, messages, update);
     std::string formatted;
     const std::int32_t ended = run.format(text, formatted);
     if (ended != 0) return ended;

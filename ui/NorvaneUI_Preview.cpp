@@ -37,7 +37,9 @@ void format(const PreviewJob& job, Norvane::UpdateFunctor& update, PreviewResult
     std::istringstream in(job.text);
     std::ostringstream out;
     Trn::MessageList messages;
-    result.formatted = Norvane::FormatDriver().format(options, in, out, messages, update) == 0;
+    // As in an editor, where the rest of a text is of use while a line of it is being typed.
+    Norvane::FormatDriver driver(Norvane::FormatDriver::Unreadable::LeaveAlone);
+    result.formatted = driver.format(options, in, out, messages, update) == 0;
     if (result.formatted) result.text = std::move(out).str();
     for (const Trn::Message& message : messages) result.messages.push_back(shownMessage(message));
 }

@@ -48,6 +48,8 @@ struct Options {
     BackupChoice backup;
     /// Compare the tokens before anything is written or printed.
     bool verifies = true;
+    /// A source in which something cannot be read is refused.
+    bool isStrict = false;
     /// As typed: files, folders, "@" and a list, or "-" for standard input. Empty only with a project.
     std::vector<std::string> files;
     /// If there are any, nothing but these lines of each source is laid out.

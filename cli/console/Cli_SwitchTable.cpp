@@ -23,6 +23,9 @@ constexpr Switch kSwitches[] = {
      SwitchGroup::result},
     {"no-verify", 0, ArgumentKind::none, "", "",
      "Do not compare the tokens of result and source before writing", SwitchGroup::result},
+    {"strict", 0, ArgumentKind::none, "", "",
+     "Refuse a file, with status 4, where a construct in it cannot be read, instead of leaving that as it stands",
+     SwitchGroup::result},
     {"dump", 0, ArgumentKind::choice, "WHAT", "tokens|tree|messages|scheme|options",
      "Show what is seen of each file, the scheme in force, or all options of schemes", SwitchGroup::result},
 

@@ -156,6 +156,7 @@ Options CommandLine::parse(int argc, const char* const* argv) {
                                          {"options", Dump::options}});
     options.backup = backup();
     options.verifies = !has("no-verify");
+    options.isStrict = has("strict");
     options.project = last("project", "");
     options.inputName = last("stdin-filename", "");
     options.files = files_;

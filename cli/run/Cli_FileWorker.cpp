@@ -138,7 +138,8 @@ bool FileWorker::refuseForMemory(const WorkItem& item, FileOutcome& outcome) con
 
 void FileWorker::format(const WorkItem& item, FileStage& stage, FileOutcome& outcome) const {
     TerminalHost host(streams_, outcome.report, options_.verbosity, options_.assumesYes);
-    const Addin::Workbench bench = {host, stage, settings_, gate_, item.lines.empty() ? options_.lines : item.lines};
+    const Addin::Workbench bench = {host, stage, settings_, gate_, item.lines.empty() ? options_.lines : item.lines,
+                                    options_.isStrict};
     const auto dialog = host.openProgress(0);
     outcome.result = Addin::FileFormatter(bench).format(item.path, *item.scheme, dialog.get(),
                                                         Addin::ExtensionTest::passed);

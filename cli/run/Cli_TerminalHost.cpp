@@ -87,10 +87,9 @@ void TerminalHost::addMessage(const Addin::Message& message) {
     lastText_ = message.text;
     if (message.position.isNone()) {
         addWithoutPlace(message);
-    } else if (verbosity_ != Verbosity::quiet || isShown(message.severity)) {
-        // What is not an error here explains one.
+    } else if (isShown(message.severity)) {
         report_.add(placeOf(message), severityWord(message.severity), message.text);
-        hasPlacedError_ = true;
+        hasPlacedError_ = hasPlacedError_ || message.severity >= Trn::kSeverityError;
     }
 }
 

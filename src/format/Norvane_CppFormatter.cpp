@@ -129,7 +129,7 @@ std::string_view CppFormatter::wholeTokens(std::string_view read) {
     }
     std::size_t end = at;
     if (before == '<' && behind == '%') ++end;
-    if (Cpp::isIdentifierChar(before)) {
+    if (Cpp::isIdentifierChar(before) || before == '"' || before == '\'') { // a literal may have a suffix
         while (end < source_.size() && Cpp::isIdentifierChar(sourceText()[end])) ++end;
     }
     input_.moveTo(end);

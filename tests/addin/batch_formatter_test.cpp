@@ -93,6 +93,7 @@ TEST_F(Batch, FormatsEachProjectOfAWorkspace) {
 TEST_F(Batch, GoesOnBehindAFileThatFails) {
     putSources({"/p/a.cpp", "/p/c.cpp"});
     disk.put("/p/b.cpp", kBroken);
+    bench.isStrict = true;
     disk.fail("replace", "/p/a.cpp", FailureKind::full);
     const BatchCounts counts = runProject({"a.cpp", "b.cpp", "missing.cpp", "c.cpp"});
     EXPECT_EQ(counts.failed, 2);

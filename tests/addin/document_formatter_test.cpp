@@ -215,6 +215,7 @@ TEST_F(FormatDocument, ClosedDocumentHasNoText) {
 
 TEST_F(FormatDocument, ListsTheDiagnosticsOfATextThatDoesNotParse) {
     const auto document = host.open("/a.cpp", kBroken);
+    bench.isStrict = true;
     EXPECT_EQ(run(document), FormatResult::refused);
     const Lines errors = host.logged("3");
     ASSERT_GE(errors.size(), 2u);

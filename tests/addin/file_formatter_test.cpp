@@ -186,6 +186,7 @@ INSTANTIATE_TEST_SUITE_P(All, FormatFileFailure, testing::ValuesIn(kBadFiles),
 
 TEST_F(FormatFile, ListsTheDiagnosticsOfATextThatDoesNotParse) {
     options.createBackups = true;
+    bench.isStrict = true;
     disk.put("/a.cpp", kBroken);
     disk.put("/a.cpp.bak", "older");
     EXPECT_EQ(run(), FormatResult::refused);
@@ -203,6 +204,16 @@ TEST_F(FormatFile, ListsTheDiagnosticsOfATextThatDoesNotParse) {
     EXPECT_EQ(placed->path, "/a.cpp");
     EXPECT_EQ(placed->position.line, 1u);
     EXPECT_EQ(placed->text.find("/a.cpp"), std::string::npos) << placed->text;
+}
+
+TEST_F(FormatFile, WarnsOfWhatItLeavesAlone) {
+    disk.put("/a.cpp", std::string(kSource) + kBroken);
+    EXPECT_EQ(run(), FormatResult::formatted);
+    EXPECT_EQ(disk.text("/a.cpp"), std::string(kResult) + kBroken);
+    const Lines warnings = host.logged("2");
+    ASSERT_FALSE(warnings.empty());
+    EXPECT_TRUE(warnings.front().starts_with("/a.cpp(4) : warning: col ")) << warnings.front();
+    EXPECT_EQ(host.logged("3"), Lines{});
 }
 
 TEST_F(FormatFile, RefusesWhatIsNoSource) {

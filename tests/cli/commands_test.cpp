@@ -224,7 +224,7 @@ TEST_F(Commands, TellIfWhatTheyPrintIsLost) {
 TEST_F(Commands, TellOfErrorsWhateverEditorsAreToShow) {
     std::filesystem::create_directories(folder / "config/kerfline");
     folder.write("config/kerfline/settings", "[Options]\nMessagesThreshold=0\n");
-    EXPECT_EQ(run({"--check", folder.write("a.c", "void f( {\n")}), ExitStatus::refused);
+    EXPECT_EQ(run({"--strict", "--check", folder.write("a.c", "void f( {\n")}), ExitStatus::refused);
     EXPECT_NE(err, "");
 }
 

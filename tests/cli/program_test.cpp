@@ -95,7 +95,9 @@ TEST(Program, OnlyLooksAtAFileThatIsReadOnly) {
 }
 
 TEST(Program, PassesARefusedSourceThrough) {
-    const Ran result = run({"-"}, {}, kBroken);
+    Cli::Options options;
+    options.isStrict = true;
+    const Ran result = run({"-"}, options, kBroken);
     EXPECT_EQ(result.status, ExitStatus::refused);
     EXPECT_EQ(result.out, kBroken);
     EXPECT_EQ(result.err.rfind("<stdin>:1:", 0), 0u) << result.err;
@@ -106,11 +108,31 @@ TEST(Program, LeavesARefusedFileAlone) {
     const TempFolder folder;
     const std::string broken = folder.write("a.c", kBroken);
     for (const auto destination : {Cli::Destination::sameFile, Cli::Destination::checkOnly}) {
-        const Ran result = run({broken}, to(destination));
+        Cli::Options options = to(destination);
+        options.isStrict = true;
+        const Ran result = run({broken}, options);
         EXPECT_EQ(result.status, ExitStatus::refused);
         EXPECT_EQ(result.out, "");
         EXPECT_EQ(folder.read("a.c"), kBroken);
     }
+}
+
+// Status 0 says that everything was laid out but for what the warnings name.
+TEST(Program, LaysOutTheRestOfASourceAndWarns) {
+    const std::string source = std::string(kUntidy) + kBroken;
+    const std::string warning = "<stdin>:5:12: warning: Expected \")\". Possible unbalanced parentheses.\n";
+    Ran result = run({"-"}, {}, source);
+    EXPECT_EQ(result.status, ExitStatus::done);
+    EXPECT_EQ(result.out, std::string(kTidy) + kBroken);
+    EXPECT_EQ(result.err, warning);
+    EXPECT_EQ(run({"-"}, to(Cli::Destination::checkOnly), source).status, ExitStatus::wouldChange);
+    Cli::Options options;
+    options.verbosity = Cli::Verbosity::quiet;
+    EXPECT_EQ(run({"-"}, options, source).err, "");
+    options.verbosity = Cli::Verbosity::normal;
+    options.messageFormat = Cli::MessageFormat::json;
+    result = run({"-"}, options, source);
+    EXPECT_NE(result.err.find("\"severity\":\"warning\""), std::string::npos) << result.err;
 }
 
 TEST(Program, GoesOnBehindAFailureAndKeepsTheHighestStatus) {
@@ -121,7 +143,9 @@ TEST(Program, GoesOnBehindAFailureAndKeepsTheHighestStatus) {
     EXPECT_EQ(result.status, ExitStatus::fileFailed);
     EXPECT_EQ(result.err, missing + ": error: The file \"" + missing + "\" cannot be found.\n");
     EXPECT_EQ(folder.read("a.c"), kTidy);
-    result = run({folder.write("b.c", kBroken), missing}, to(Cli::Destination::sameFile));
+    Cli::Options strict = to(Cli::Destination::sameFile);
+    strict.isStrict = true;
+    result = run({folder.write("b.c", kBroken), missing}, strict);
     EXPECT_EQ(result.status, ExitStatus::refused);
     EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 2) << result.err;
 }
@@ -141,7 +165,7 @@ TEST(Program, KeepsLineEndsAndByteOrderMark) {
 }
 
 TEST(Program, RefusesWideText) {
-    const std::string wide("\xff\xfei\0n\0t\0", 8);
+    const std::string wide("\xff\xfe\0\xd8i\0", 6); // half of a pair
     const Ran result = run({"-"}, {}, wide);
     EXPECT_EQ(result.status, ExitStatus::refused);
     EXPECT_EQ(result.out, wide);

@@ -35,7 +35,7 @@ const FailingFilter kFailing[] = {
     {"SwitchWithAWrongValue", {"--color=red", "-"}},
     {"SwitchesThatContradict", {"-q", "-v", "-j", "2"}},
     {"WritingBackToInput", {"-i"}},
-    {"NoSource", {"--scheme", "none"}, 4, "void f() { if (a }\n"},
+    {"NoSource", {"--strict", "--scheme", "none"}, 4, "void f() { if (a }\n"},
     {"WideText", {"--scheme", "none"}, 4, "\xff\xfei"},
 };
 

@@ -10,6 +10,8 @@ namespace Property {
 
 namespace {
 
+using Unreadable = Golden::Engine::Unreadable;
+
 constexpr int kShownBreaches = 3;
 
 /// The surroundings of the first place in which two texts differ.
@@ -20,9 +22,9 @@ std::string difference(const std::string& a, const std::string& b) {
     return "\n  [" + a.substr(start, 80) + "]\n  [" + b.substr(start, 80) + ']';
 }
 
-std::string breach(const Golden::Engine& engine, const std::string& text, Demand demand, bool mayRefuse) {
+std::string breach(const Golden::Engine& engine, const std::string& text, Demand demand) {
     const Golden::Outcome first = engine.format(text);
-    if (!first.text) return mayRefuse ? "" : "refused: " + first.messages.front().text;
+    if (!first.text) return "refused: " + first.messages.front().text;
     if (demand == Demand::giveBack) {
         return *first.text == text ? "" : "not given back" + difference(text, *first.text);
     }
@@ -35,8 +37,8 @@ std::string breach(const Golden::Engine& engine, const std::string& text, Demand
 
 /// What `check` says of the first few sources that it finds fault with.
 template <class Check>
-std::string collect(const Scheme& scheme, const std::vector<Source>& sources, Check check) {
-    const Golden::Engine engine(scheme.options);
+std::string collect(const Scheme& scheme, const std::vector<Source>& sources, Unreadable unreadable, Check check) {
+    const Golden::Engine engine(scheme.options, unreadable);
     std::string found;
     int count = 0;
     for (const Source& source : sources) {
@@ -60,25 +62,25 @@ std::string stretch(const std::string& text, const std::string& opening, const s
 } // namespace
 
 std::string breaches(const Scheme& scheme, const std::vector<Source>& sources, Demand demand) {
-    return collect(scheme, sources, [demand](const Golden::Engine& engine, const std::string& text) {
-        return breach(engine, text, demand, true);
+    return collect(scheme, sources, Unreadable::LeaveAlone, [demand](const auto& engine, const std::string& text) {
+        return breach(engine, text, demand);
     });
 }
 
 std::string breachesOrRefusals(const Scheme& scheme, const std::vector<Source>& sources, Demand demand) {
-    return collect(scheme, sources, [demand](const Golden::Engine& engine, const std::string& text) {
-        return breach(engine, text, demand, false);
+    return collect(scheme, sources, Unreadable::Report, [demand](const auto& engine, const std::string& text) {
+        return breach(engine, text, demand);
     });
 }
 
 std::string changedStretches(const Scheme& scheme, const std::vector<Source>& sources, const std::string& opening,
                              const std::string& closing) {
-    return collect(scheme, sources, [&](const Golden::Engine& engine, const std::string& text) -> std::string {
+    return collect(scheme, sources, Unreadable::LeaveAlone, [&](const auto& engine, const std::string& text) {
         const Golden::Outcome outcome = engine.format(text);
-        if (!outcome.text) return "";
+        if (!outcome.text) return "refused: " + outcome.messages.front().text;
         const std::string before = stretch(text, opening, closing);
         const std::string after = stretch(*outcome.text, opening, closing);
-        return before == after ? "" : "changed" + difference(before, after);
+        return before == after ? std::string() : "changed" + difference(before, after);
     });
 }
 

@@ -8,8 +8,7 @@
 
 namespace Property {
 
-/// What a layout must hold to, whatever the source. A refused source holds to all of it, since it
-/// is left as it was.
+/// What a layout must hold to, whatever the source.
 enum class Demand {
     /// The result is the source.
     giveBack,
@@ -19,14 +18,15 @@ enum class Demand {
     settle,
 };
 
-/// Lays every source out and describes the first few that break the demand. Empty if none does.
+/// Lays every source out and describes the first few that break the demand. Empty if none does. What cannot
+/// be read in a source is left alone, so that a source that is refused breaks it, too.
 std::string breaches(const Scheme& scheme, const std::vector<Source>& sources, Demand demand);
 
-/// The same, and it is a breach if a source is refused.
+/// The same, and nothing may be left alone.
 std::string breachesOrRefusals(const Scheme& scheme, const std::vector<Source>& sources, Demand demand);
 
 /// Lays every source out and describes the first few in which the text from `opening` through `closing`
-/// is not the one of the source. A refused source is left as it was.
+/// is not the one of the source.
 std::string changedStretches(const Scheme& scheme, const std::vector<Source>& sources, const std::string& opening,
                              const std::string& closing);
 

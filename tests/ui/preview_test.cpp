@@ -109,13 +109,13 @@ TEST(Samples, ShowEachPageInAnotherLayoutThanTheirOwn) {
 
 // ---------------------------------------------------------------------------------------------- jobs
 
-TEST(Preview, ShowsATextThatDoesNotParseAsItIsAndSaysWhy) {
-    const PreviewResult result = runPreview({3, shippedSchemes().front(), "void f( {\n"});
+TEST(Preview, ShowsWhatCannotBeReadAsItIsAndSaysWhy) {
+    const PreviewResult result = runPreview({3, shippedSchemes().front(), "int  a;\nvoid  f( {\n"});
     EXPECT_EQ(result.generation, 3u);
-    EXPECT_FALSE(result.formatted);
-    EXPECT_EQ(result.text, "void f( {\n");
+    EXPECT_TRUE(result.formatted);
+    EXPECT_EQ(result.text, "int a;\nvoid  f( {\n");
     ASSERT_FALSE(result.messages.empty());
-    EXPECT_TRUE(result.messages.front().starts_with("Line 1, column ")) << result.messages.front();
+    EXPECT_TRUE(result.messages.front().starts_with("Line 2, column ")) << result.messages.front();
 }
 
 TEST(Preview, EndsEarlyWhenANewerOneHasBegun) {

@@ -1,6 +1,7 @@
 #ifndef KERFLINE_TESTS_GOLDENENGINE_H
 #define KERFLINE_TESTS_GOLDENENGINE_H
 
+#include "src/Norvane_FormatDriver.h"
 #include "src/scheme/Norvane_FormatOptions.h"
 #include "trn/Trn_Message.h"
 
@@ -18,12 +19,16 @@ struct Outcome {
 /// The format engine with one scheme, for any number of texts in line feeds.
 class Engine {
 public:
-    explicit Engine(const Norvane::PropertySet& scheme);
+    using Unreadable = Norvane::FormatDriver::Unreadable;
+
+    /// Only with Unreadable::LeaveAlone may there be messages beside a text.
+    explicit Engine(const Norvane::PropertySet& scheme, Unreadable unreadable = Unreadable::Report);
 
     Outcome format(const std::string& text) const;
 
 private:
     Norvane::FormatOptions options_;
+    Unreadable unreadable_;
 };
 
 } // namespace Golden
