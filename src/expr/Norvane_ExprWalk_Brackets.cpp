@@ -206,7 +206,8 @@ void ExprWalk::writeCall() {
 }
 
 void ExprWalk::writeArguments() {
-    decide(at_, options_.afterCallName);
+    // Behind a name in another text the parenthesis may start its line.
+    if (at_ > 0 || output_.column() > 0) decide(at_, options_.afterCallName);
     openGroup(ExprGroup::kCall, options_.parens, options_.callArgs);
 }
 

@@ -381,7 +381,8 @@ private:
     std::size_t lineEnd_ = std::string_view::npos;
     /// The statement that was written last has not ended yet.
     bool statementOpen_ = false;
-    /// The indentation of the line of the output in which it begins.
+    /// The line of the output in which it begins, 0 if there is none, and the indentation there.
+    int statementLine_ = 0;
     int statementColumn_ = 0;
     /// Source offset of the statement that is to keep its shape from its first character on, or npos.
     std::size_t shapeStart_ = std::string_view::npos;

@@ -339,7 +339,8 @@ void CppFormatter::writeKeptListGap(std::string_view gap, const ListStyle& style
         return;
     }
     const std::string_view front = gap.substr(0, comma);
-    const bool replacesFront = style.wsComma.set && isBlank(front) && !staysBroken(front, style.wsComma.value);
+    const bool mayReplace = output_.column() != 0 && isBlank(front);
+    const bool replacesFront = style.wsComma.set && mayReplace && !staysBroken(front, style.wsComma.value);
     if (replacesFront) {
         output_.writeExact(style.wsComma.value);
     } else {

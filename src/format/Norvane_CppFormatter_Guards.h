@@ -68,11 +68,13 @@ class CppFormatter::ShapeScope {
 public:
     explicit ShapeScope(CppFormatter& formatter)
         : formatter_(formatter), shape_(formatter.output_.shape()), start_(formatter.shapeStart_),
-          open_(formatter.statementOpen_), column_(formatter.statementColumn_) {
+          open_(formatter.statementOpen_), column_(formatter.statementColumn_),
+          line_(formatter.statementLine_) {
         if (!formatter_.ownsShape()) return;
         formatter_.output_.setShape({});
         formatter_.shapeStart_ = std::string_view::npos;
         formatter_.statementOpen_ = false;
+        formatter_.statementLine_ = 0;
     }
     ~ShapeScope() {
         if (!formatter_.ownsShape()) return;
@@ -80,6 +82,7 @@ public:
         formatter_.shapeStart_ = start_;
         formatter_.statementOpen_ = open_;
         formatter_.statementColumn_ = column_;
+        formatter_.statementLine_ = line_;
     }
     ShapeScope(const ShapeScope&) = delete;
     ShapeScope& operator=(const ShapeScope&) = delete;
@@ -90,6 +93,7 @@ private:
     std::size_t start_;
     bool open_;
     int column_;
+    int line_;
 };
 
 /// Makes `base` the base column of what is written in the scope.

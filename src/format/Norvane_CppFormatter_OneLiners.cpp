@@ -49,6 +49,7 @@ void CppFormatter::beginAgain() {
     afterCaseLabel_ = false;
     shapeStart_ = std::string_view::npos;
     statementOpen_ = false;
+    statementLine_ = 0;
     lineNote_ = {};
     listLines_.clear();
 }

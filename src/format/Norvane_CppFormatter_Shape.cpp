@@ -126,7 +126,10 @@ void CppFormatter::beginShape() {
     const std::size_t start = std::exchange(shapeStart_, std::string_view::npos);
     if (sourceOwnsEdge()) return;
     const int column = output_.column() == 0 ? output_.indentWidth() : output_.column();
-    statementColumn_ = output_.lineIndent();
+    // Behind a statement of several lines the line is one of that statement.
+    const bool sharesLine = !isOutputLineBlank() && statementLine_ > 0 && statementLine_ < output_.line();
+    if (!sharesLine) statementColumn_ = output_.lineIndent();
+    statementLine_ = output_.line();
     output_.setShape({true, column - sourceColumn(start)});
 }
 
@@ -147,8 +150,9 @@ int CppFormatter::sourceColumn(std::size_t offset) {
 // the statement begins.
 CppFormatter::Base CppFormatter::constructHere() {
     if (!keepsShape()) return baseHere();
+    beginRead();
     Base base = lineBase();
-    if (statementOpen_ && !isOutputLineBlank()) base.column = statementColumn_;
+    if (statementLine_ > 0 && !isOutputLineBlank()) base.column = statementColumn_;
     return base;
 }
 
