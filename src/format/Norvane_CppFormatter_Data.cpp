@@ -142,7 +142,8 @@ void CppFormatter::writeInitializer(const Cpp::DataDeclNode& node, const DataLin
     const std::string_view text = readThrough(init.end());
     const BaseScope scope(*this, line.column);
     const Edge edge(*this, options_.dataDoNotFormat ? noWs() : options_.indentDdContent);
-    if (first == '(') return exprFormatter_.formatCallTo(text, output_, options_.wsAfterDdTypeId);
+    // White space of a call belongs behind a name, and none stands in front on a line of its own.
+    if (first == '(' && output_.column() != 0) return exprFormatter_.formatCallTo(text, output_, options_.wsAfterDdTypeId);
     exprFormatter_.formatDeclarationTo(text, output_, options_.wsAfterDdTypeId);
 }
 
