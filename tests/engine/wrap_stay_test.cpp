@@ -10,6 +10,8 @@ using Norvane::keepStayingBreaks;
 TEST(WrapStay, TakesOverOnlyTheBreaksThatAreLeft) {
     EXPECT_EQ(keepStayingBreaks("f({a, b}, c)", "f({a,\n   b},\n  c)", "f({a,\n b}, c)"), "f({a,\n b}, c)");
     EXPECT_EQ(keepStayingBreaks("a && b", "a &&\n  b", "a && b"), "a && b");
+    // A comment whose lines have moved is the same token.
+    EXPECT_EQ(keepStayingBreaks("a /*\n */ && b", "a /*\n   */ &&\n  b", "a /*\n   */ &&\n b"), "a /*\n */ &&\n b");
 }
 
 TEST(WrapStay, LeavesTheBlanksOfTheTextAlone) {

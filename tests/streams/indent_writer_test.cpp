@@ -69,6 +69,33 @@ TEST(IndentWriter, RawWritesNoIndentAndLeavesTheSettings) {
     EXPECT_EQ(writer.text(), "  a\n b\n\tc");
 }
 
+TEST(IndentWriter, RawTextOfManyLinesLeavesThePlaceOfItsLastLine) {
+    IndentWriter writer(indented("    "));
+    writer.write("ab");
+    writer.writeRaw("cd\n\te\n  f");
+    EXPECT_EQ(writer.text(), "    abcd\n\te\n  f");
+    EXPECT_EQ(writer.line(), 3);
+    EXPECT_EQ(writer.column(), 3);
+    EXPECT_EQ(writer.lineIndent(), 2);
+    writer.writeRaw("g\n");
+    EXPECT_EQ(writer.column(), 0);
+    EXPECT_EQ(writer.line(), 4);
+}
+
+TEST(IndentWriter, KeepsTheTextWhileItGrows) {
+    IndentWriter writer;
+    std::string expected;
+    for (int i = 0; i < 500; ++i) {
+        writer.write("token ");
+        expected += "token ";
+        ASSERT_EQ(writer.text(), expected);
+        ASSERT_EQ(writer.column(), static_cast<int>(expected.size()));
+    }
+    EXPECT_EQ(writer.takeText(), expected);
+    writer.write("x");
+    EXPECT_EQ(writer.text(), "x");
+}
+
 TEST(IndentWriter, CountsLinesAndColumns) {
     IndentWriter writer(indented("  "));
     writer.write("a\n\tb");
