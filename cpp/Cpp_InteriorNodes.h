@@ -93,6 +93,8 @@ struct CodeInExpression {
     /// The first character of what the braces belong to, such as the "[" of a closure.
     Trn::Position head;
     NodePtr<BlockNode> block;
+    /// Some of it is not to be formatted: a stretch between two comments of the block.
+    bool hasRegion = false;
 };
 
 /// The whole of a text: its top-level nodes in source order. An expression is a leaf; the code in

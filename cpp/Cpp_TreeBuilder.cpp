@@ -197,7 +197,7 @@ void TreeBuilder::parseCode(Index brace) {
     bool isWhole = at_ == t_.mate(brace) + 1;
     for (std::size_t left = messages_.size() - reported; left > 0; --left) isWhole = (message++)->code == Parser::kNoteCode && isWhole;
     if (isWhole) {
-        code_.push_back({t_.start(braces_.head(brace)), Cpp::NodePtr<BlockNode>(std::move(block))});
+        code_.push_back({t_.start(braces_.head(brace)), Cpp::NodePtr<BlockNode>(std::move(block)), false});
     } else {
         messages_.resize(reported);
         code_.resize(taken);

@@ -76,9 +76,7 @@ CppFormatter::CppFormatter(std::shared_ptr<const Zelmar::SourceText> source, Sha
 }
 
 void CppFormatter::visit(Cpp::RootNode& node) {
-    RegionFinder finder(source_);
-    node.accept(finder);
-    regions_ = finder.takeInOrder();
+    regions_ = findRegions(node);
     if (options_.alignClassMemberNamesLeft || options_.alignFnDeclNamesLeft || options_.alignDdNamesLeft) {
         NameOffsetCalculator calculator(sharedOptions_);
         node.accept(calculator);
@@ -98,6 +96,12 @@ void CppFormatter::visit(Cpp::RootNode& node) {
     if (destination_ == nullptr) return;
     destination_->write(result_.data(), static_cast<std::streamsize>(result_.size()));
     destination_->flush();
+}
+
+std::vector<CppFormatter::Region> CppFormatter::findRegions(Cpp::SyntaxNode& node) const {
+    RegionFinder finder(source_);
+    node.accept(finder);
+    return finder.takeInOrder();
 }
 
 void CppFormatter::writePass(Cpp::RootNode& node) {

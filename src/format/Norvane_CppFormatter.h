@@ -158,6 +158,7 @@ private:
         std::size_t begin = 0;
         std::size_t end = 0; // one past the closing brace
         Cpp::BlockNode* block = nullptr;
+        std::vector<Region> regions; // of its own, in order
     };
 
     struct FnHead;
@@ -346,6 +347,7 @@ private:
 
     // Code in expressions.
     void takeCode(const Cpp::RootNode& root);
+    std::vector<Region> findRegions(Cpp::SyntaxNode& node) const;
     bool isApart(const Code& code) const;
     std::optional<Extent> find(const char* brace) const override;
     void noteHead(std::size_t number) override;

@@ -14,16 +14,20 @@ namespace Norvane {
 /// expression has been read to its end already.
 class CppFormatter::CodeScope {
 public:
-    explicit CodeScope(CppFormatter& formatter)
-        : formatter_(formatter), input_(formatter.input_), pending_(formatter),
+    CodeScope(CppFormatter& formatter, std::vector<Region>& regions)
+        : formatter_(formatter), regions_(regions), nextRegion_(std::exchange(formatter.nextRegion_, 0)), input_(formatter.input_), pending_(formatter),
           inClassBody_(std::exchange(formatter.inClassBody_, false)),
           inCode_(std::exchange(formatter.inCode_, true)),
           afterClassBody_(std::exchange(formatter.afterClassBody_, false)),
           afterCaseLabel_(std::exchange(formatter.afterCaseLabel_, false)),
           inElseIf_(std::exchange(formatter.inElseIf_, false)),
           gapIsInRegion_(std::exchange(formatter.gapIsInRegion_, false)),
-          lineNote_(std::exchange(formatter.lineNote_, {})) {}
+          lineNote_(std::exchange(formatter.lineNote_, {})) {
+        formatter_.regions_.swap(regions_);
+    }
     ~CodeScope() {
+        formatter_.regions_.swap(regions_);
+        formatter_.nextRegion_ = nextRegion_;
         formatter_.input_ = input_;
         formatter_.inClassBody_ = inClassBody_;
         formatter_.inCode_ = inCode_;
@@ -38,6 +42,8 @@ public:
 
 private:
     CppFormatter& formatter_;
+    std::vector<Region>& regions_;
+    std::size_t nextRegion_;
     Zelmar::SourceReader input_;
     PendingScope pending_;
     bool inClassBody_;
@@ -53,7 +59,8 @@ void CppFormatter::takeCode(const Cpp::RootNode& root) {
     code_.reserve(root.code().size());
     for (const Cpp::CodeInExpression& code : root.code()) {
         const std::size_t end = source_.offsetOf(code.block->end()) + 1;
-        code_.push_back({source_.offsetOf(code.head), source_.offsetOf(code.block->start()), end, code.block.get()});
+        code_.push_back({source_.offsetOf(code.head), source_.offsetOf(code.block->start()), end, code.block.get(), {}});
+        if (code.hasRegion) code_.back().regions = findRegions(*code.block.get());
     }
     codeBases_.resize(code_.size());
     exprFormatter_.setCode(code_.empty() ? nullptr : this);
@@ -63,7 +70,7 @@ void CppFormatter::takeCode(const Cpp::RootNode& root) {
 // keep it apart from the lines around it.
 bool CppFormatter::isApart(const Code& code) const {
     const bool spansLines = hasLineFeed(sourceText().substr(code.begin, code.end - code.begin));
-    return spansLines && (closureIndent().set || sourceOwnsEdge());
+    return (spansLines && (closureIndent().set || sourceOwnsEdge())) || !code.regions.empty();
 }
 
 std::optional<ExprCode::Extent> CppFormatter::find(const char* brace) const {
@@ -100,8 +107,8 @@ int CppFormatter::headColumn(std::size_t number) const {
 }
 
 void CppFormatter::writeCode(std::size_t number) {
-    const Code& code = code_[number];
-    const CodeScope scope(*this);
+    Code& code = code_[number];
+    const CodeScope scope(*this, code.regions);
     input_.moveTo(code.begin);
     const bool ownsLine = output_.column() == 0 || output_.lineIndent() == output_.column();
     if (ownsLine) copyThrough(code.block->start());

@@ -23,11 +23,26 @@ void CppPreFormatter::visit(Cpp::RootNode& node) {
     regions_.clear();
     if (markers_.empty()) return;
     visitChildren(node);
+    visitCode(node);
     // Only now, since removing nodes moves the children that the walk goes over, and all at once,
     // since each removal walks the whole tree.
     if (regions_.empty()) return;
     Cpp::NodeRangeRemover remover(regions_);
     node.accept(remover);
+    for (Cpp::CodeInExpression& code : node.code()) {
+        if (code.hasRegion) code.block->accept(remover);
+    }
+}
+
+// A region begins and ends in the same piece of code.
+void CppPreFormatter::visitCode(Cpp::RootNode& node) {
+    for (Cpp::CodeInExpression& code : node.code()) {
+        regionFirst_ = nullptr;
+        pendingEnd_.clear();
+        const std::size_t before = regions_.size();
+        code.block->accept(*this);
+        code.hasRegion = regions_.size() > before;
+    }
 }
 
 void CppPreFormatter::visit(Cpp::CommentNode& node) {

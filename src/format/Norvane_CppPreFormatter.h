@@ -30,6 +30,7 @@ public:
     void visit(Cpp::RootNode& node) override;
 
 private:
+    void visitCode(Cpp::RootNode& node);
     void openRegion(Cpp::CommentNode& comment, const std::string& inner);
     void closeRegion(Cpp::CommentNode& comment);
 

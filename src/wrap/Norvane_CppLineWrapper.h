@@ -148,6 +148,7 @@ private:
     std::string layOutInitializer(const std::string& text);
     std::vector<const Cpp::CodeInExpression*> codeIn(const Cpp::SyntaxNode& node) const;
     bool isOverInCode(const Cpp::SyntaxNode& node, const std::vector<const Cpp::CodeInExpression*>& codes) const;
+    bool holdsRegion(const Cpp::SyntaxNode& node) const;
     int indentOfLine(std::uint32_t line) const;
     bool wrapCodeIn(const Cpp::SyntaxNode& node);
     void visitElseIf(Cpp::BlockNode& block);

@@ -7,13 +7,18 @@
 
 namespace Norvane {
 
+namespace {
+
+bool startsBefore(const Cpp::CodeInExpression& code, const Trn::Position& position) {
+    return code.block->start() < position;
+}
+
+} // namespace
+
 // The code in expressions that no other code in `node` holds, in order.
 std::vector<const Cpp::CodeInExpression*> CppLineWrapper::codeIn(const Cpp::SyntaxNode& node) const {
     std::vector<const Cpp::CodeInExpression*> found;
-    const auto isBefore = [](const Cpp::CodeInExpression& code, const Trn::Position& start) {
-        return code.block->start() < start;
-    };
-    auto code = std::lower_bound(code_.begin(), code_.end(), node.start(), isBefore);
+    auto code = std::lower_bound(code_.begin(), code_.end(), node.start(), startsBefore);
     for (; code != code_.end() && code->block->start() < node.end(); ++code) {
         const bool isInner = !found.empty() && code->block->start() < found.back()->block->end();
         if (!isInner) found.push_back(&*code);
@@ -33,6 +38,13 @@ bool CppLineWrapper::isOverInCode(const Cpp::SyntaxNode& node,
     return true;
 }
 
+// Not a byte of a region may change, so the code around it cannot move.
+bool CppLineWrapper::holdsRegion(const Cpp::SyntaxNode& node) const {
+    const auto last = std::lower_bound(code_.begin(), code_.end(), node.end(), startsBefore);
+    return std::any_of(std::lower_bound(code_.begin(), code_.end(), node.start(), startsBefore), last,
+                       [](const Cpp::CodeInExpression& code) { return code.hasRegion; });
+}
+
 int CppLineWrapper::indentOfLine(std::uint32_t line) const {
     const std::string_view text = source_.text().substr(source_.lineStart(line));
     return Zelmar::textColumn(text.substr(0, text.find_first_not_of(" \t")), 0, options_->tabSize);
@@ -44,6 +56,7 @@ bool CppLineWrapper::wrapCodeIn(const Cpp::SyntaxNode& node) {
     const std::vector<const Cpp::CodeInExpression*> codes = codeIn(node);
     if (codes.empty()) return false;
     if (!isOverInCode(node, codes)) {
+        if (holdsRegion(node)) return copyNode(node), true;
         leavesCode_ = true;
         return false;
     }

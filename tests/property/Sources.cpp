@@ -147,7 +147,7 @@ const std::vector<Source>& deepNests() {
         const std::vector<std::pair<std::string, std::string>> pairs = {
             {"(", ")"}, {"[", "]"}, {"{", "}"}, {"<", ">"}, {"f(", ")"}, {"a<", ">"}, {"if(a){", "}"},
             {"if(a)", ";"}, {"namespace a{", "}"}, {"class a{", "};"}, {"if(a);else ", ""}, {"do ", "while(a);"},
-            {"template<", ">"}, {"switch(a){case 1:", "}"}, {"enum{", "}"}, {"={", "}"},
+            {"template<", ">"}, {"switch(a){case 1:", "}"}, {"enum{", "}"}, {"={", "}"}, {"[]{", "}"}, {"f([]{a;\n", "});\n"},
         };
         std::vector<Source> result;
         for (const auto& [open, close] : pairs) {
