@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Installs what is missing to build Kerfline on Debian: scripts/setup.sh [--windows] [--editors]
+# Installs what is missing to build Kerfline on Debian: scripts/setup.sh [--windows] [--editors] [--fuzz]
 # The windows of the options, with Qt, are built only with --windows, or where Qt is already. The editors
-# are for the tests of their recipes, which are skipped without them.
+# are for the tests of their recipes, which are skipped without them; clang builds the fuzz targets.
 # docs/dependencies.md has the reason for each package.
 set -euo pipefail
 
@@ -10,7 +10,8 @@ for choice in "$@"; do
     case $choice in
     --windows) packages+=(qt6-base-dev fonts-dejavu-core) ;;
     --editors) packages+=(vim emacs-nox) ;;
-    *) echo "setup.sh knows --windows and --editors, and no $choice" >&2; exit 2 ;;
+    --fuzz) packages+=(clang libclang-rt-14-dev) ;;
+    *) echo "setup.sh knows --windows, --editors and --fuzz, and no $choice" >&2; exit 2 ;;
     esac
 done
 

@@ -166,7 +166,8 @@ void CppFormatter::writeFnParams(const Cpp::FunctionHeadNode& head) {
     } else if (startsInLineComment(gap) || endsInLineComment(gap)) {
         writeSource(gap);
     } else {
-        writeAtBase(options_.wsAfterFnName.value, base());
+        const bool goesOnWithWord = Cpp::isOneWord(output_.text(), gap);
+        if (!goesOnWithWord) writeAtBase(options_.wsAfterFnName.value, base());
         writeSource(trimmedBoth(gap));
     }
     writeParams(*head.params());
