@@ -6,14 +6,8 @@
 
 namespace Cpp {
 
-namespace {
-
-constexpr std::uint32_t bitMask(std::uint32_t bits) { return (std::uint32_t{1} << bits) - 1; }
-
-} // namespace
-
 NodeText::NodeText(const void* from, std::uint32_t first, std::uint32_t last, Form form)
-    : from_(from), first_(first), last_(last & bitMask(kIndexBits)), form_(form & bitMask(32 - kIndexBits)) {}
+    : from_(from), first_(first), last_(last & kIndexMask), form_(form & kFormMask) {}
 
 NodeText::NodeText(std::string_view text) {
     if (text.empty()) return;
@@ -49,8 +43,8 @@ void NodeText::swap(NodeText& other) noexcept {
     const std::uint32_t form = form_;
     last_ = other.last_;
     form_ = other.form_;
-    other.last_ = last & bitMask(kIndexBits);
-    other.form_ = form & bitMask(32 - kIndexBits);
+    other.last_ = last & kIndexMask;
+    other.form_ = form & kFormMask;
 }
 
 bool NodeText::empty() const {

@@ -45,6 +45,8 @@ private:
     enum Form : std::uint32_t { kKept, kOwn, kJoined, kStatement, kSpelling };
 
     static constexpr std::uint32_t kIndexBits = 29;
+    static constexpr std::uint32_t kIndexMask = (std::uint32_t{1} << kIndexBits) - 1;
+    static constexpr std::uint32_t kFormMask = (std::uint32_t{1} << (32 - kIndexBits)) - 1;
 
     NodeText(const void* from, std::uint32_t first, std::uint32_t last, Form form);
     void release();
