@@ -453,6 +453,7 @@ bool isOneWord(std::string_view left, std::string_view right) {
     if (left.empty() || right.empty()) return false;
     const char before = left.back();
     const char behind = right.front();
+    if (before == '^' && behind == '^') return true; // of reflection
     if (isIdentifierChar(behind)) return isIdentifierChar(before) || before == '"' || before == '\'';
     if (behind != '"' && behind != '\'') return false;
     std::size_t begin = left.size();

@@ -333,7 +333,7 @@ bool TreeBuilder::parseHeadTail(FunctionHeadNode& head, Index from, Index end) {
                 report("Expected '= 0' to indicate a pure virtual function. Got: " + t_.spelling(value), value);
                 return false;
             }
-            head.setPureSpec(part<ExprNode>("= 0", t_.start(k), t_.end(value)));
+            head.setPureSpec(part<ExprNode>(NodeText::keptBy("= 0"), t_.start(k), t_.end(value)));
             k = value;
         }
     }

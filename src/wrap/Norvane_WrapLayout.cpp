@@ -273,6 +273,8 @@ std::size_t WrapLayout::headOfCode(std::size_t open) const {
     std::size_t at = open;
     for (int left = kMostTokens; left > 0 && at > 0; --left) {
         --at;
+        // A bracket that nothing opens is the end of what is known.
+        if (text_.closes(at) && text_.mate(at) == WrapText::npos) break;
         if (text_.closes(at)) at = text_.mate(at);
         const int kind = text_.kind(at);
         if (kind == tkOpenBracket) return at;
@@ -285,6 +287,7 @@ std::size_t WrapLayout::headOfCode(std::size_t open) const {
 // Left where it is when a break moves that line, it would move with the next run.
 int WrapLayout::shiftOfCode(std::size_t open) const {
     const std::size_t close = text_.mate(open);
+    if (close == WrapText::npos) return 0;
     const std::size_t line = lineStart(headOfCode(open));
     const bool isMoved = places_[line].indent != kNoBreak && startsLineInText(close);
     return isMoved ? places_[line].startColumn - sourceColumn(close) : 0;

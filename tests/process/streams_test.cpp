@@ -23,7 +23,7 @@ const StatusCase kStatuses[] = {
     {"WrongUse", {"--chekc"}, "", 2},
     {"WrongScheme", {"--scheme", "knrr"}, "", 2},
     {"Missing", {"/nonexistent/a.c"}, "", 3},
-    {"Refused", {}, "void f() { if (a }\n", 4},
+    {"Refused", {"--strict"}, "void f() { if (a }\n", 4},
 };
 
 class Status : public testing::TestWithParam<StatusCase> {};
