@@ -187,9 +187,12 @@ void CppFormatter::noteLineEnd() {
 }
 
 bool CppFormatter::isOutputLineBlank() const {
-    if (output_.column() == 0) return true;
+    // From the end: a line of nested heads may be as long as the text.
     const std::string_view text = output_.text();
-    return isBlank(text.substr(text.rfind('\n') + 1));
+    for (std::size_t at = text.size(); at > 0 && text[at - 1] != '\n'; --at) {
+        if (!Cpp::isSpace(text[at - 1])) return false;
+    }
+    return true;
 }
 
 bool CppFormatter::onlyNotesBetween(std::size_t begin, const Position& end) const {

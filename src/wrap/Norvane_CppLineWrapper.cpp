@@ -95,8 +95,10 @@ std::size_t CppLineWrapper::endOfHead(const Trn::Position& headEnd) const {
     return isHead ? end + words : end;
 }
 
+// Statements may share a line that is as long as the text: what each costs must not grow with its column.
 std::string CppLineWrapper::indentFor(int column) const {
-    return Zelmar::makeIndent(output_.indent(), options_->convertWs, options_->tabSize, column);
+    static constexpr int kMostColumns = 16384;
+    return Zelmar::makeIndent(output_.indent(), options_->convertWs, options_->tabSize, std::min(column, kMostColumns));
 }
 
 std::string CppLineWrapper::continuationIndent() const {
