@@ -75,9 +75,9 @@ constexpr auto kExpressions = std::to_array<Text>({
     "it.",
     "Where taking white space away would glue two words or operators into another one, one blank stays.",
     "The body of a closure is code: its statements are laid out like those of a function, and indented from the "
-    "line in which the closure begins. A closure on one line stays there. The same goes for code among the "
-    "arguments of a macro, for `({ ... })` and for the braces of `requires`, but for the white space in front of "
-    "these.",
+    "line in which the closure begins. A closure on one line stays there. The same goes for the braces of "
+    "`requires`, for code among the arguments of a macro and for `({ ... })`; the last two have no option for the "
+    "white space in front of their brace.",
     "A list of values never changes its lines: the three options for lists act where the source breaks none.",
 });
 

@@ -16,7 +16,7 @@ public:
         std::size_t number = 0; // tells one piece of code from another
         const char* head = nullptr; // what the code belongs to begins here, such as the "[" of a closure
         const char* end = nullptr;  // behind the closing brace
-        bool isClosure = false;
+        bool isClosure = false; // or the braces of "requires"
         bool isApart = false; // laid out by writeCode; otherwise a part of the expression like any other
     };
 

@@ -73,7 +73,7 @@ public:
     /// The token opens braces that are not looked into.
     bool opensCode(std::size_t index) const;
     /// The token opens braces that hold statements, whether these are looked into or not; the second:
-    /// those of a closure.
+    /// those of a closure or of "requires".
     bool opensStatements(std::size_t index) const { return isAmong(codeBraces_, index); }
     bool opensClosure(std::size_t index) const { return isAmong(closureBraces_, index); }
     /// The token is the "[" of a closure.

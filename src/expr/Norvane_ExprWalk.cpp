@@ -210,6 +210,7 @@ void ExprWalk::skipComments() {
 }
 
 void ExprWalk::writeDefault() {
+    if (writeClosureTemplate()) return;
     const std::size_t left = at_;
     skipComments();
     if (!hasNext()) {

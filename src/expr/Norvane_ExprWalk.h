@@ -110,6 +110,8 @@ private:
     void writeCode();
     void writeClosureBrace();
     void writeBehindCaptures(std::size_t open);
+    bool isCaptureDefault() const;
+    bool writeClosureTemplate();
     bool isList(std::size_t open, std::size_t close) const;
     void writeList(std::size_t close);
     void enterList(std::size_t open, std::size_t close, ExprGroup group);
@@ -172,8 +174,9 @@ private:
     // Brackets in front of token counted_, brought forward as the lists ask for them.
     BracketDepths depths_;
     std::size_t counted_ = 0;
-    // The token behind the captures of the last lambda.
+    // The "(" of the last lambda, and the "]" behind which its "<" stands.
     std::size_t lambdaParams_ = ExprTokens::kNone;
+    std::size_t templateCaptures_ = ExprTokens::kNone;
     // Initialisers the walk is in.
     int indentedBraces_ = 0;
 };

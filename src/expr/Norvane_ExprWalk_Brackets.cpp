@@ -143,6 +143,7 @@ void ExprWalk::closeGroup() {
 
 /// At the closing bracket of a group that was no call: it may have been a cast.
 void ExprWalk::writeBehindParens(std::size_t open) {
+    if (open == lambdaParams_) return;
     const std::size_t operand = at_ + 1;
     const bool isHead = isCondition(tokens_, open);
     // The statement behind such a head may have a line of its own.

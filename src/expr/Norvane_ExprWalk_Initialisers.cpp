@@ -13,6 +13,10 @@ constexpr int kMaxIndentedBraces = 200;
 } // namespace
 
 void ExprWalk::writeAssignment() {
+    if (isCaptureDefault()) {
+        ++at_;
+        return;
+    }
     noteOperator(Cpp::tkAssign);
     if (!writeBraces(at_)) writeDefault();
 }

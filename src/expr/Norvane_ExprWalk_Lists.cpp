@@ -73,7 +73,26 @@ void ExprWalk::writeClosureBrace() {
 
 /// Behind the "]" that closes what opens at `open`.
 void ExprWalk::writeBehindCaptures(std::size_t open) {
-    if (tokens_.startsClosure(open) && next() == Cpp::tkOpenParen) decide(at_ + 1, options_.beforeClosureParams);
+    if (!tokens_.startsClosure(open)) return;
+    if (next() == Cpp::tkOpenParen) decide(at_ + 1, options_.beforeClosureParams);
+    if (next() == Cpp::tkLess && mateInFrame(at_ + 1) != ExprTokens::kNone) {
+        templateCaptures_ = at_;
+        lambdaParams_ = mateInFrame(at_ + 1) + 1;
+    }
+}
+
+/// The parameters of a template behind the captures, where else a comparison would stand. Returns false if
+/// there are none.
+bool ExprWalk::writeClosureTemplate() {
+    if (at_ != templateCaptures_) return false;
+    ++at_;
+    writeAngle();
+    return true;
+}
+
+/// The "=" of "[=, this]", which assigns nothing.
+bool ExprWalk::isCaptureDefault() const {
+    return frame().group == ExprGroup::kSquares && at_ == frame().open + 1 && tokens_.startsClosure(frame().open);
 }
 
 } // namespace Norvane

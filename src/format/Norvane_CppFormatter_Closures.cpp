@@ -81,7 +81,7 @@ std::optional<ExprCode::Extent> CppFormatter::find(const char* brace) const {
     const auto found = std::lower_bound(code_.begin(), code_.end(), offset,
                                         [](const Code& code, std::size_t at) { return code.begin < at; });
     if (found == code_.end() || found->begin != offset) return {};
-    const bool isClosure = source[found->head] == '[';
+    const bool isClosure = found->head < found->begin;
     return Extent{static_cast<std::size_t>(found - code_.begin()), source.data() + found->head, source.data() + found->end,
                   isClosure, isApart(*found)};
 }

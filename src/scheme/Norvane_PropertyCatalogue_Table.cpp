@@ -414,7 +414,8 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
             "a function, or else of a block"}),
     space("WS_BEFORE_CLOSURE_OPEN_BRACE", Family::ClosuresAndLists,
           {"Before \"{\" of a closure",
-           "White space before the \"{\" of a closure; a line feed acts on closures of several lines alone"}),
+           "White space before the \"{\" of a closure, and behind \"requires\"; a line feed acts on code of several "
+           "lines alone"}),
     space("WS_BEFORE_CLOSURE_PARAMS", Family::ClosuresAndLists,
           {"Before \"(\" of a closure", "White space between the captures of a closure and its parameters"}),
     space("WS_BEFORE_LIST_OPEN_BRACE", Family::ClosuresAndLists,
