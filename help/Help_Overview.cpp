@@ -53,7 +53,8 @@ void appendSchemes(Document& document) {
     heading(document, "Schemes", "schemes");
     paragraph(document,
               "A scheme is a set of options with a name. Several come with the program: `default`, `knr`, "
-              "`stroustrup`, `allman`, `gnu`, `whitesmiths` and `minimal`. The scheme `none` has no "
+              "`stroustrup`, `allman`, `gnu`, `whitesmiths` and `minimal`, and the styles of houses: `google`, "
+              "`chromium`, `llvm`, `mozilla`, `webkit`, `microsoft`, `linux` and `qt`. The scheme `none` has no "
               "options, and gives every text back as it is.");
     paragraph(document,
               "Which one is used? The one that `--scheme` names. Without it, the file `.kerfline.kls` in "

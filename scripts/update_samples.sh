@@ -6,7 +6,7 @@
 #
 # In the page, a code block behind the line "<!-- source -->" is a source. One behind the line
 # "<!-- result: NAME=VALUE ... -->" is what becomes of the last source under the scheme knr with these
-# options set. A value has no blank in it; "~" stands for one.
+# options set. A value has no blank in it; "~" stands for one. "scheme=NAME" takes another scheme.
 set -u
 export LC_ALL=C
 
@@ -19,9 +19,14 @@ work=$(mktemp -d) || exit 3
 trap 'rm -rf "$work"' EXIT
 
 lay_out() { # NAME=VALUE... ; the source is in $work/source
-    local edits=() option
-    for option in "$@"; do edits+=(--set "${option//\~/ }"); done
-    "$kerfline" --scheme knr "${edits[@]}" - < "$work/source"
+    local edits=() option scheme=knr
+    for option in "$@"; do
+        case $option in
+        scheme=*) scheme=${option#scheme=} ;;
+        *) edits+=(--set "${option//\~/ }") ;;
+        esac
+    done
+    "$kerfline" --scheme "$scheme" ${edits[@]+"${edits[@]}"} - < "$work/source"
 }
 
 # What the block that comes next is: text, source or result.

@@ -94,7 +94,7 @@ void SchemesCommand::list() {
     for (const ShippedScheme& scheme : shippedSchemes()) {
         const bool isHidden = finder_.userSchemes().count(std::string(scheme.name)) != 0;
         streams_.out << scheme.name << "  (comes with the program" << (isHidden ? ", hidden by yours" : "")
-                     << ")\n";
+                     << ")  " << summaryOf(scheme.text) << '\n';
     }
 }
 

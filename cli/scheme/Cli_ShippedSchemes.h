@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace Cli {
@@ -23,6 +24,10 @@ inline const ShippedScheme* findShippedScheme(std::string_view name) {
                                     [&](const ShippedScheme& scheme) { return scheme.name == name; });
     return found == schemes.end() ? nullptr : &*found;
 }
+
+/// The first sentence of the comment that a scheme file opens with, on one line and without its full
+/// stop; "" without a comment.
+std::string summaryOf(std::string_view text);
 
 } // namespace Cli
 

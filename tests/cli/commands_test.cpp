@@ -101,6 +101,10 @@ TEST_F(Commands, CopyASchemeIntoTheUsersFolder) {
     run({"schemes"});
     EXPECT_EQ(out.rfind("My own  (yours, ", 0), 0u) << out;
     EXPECT_EQ(out.find("not converted"), std::string::npos) << out;
+    EXPECT_NE(out.find("linux  (comes with the program)  Linux kernel: tabs of eight, the brace of a function on a line of "
+                       "its own, labels of \"case\" under their \"switch\", \"*\" at the name\n"),
+              std::string::npos)
+        << out;
     run({"schemes", "show", "My own"});
     EXPECT_NE(out.find("\"My own\"\n"), std::string::npos) << out;
     EXPECT_NE(out.find("KERFLINE_VERSION \"1.2.1\""), std::string::npos) << out;
