@@ -455,6 +455,7 @@ bool isOneWord(std::string_view left, std::string_view right) {
     const char behind = right.front();
     if (before == '^' && behind == '^') return true; // of reflection
     if (isIdentifierChar(behind)) return isIdentifierChar(before) || before == '"' || before == '\'';
+    if (before == '^' && behind == '^') return true; // reflection
     if (behind != '"' && behind != '\'') return false;
     std::size_t begin = left.size();
     while (begin > 0 && left.size() - begin < 4 && isIdentifierChar(left[begin - 1])) --begin;

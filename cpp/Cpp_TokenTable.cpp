@@ -86,10 +86,19 @@ bool isDeclaredName(int type, int before, int after, int behindAfter) {
     }
 }
 
+/// In front of the width of a bit field, "unsigned a : 1, export : 1", no keyword can be more than a name. The
+/// values in "x ? f(), this : 1" are all that looks so, too.
+bool isFieldName(int type, int before) {
+    const bool isValue = type == tkThis || type == tkTrue || type == tkFalse;
+    if (type < tkClass || isCKeyword(type) || isValue) return false;
+    return before == tkComma || before == tkIdentifier || namesWhatFollows(before);
+}
+
 /// Decides from its neighbours whether a C++ keyword is only a name, as C programs use it.
 bool isPlainName(int type, int before, int after, int behindAfter) {
     if (before == tkStruct || before == tkUnion || before == tkGoto) return type < tkIf && !isCKeyword(type);
     if (isDeclaredName(type, before, after, behindAfter)) return true;
+    if (after == tkColon && behindAfter == tkNumber && isFieldName(type, before)) return true;
     const bool member = before == tkDot || before == tkArrow;
     switch (type) {
     case tkClass: case tkTypename:

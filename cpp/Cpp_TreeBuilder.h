@@ -64,6 +64,7 @@ private:
         bool enumKey = false;
         bool classKey = false;
         int names = 0; // behind the class key
+        bool macroInHead = false; // and in front of the name a macro with arguments
     };
     /// Where a run of data tokens ends.
     struct DataRun {
@@ -169,8 +170,8 @@ private:
     bool endsScan(Index first, Index& j, HeadScan& met, DeclHead& head) const;
     void takeHeadWord(Index& j, HeadScan& met, DeclHead& head) const;
     bool endsAtBracket(Index& j, const DeclHead& head, const HeadScan& met) const;
-    bool endsAtParen(Index first, Index& j, const HeadScan& met, DeclHead& head) const;
-    bool isMacroInClassHead(Index prev, Index paren) const;
+    bool endsAtParen(Index first, Index& j, HeadScan& met, DeclHead& head) const;
+    bool isMacroInClassHead(const HeadScan& met, Index paren) const;
     bool isSpecifierMacro(Index first, Index paren, Index prev) const;
     bool opensDeclarator(Index paren, Index prev) const;
     bool isNameBefore(Index prev) const;
@@ -182,7 +183,6 @@ private:
     Index findName(Index first, Index last) const;
     bool splitBitfield(Index first, Index last, DataDeclNode& node) const;
     void splitDeclarator(Index first, Index last, DataDeclNode& node) const;
-    bool checkBitfield(Index colon, Index last);
     NodePtr parseBraceInit(Index first, const DeclHead& head, bool allowBitfield);
     void endAtSemicolon(SyntaxNode& node);
 
@@ -215,7 +215,6 @@ private:
     Ptr<FunctionHeadNode> parseFunctionHead(Index first, Index paren, Index op, bool member, Index end);
     Index findFunctionName(Index first, Index paren) const;
     Index nameStart(Index first, Index at) const;
-    bool checkOperator(Index op, Index paren, bool member);
     NodeText functionName(Index first, Index op, Index paren);
     bool isOpenAngle(Index less) const;
     bool parseHeadTail(FunctionHeadNode& head, Index from, Index end);
@@ -230,6 +229,17 @@ private:
     // Code in expressions.
     void takeCode(Index first, Index end);
     void parseCode(Index brace);
+
+    // Checks.
+    Index endOfGroup(Index i) const;
+    bool checkOperator(Index op, Index paren, bool member);
+    bool checkConversion(Index first, Index paren);
+    bool checkIndexOperator(const DeclHead& head);
+    bool checkBitfield(Index colon, Index last);
+    bool checkColon(Index first, Index headEnd, Index last, bool allowBitfield);
+    bool checkBraceHead(Index first, Index brace);
+    bool checkPointer(Index first, Index paren);
+    bool checkValues(Index paren, const FunctionTail& tail);
 
     // Statements.
     Ptr<BlockNode> parseBlock();

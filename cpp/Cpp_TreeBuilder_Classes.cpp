@@ -85,7 +85,7 @@ TreeBuilder::Ptr<BaseClauseNode> TreeBuilder::parseBaseClause(Index first, Index
         } else if (type(k) == tkVirtual) {
             once(k, isVirtual);
             isVirtual = true;
-        } else if (groupEnd != k || isBaseName(type(k)) || compares) {
+        } else if (groupEnd != k || compares || (isBaseName(type(k)) && (type(k) != tkNumber || !name.empty()))) {
             (name += name.empty() ? "" : " ") += t_.joined(k, groupEnd + 1);
             k = groupEnd;
         } else {

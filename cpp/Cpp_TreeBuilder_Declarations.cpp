@@ -41,6 +41,7 @@ TreeBuilder::NodePtr TreeBuilder::parseDeclaration(bool allowBitfield) {
     const Index first = at_;
     DeclHead head = scanHead(first);
     head.member = allowBitfield;
+    if (!checkIndexOperator(head)) return nullptr;
     switch (head.kind) {
     case DeclKind::Failed:
         reportEnd(head.at);
@@ -200,7 +201,7 @@ bool TreeBuilder::endsInColons(Index i) const {
 }
 
 /// Decides on a "(". Returns true if that ends the scan, otherwise `j` may have moved behind a pair.
-bool TreeBuilder::endsAtParen(Index first, Index& j, const HeadScan& met, DeclHead& head) const {
+bool TreeBuilder::endsAtParen(Index first, Index& j, HeadScan& met, DeclHead& head) const {
     const Index close = t_.mate(j);
     if (met.colon && (!met.classKey || close == kNone)) { // the width of a bit field
         head.kind = DeclKind::Data;
@@ -208,7 +209,8 @@ bool TreeBuilder::endsAtParen(Index first, Index& j, const HeadScan& met, DeclHe
     }
     const bool callOperator = head.op != kNone && met.prev == head.op && close != kNone && nextSig(j) == close;
     const bool behindKey = met.prev != kNone && isClassKey(type(met.prev)) && close != kNone;
-    const bool macroInHead = met.classKey && met.names == 1 && head.op == kNone && isMacroInClassHead(met.prev, j);
+    const bool macroInHead = met.classKey && !met.colon && head.op == kNone && isMacroInClassHead(met, j);
+    met.macroInHead = met.macroInHead || macroInHead;
     const bool specifier = !met.classKey && head.op == kNone && isSpecifierMacro(first, j, met.prev);
     if (met.colon || callOperator || behindKey || macroInHead || specifier) { // behind a colon a macro among the base classes
         j = close;
@@ -221,14 +223,28 @@ bool TreeBuilder::endsAtParen(Index first, Index& j, const HeadScan& met, DeclHe
     return true;
 }
 
-/// A macro with an argument that is or stands in front of the name of a class: "(" at `paren`.
-bool TreeBuilder::isMacroInClassHead(Index prev, Index paren) const {
-    if (t_.mate(paren) == kNone || prev == kNone || type(prev) != tkIdentifier) return false;
-    Index behind = nextSig(t_.mate(paren));
-    if (type(behind) == tkIdentifier) behind = nextSig(behind);
-    switch (type(behind)) {
-    case tkOpenBrace: case tkColon: return true;
-    case tkSemicolon: case tkLess: return behind != nextSig(t_.mate(paren));
+/// Whether the "(" at `paren` belongs to a macro that is, or stands in front of, the name of a class. Further
+/// macros may follow, "class A(x) B C(y) Name : Base {"; behind a name in front of it the name of a function
+/// would look the same, so there both must look like macros and the name of the class must not.
+bool TreeBuilder::isMacroInClassHead(const HeadScan& met, Index paren) const {
+    const Index prev = met.prev;
+    const Index close = t_.mate(paren);
+    if (close == kNone || prev == kNone || type(prev) != tkIdentifier) return false;
+    Index word = prev;
+    Index last = close;
+    for (int count = 0; count < kMaxTypeWords && nextType(last) == tkIdentifier; ++count) {
+        word = last = nextSig(last);
+        if (nextType(word) == tkOpenParen && t_.mate(nextSig(word)) != kNone) last = t_.mate(nextSig(word));
+    }
+    const bool isNamed = last == word; // else the last word is a macro with arguments
+    const bool isFirst = met.names == 1 || met.macroInHead;
+    const Index before = t_.significantBefore(prev);
+    const bool looksLikeOne = met.names == 2 && type(before) == tkIdentifier && looksLikeMacro(t_.text(before)) &&
+                              looksLikeMacro(t_.text(prev)) && isNamed && !looksLikeMacro(t_.text(last));
+    if (!isFirst && !looksLikeOne) return false;
+    switch (nextType(last)) {
+    case tkOpenBrace: case tkColon: return isNamed || last == close || looksLikeMacro(t_.text(word));
+    case tkSemicolon: case tkLess: return isNamed;
     default: return false;
     }
 }
@@ -355,7 +371,7 @@ TreeBuilder::NodePtr TreeBuilder::parseData(Index first, Index last, const DataR
     const bool bitfield = headEnd < last && type(headEnd) == tkColon;
     if (!bitfield || !splitBitfield(first, headEnd, *node)) splitDeclarator(first, headEnd, *node);
     if (type(headEnd) == tkOpenParen && headEnd < last && !node->name()) return nullptr;
-    if (bitfield && !checkBitfield(headEnd, last)) return nullptr;
+    if (bitfield ? !checkBitfield(headEnd, last) : !checkColon(first, headEnd, last, allowBitfield)) return nullptr;
     if (headEnd < last) {
         const Index lastOfInit = t_.significantBefore(last);
         node->setInit(part<ExprNode>(joined(headEnd, last), t_.start(headEnd), t_.end(lastOfInit)));
@@ -451,31 +467,13 @@ bool TreeBuilder::splitBitfield(Index first, Index last, DataDeclNode& node) con
     return true;
 }
 
-/// The widths of a bit field: each "," must be followed by a further name with a width of its own.
-/// Checks the further declarators behind the first bit field. They may be plain or unnamed ones.
-bool TreeBuilder::checkBitfield(Index colon, Index last) {
-    for (Index j = firstComma(nextSig(colon), last); j != kNone; j = firstComma(nextSig(j), last)) {
-        const Index name = nextSig(j);
-        if (type(name) == tkColon || type(name) == tkAsterisk || type(name) == tkOpenParen) continue;
-        if (type(name) != tkIdentifier) {
-            report("Bad looking bitfield. Expected an Identifier. Got: '" + t_.spelling(name) + "'.", name);
-            return false;
-        }
-        const int behind = nextType(name);
-        if (behind == tkNumber || behind == tkStringLiteral || behind == tkIdentifier) {
-            report("Bad looking bitfield. Expected ':'. Got: '" + t_.spelling(nextSig(name)) + "'.", nextSig(name));
-            return false;
-        }
-    }
-    return true;
-}
-
 /// A "{" with neither class nor enum in front of it: an initialiser if a name stands before it and
 /// the declaration goes on behind it, otherwise some macro that heads a block.
 TreeBuilder::NodePtr TreeBuilder::parseBraceInit(Index first, const DeclHead& head, bool allowBitfield) {
     const Index close = t_.mate(head.at);
     const Index behind = close == kNone ? kNone : nextSig(close);
     const Index start = sig(first);
+    if (start < head.at && !checkBraceHead(start, head.at)) return nullptr;
     const bool twoTokens = nextSig(start) < head.at || (start < head.at && isBehindComma(start));
     const Index comma = firstComma(first, head.at);
     if (twoTokens && comma != kNone) return parseData(first, comma, {comma, true, false}, allowBitfield);

@@ -19,7 +19,7 @@ bool endsHead(int type) { return type == tkSemicolon || type == tkOpenBrace || t
 TreeBuilder::NodePtr TreeBuilder::parseFunction(Index first, const DeclHead& head) {
     const Index paren = head.at;
     const FunctionTail tail = scanTail(first, paren);
-    if (tail.failed) {
+    if (tail.failed || !checkValues(paren, tail)) {
         at_ = tail.next;
         return nullptr;
     }
@@ -276,29 +276,6 @@ TreeBuilder::Ptr<FunctionHeadNode> TreeBuilder::parseFunctionHead(Index first, I
     return head;
 }
 
-/// Checks what follows the keyword "operator" up to the parameters at `paren`.
-bool TreeBuilder::checkOperator(Index op, Index paren, bool member) {
-    const Index what = nextSig(op);
-    const int kind = type(what);
-    if (kind == tkOpenParen) {
-        // A plain "operator" is a name that C allows; only a member must be an operator.
-        if (what != paren || (!member && t_.spelling(op) == "operator")) return true;
-        report("Expected ')'. As part of overloaded function call operator.", nextSig(what));
-        return false;
-    }
-    if (kind == tkNew || kind == tkDelete) {
-        Index list = nextSig(what);
-        if (type(list) == tkOpenBracket && nextType(list) == tkCloseBracket) list = nextSig(nextSig(list));
-        if (list == paren) return true;
-        report("Expected (.", list);
-        return false;
-    }
-    const bool symbol = kind == tkComma || kind == tkOpenBracket || (kind >= tkAssign && kind < tkClass && kind != tkDot && kind != tkQuestion);
-    if (symbol || kind == tkStringLiteral || kind >= tkClass) return true;
-    report("Could not recognize overloaded operator.", what);
-    return false;
-}
-
 /// The text of the name from `first` up to `paren`. An operator stands directly behind its keyword,
 /// and that behind the class; words are kept apart by single blanks.
 NodeText TreeBuilder::functionName(Index first, Index op, Index paren) {
@@ -446,11 +423,14 @@ TreeBuilder::NodePtr TreeBuilder::parsePointer(Index first, const DeclHead& head
     for (; type(end) != tkEnd && type(end) != tkInvalid; end = nextSig(end)) {
         const int kind = type(end);
         if (kind == tkSemicolon || kind == tkCloseBrace || isAccessKeyword(kind)) break;
+        // Behind a macro that makes all of a member the next one starts.
+        if (kind == tkNamespace || kind == tkUsing || (kind == tkTemplate && !initialiser)) break;
         if (kind == tkAssign) initialiser = true;
         if (kind == tkOpenBrace && !initialiser) break;
         const bool opens = kind == tkOpenParen || kind == tkOpenBrace || kind == tkOpenBracket;
         if (opens && t_.mate(end) != kNone) end = t_.mate(end);
     }
+    if (!checkPointer(first, paren)) return nullptr;
     if (type(end) != tkOpenBrace) return parseFunctionPtr(first, paren, end);
     // The name is the group itself, unless a name stands in front of it.
     const bool star = type(nextSig(paren)) == tkAsterisk;

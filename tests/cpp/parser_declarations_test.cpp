@@ -60,6 +60,10 @@ const ParseCase kPointers[] = {
     {"ToFunction", "int (*fp)(int);", "Root{FunctionPtrDecl{Return'int' Id'* fp' ParameterList{Parameter'int'}}}"},
     {"ReturningPointer", "int *(*fp)(int);", "Root{FunctionPtrDecl{Return'int *' Id'* fp' ParameterList{Parameter'int'}}}"},
     {"ToArray", "int (*p)[10];", "Root{FunctionPtrDecl{Return'int' Id'* p' Text'[ 10 ]'}}"},
+    {"MacroInFrontOfATemplate", "struct S { int F(a)(b) c\n template <class T> void g(); };",
+     "Root{ClassDecl{ClassHead{ClassName'struct|S'} ClassBody{FunctionPtrDecl{Return'int F' Id'a' "
+     "ParameterList{Parameter'b'} Text'c'} Template{Keyword'template' ParameterList{Parameter'class T'}} "
+     "FunctionDecl{FunctionHead{Return'void' Id'g' ParameterList}}}}}"},
     {"ToMember", "int (A::*p)(int) const;", "Root{FunctionPtrDecl{Return'int' Id'A:: * p' ParameterList{Parameter'int'} Text'const'}}"},
     {"ReferenceToArray", "char (&yes)[1];", "Root{FunctionPtrDecl{Return'char' Id'& yes' Text'[ 1 ]'}}"},
     {"CallingConvention", "int (WINAPI *f)(int);", "Root{FunctionPtrDecl{Return'int' Id'WINAPI * f' ParameterList{Parameter'int'}}}"},
@@ -109,6 +113,17 @@ const MessageCase kMessages[] = {
     {"MacroAtClassEnd", "struct S { int a; PADDING };", ""},
     {"OpenParen", "int f(int a;", "1:12 Unexpected EOF found.; 1:1 The statement cannot be parsed."},
     {"MixedBitfields", "struct S { int a : 3, b, : 4, *c, d[2]; int : 0; };", ""},
+    {"FieldsNamedLikeKeywords", "struct S { unsigned a : 1, export : 1; int new : 2, public : 1; T class : 3; };", ""},
+    {"WithoutWidth", "struct S { int a : ; int b : = 3; };",
+     "1:20 Bad looking bitfield. Expected an identifier or an integer literal. Got: ';'.; 1:12 The statement cannot be parsed.; "
+     "1:30 Bad looking bitfield. Expected an identifier or an integer literal. Got: '='.; 1:22 The statement cannot be parsed."},
+    {"FieldOutsideOfAClass", "namespace n { int a : 3; }",
+     "1:21 Unexpected token. Was expecting to find \";\", \"(\" or \"=\".; 1:15 The statement cannot be parsed."},
+    {"FieldsThatAClassIncludes", "unsigned a : 3;", ""},
+    {"SemicolonAmongValues", "int x(1; 2);", "1:8 An unexpected semicolon was found.; 1:1 The statement cannot be parsed."},
+    {"SemicolonAmongParameters", "void f(int n; int a[n]); int FOO(1; 2);", ""},
+    {"ValueBehindAPointer", "int (*f) 5;",
+     "1:10 Expected \"(\" as part of pointer-to-function declaration. Got: 5; 1:1 The statement cannot be parsed."},
     {"WidthOfAnyKind", "struct S { int a : (8); int b : 'c'; };", ""},
     {"ExpressionAsWidth", "struct S { int a : (8 - 3); int b : sizeof(x) * 8; int NAME(c) : 1; };", ""},
 };

@@ -151,6 +151,10 @@ const MessageCase kMessages[] = {
      "1:25 Expected ')'. As part of overloaded function call operator.; 1:12 The statement cannot be parsed."},
     {"PlainOperatorIsAName", "int operator(int);", ""},
     {"NewWithoutList", "void *operator new x(int);", "1:20 Expected (.; 1:1 The statement cannot be parsed."},
+    {"OpenIndexOperator", "int A::operator[;",
+     "1:17 Expected [.; 1:1 The statement cannot be parsed."},
+    {"OpenConversion", "struct A { operator B<C(); };", "1:22 Expected \"<\".; 1:12 The statement cannot be parsed."},
+    {"ArrayNamedOperator", "int operator[5];", ""},
     {"UnknownOperator", "int A::operator ? (int);", "1:17 Could not recognize overloaded operator.; 1:1 The statement cannot be parsed."},
     {"InitializersWithoutBody", "A::A() : a(1)", "1:13 Unexpected EOF found.; 1:1 The statement cannot be parsed."},
 };
