@@ -237,7 +237,9 @@ bool Scanner::scanToken(RawToken& token) {
     case kLetter: return scanName(token);
     case kDigit: return scanNumber(token);
     case kQuote: return scanLiteral(token);
-    case kHash: return scanDirective(token);
+    case kHash:
+        if (isArgument(text_, at_)) break; // there is no token for it
+        return scanDirective(token);
     case kSlash: return peek(1) == '/' || peek(1) == '*' ? scanComment(token) : scanPunctuator(token);
     case kColon: return behindColons(text_, at_) > at_ ? scanName(token) : scanPunctuator(token);
     case kTilde:
@@ -247,8 +249,10 @@ bool Scanner::scanToken(RawToken& token) {
         if (isDigit(peek(1)) && !endsInDots(text_.substr(0, at_))) return scanNumber(token);
         return scanPunctuator(token);
     case kPunct: return scanPunctuator(token);
-    default: ++at_; return false;
+    default: break;
     }
+    ++at_;
+    return false;
 }
 
 // Most names are a single word.
@@ -387,6 +391,13 @@ bool Scanner::scanCharacter(RawToken& token) {
     return true;
 }
 
+/// Whether the "#" at `hash` is all that one argument of a macro holds, as in "F(#, x)": no directive goes on like
+/// that.
+bool Scanner::isArgument(std::string_view text, std::size_t hash) {
+    const std::size_t behind = text.find_first_not_of("# \t", hash);
+    return behind != std::string_view::npos && (text[behind] == ',' || text[behind] == ')');
+}
+
 bool Scanner::scanDirective(RawToken& token) {
     DirectiveWalker walker(text_, at_, lineComments_ == LineComments::continued);
     bool hasComment = false;
@@ -455,7 +466,6 @@ bool isOneWord(std::string_view left, std::string_view right) {
     const char behind = right.front();
     if (before == '^' && behind == '^') return true; // of reflection
     if (isIdentifierChar(behind)) return isIdentifierChar(before) || before == '"' || before == '\'';
-    if (before == '^' && behind == '^') return true; // reflection
     if (behind != '"' && behind != '\'') return false;
     std::size_t begin = left.size();
     while (begin > 0 && left.size() - begin < 4 && isIdentifierChar(left[begin - 1])) --begin;

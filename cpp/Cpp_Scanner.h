@@ -51,7 +51,8 @@ struct RawToken {
 /// digraphs are the brackets and the "#" that they stand for. Names are made of letters, digits, "_",
 /// "$", universal character names and all bytes from 0x80. A byte order mark in front is skipped.
 ///
-/// Skipped without a token: bytes that start none, and a string that its line does not close.
+/// Skipped without a token: bytes that start none, a "#" that is an argument by itself, and a string that its line
+/// does not close.
 ///
 /// The text must outlive the scanner; its lines end in line feeds. Costs nothing to construct.
 class Scanner {
@@ -87,6 +88,7 @@ private:
     bool scanString(RawToken& token);
     bool scanRawString(RawToken& token);
     bool scanCharacter(RawToken& token);
+    static bool isArgument(std::string_view text, std::size_t hash);
     bool scanDirective(RawToken& token);
     bool scanDirectiveTail(RawToken& token);
     // The token from the read point to `end`, which becomes the read point. Both return true.

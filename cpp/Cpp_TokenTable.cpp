@@ -112,7 +112,7 @@ bool isPlainName(int type, int before, int after, int behindAfter) {
         if (before == tkOperator || before == tkAssign) return false;
         return member || followsName(after);
     case tkPublic: case tkPrivate: case tkProtected:
-        return member || followsName(after);
+        return member || followsName(after) || after == tkOpenBracket;
     case tkNamespace: case tkUsing: case tkFriend: case tkVirtual: case tkExport: case tkExplicit:
         return member || followsName(after) || (after == tkOpenBracket && behindAfter != tkOpenBracket);
     case tkMutable:

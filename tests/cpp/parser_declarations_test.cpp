@@ -88,6 +88,7 @@ const char* const kNamesInC[] = {
     "void f(void) { switch (class) { case private: break; } goto delete; delete: friend[1] = export(2); }",
     "void f(void) { char loadable, private, public; private = public; template->x = 2; mutable++; }",
     "typedef int bool; typedef unsigned short wchar_t; typedef unsigned long size_t;",
+    "struct k { u8 private[4]; T public[2]; }; void f(void) { x.public[1] = private[0]; }",
 };
 
 TEST(NamesInC, AreAcceptedWhereTheKeywordCannotStand) {

@@ -154,6 +154,7 @@ INSTANTIATE_TEST_SUITE_P(Comments, Scan, testing::ValuesIn(kComments), rowName);
 const ScanCase kDirectives[] = {
     {"ThroughItsLineFeed", "#if A\nx", "<directive>[#if A\n] <identifier>[x]"},
     {"AnywhereOnALine", "a #b\nc", "<identifier>[a] <directive>[#b\n] <identifier>[c]"},
+    {"AsAnArgument", "F(#, # )\nx", "<identifier>[F] ( , ) <identifier>[x]"},
     {"ContinuedLines", "#define A \\\n 1 \\ \t\n 2\nx",
      "<directive>[#define A \\\n 1 \\ \t\n 2\n] <identifier>[x]"},
     {"EndsInFrontOfALineComment", "#define A // x\ny",
