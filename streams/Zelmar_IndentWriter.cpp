@@ -217,6 +217,21 @@ std::string IndentWriter::takeText() {
     return taken;
 }
 
+WriterMark IndentWriter::mark() {
+    std::string text;
+    text.swap(buffer_);
+    WriterMark here(*this);
+    text.swap(buffer_);
+    return here;
+}
+
+void IndentWriter::goBackTo(const WriterMark& mark) {
+    std::string text;
+    text.swap(buffer_);
+    *this = mark.writer_;
+    text.swap(buffer_);
+}
+
 void IndentWriter::setPlace(int line, int column) {
     line_ = line;
     column_ = column;

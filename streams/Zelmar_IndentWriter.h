@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace Zelmar {
 
@@ -46,6 +47,8 @@ struct IndentStreamState {
     /// Of a line that has begun: the column of its first character, or -1 if nobody knows.
     int lineIndent = -1;
 };
+
+class WriterMark;
 
 /// Appends text to a string and puts the current indent in front of every line.
 ///
@@ -140,6 +143,10 @@ public:
     /// Forgets the text so far, which the caller has passed on. Spaces held back stay held, and the
     /// line and the column go on.
     void clearText();
+    /// The place that the writer stands at, to go back to: what is written from here on is forgotten
+    /// then, and the settings are those of now.
+    WriterMark mark();
+    void goBackTo(const WriterMark& mark);
     /// Says that the writer stands at another place, such as before a write that went nowhere.
     void setPlace(int line, int column);
     void reserve(std::size_t bytes);
@@ -206,6 +213,19 @@ private:
     int pendingSpaces_ = 0;
     int prevChar_ = -1;
     int quote_ = -1;
+};
+
+/// A place in the text of a writer, and how the writer stood there. Good as long as the writer has all of
+/// that text.
+class WriterMark {
+public:
+    int line() const { return writer_.line(); }
+
+private:
+    friend class IndentWriter;
+    explicit WriterMark(IndentWriter writer) : writer_(std::move(writer)) {}
+
+    IndentWriter writer_; // all of it but its text
 };
 
 /// The white space that fills `width` columns under the settings of `writer`.

@@ -110,7 +110,7 @@ void CppFormatter::writePass(Cpp::RootNode& node) {
         input_.readThrough({1, static_cast<std::uint32_t>(kByteOrderMark.size())});
     }
     const Edge edge(*this, options_.leftMargin.value, !options_.leftMargin.set);
-    writeChildren(node, noWs());
+    writeTopLevel(node);
     endShapes({source_.lineCount() + 1, 1}, noWs());
     writeSource(readRest());
 }

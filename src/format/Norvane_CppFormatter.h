@@ -243,16 +243,19 @@ private:
 
     // Constructs that stay on one line.
     class OneLine;
+    class Checkpoint;
     void writeText(Cpp::RootNode& node);
     void writePass(Cpp::RootNode& node);
-    void beginAgain();
+    void writeTopLevel(Cpp::RootNode& node);
+    bool isSettled() const;
+    bool hasToGoBack();
     bool isOneLiner(const Position& start, const Position& end) const;
     bool isOneLiner(const Cpp::SyntaxNode& node) const;
     std::string_view onOneLine(std::string_view value, std::string_view gap, bool oneLine) const;
     const OptionalString& onOneLine(const OptionalString& option, bool oneLine) const;
     const OptionalString& withinBraces(const OptionalString& option) const;
     void noteLine(std::size_t begin, int line, bool isList = false);
-    void noteLists();
+    void noteLists(const Checkpoint& from);
     void settleLineNote();
 
     // What constructs hand on to each other.
@@ -265,6 +268,7 @@ private:
     // Bodies and lists.
     static bool hasBrace(const Cpp::InteriorNode& node);
     void writeChildren(Cpp::InteriorNode& node, const OptionalString& indent);
+    void writeChild(Cpp::InteriorNode& node, Cpp::InteriorNode::iterator child);
     void writeBehindLabel(const Cpp::SyntaxNode& label, const Cpp::SyntaxNode& next);
     void writeBody(Cpp::InteriorNode& node, const BodyStyle& style);
     void writeBracedBody(Cpp::InteriorNode& node, const BodyStyle& style);
@@ -409,7 +413,7 @@ private:
     /// of those that the current pass finds.
     std::unordered_set<std::size_t> broken_;
     std::vector<LineNote> overlong_;
-    bool isLastPass_ = false;
+    int pass_ = 1; // over what is being written
     /// The colon of the list to come stays on its line.
     bool joinsColon_ = false;
     LineNote lineNote_;

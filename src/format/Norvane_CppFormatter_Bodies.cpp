@@ -50,23 +50,24 @@ void CppFormatter::writeChildren(Cpp::InteriorNode& node, const OptionalString& 
     const Edge edge(*this, indent);
     const ChildScope scope(*this);
     const LineNote outer = std::exchange(lineNote_, LineNote());
-    const bool isEnum = dynamic_cast<const Cpp::EnumBodyNode*>(&node) != nullptr;
-    for (auto it = node.childBegin(); it != node.childEnd(); ++it) {
-        // Only the declarators right behind a class body belong to it.
-        if (afterClassBody_ && dynamic_cast<const Cpp::DataDeclNode*>(it->get()) == nullptr) {
-            afterClassBody_ = false;
-        }
-        beginChild(**it);
-        (*it)->accept(*this);
-        endChild(**it);
-        // Enumerators are told apart by commas.
-        if (isEnum) statementOpen_ = false;
-        settleLineNote();
-        if (!afterCaseLabel_) continue;
-        afterCaseLabel_ = false;
-        if (const auto next = std::next(it); next != node.childEnd()) writeBehindLabel(**it, **next);
-    }
+    for (auto it = node.childBegin(); it != node.childEnd(); ++it) writeChild(node, it);
     lineNote_ = outer;
+}
+
+void CppFormatter::writeChild(Cpp::InteriorNode& node, Cpp::InteriorNode::iterator it) {
+    // Only the declarators right behind a class body belong to it.
+    if (afterClassBody_ && dynamic_cast<const Cpp::DataDeclNode*>(it->get()) == nullptr) {
+        afterClassBody_ = false;
+    }
+    beginChild(**it);
+    (*it)->accept(*this);
+    endChild(**it);
+    // Enumerators are told apart by commas.
+    if (statementOpen_ && dynamic_cast<const Cpp::EnumBodyNode*>(&node) != nullptr) statementOpen_ = false;
+    settleLineNote();
+    if (!afterCaseLabel_) return;
+    afterCaseLabel_ = false;
+    if (const auto next = std::next(it); next != node.childEnd()) writeBehindLabel(**it, **next);
 }
 
 // The white space of the label is left to what follows where that has rules of its own: a directive

@@ -84,4 +84,14 @@ std::string changedStretches(const Scheme& scheme, const std::vector<Source>& so
     });
 }
 
+std::string changesWithoutFeed(const Scheme& scheme, const std::vector<Source>& sources, const std::string& tail) {
+    return collect(scheme, sources, Unreadable::LeaveAlone, [&](const auto& engine, const std::string& text) {
+        const std::string whole = text + tail;
+        const Golden::Outcome ended = engine.format(whole);
+        const Golden::Outcome open = engine.format(whole.substr(0, whole.size() - 1));
+        if (!ended.text || !open.text) return std::string("refused");
+        return *ended.text == *open.text + '\n' ? std::string() : "changed" + difference(*ended.text, *open.text);
+    });
+}
+
 } // namespace Property

@@ -30,6 +30,10 @@ std::string breachesOrRefusals(const Scheme& scheme, const std::vector<Source>& 
 std::string changedStretches(const Scheme& scheme, const std::vector<Source>& sources, const std::string& opening,
                              const std::string& closing);
 
+/// Lays every source out with `tail` behind it, which ends in a line feed, and describes the first few that come
+/// out otherwise if that is taken away.
+std::string changesWithoutFeed(const Scheme& scheme, const std::vector<Source>& sources, const std::string& tail);
+
 } // namespace Property
 
 #endif

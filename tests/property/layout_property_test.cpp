@@ -66,4 +66,21 @@ TEST(NarrowMargin, KeepsTokens) {
     }
 }
 
+// A list that is too long for a line without a line feed shows at the end of the text, so that all of it is laid
+// out again. Elsewhere only what was too long is, and the rest has to be as if nothing had happened.
+TEST(LongOneLiners, LeaveWhatStandsAroundThemAsItWas) {
+    for (const char* name : {"default", "gnu", "whitesmiths"}) {
+        for (const int margin : {30, 50}) {
+            Scheme scheme = Property::wrappedAt(margin, Property::shippedScheme(name));
+            for (const char* kept : {"KEEP_ONE_LINERS", "KEEP_SHAPE"}) scheme.options.setBool(kept, true);
+            for (const char* list : {"WS_BETWEEN_FN_PARAMS", "WS_BETWEEN_TP_PARAMS", "WS_BETWEEN_CLASS_INITS"}) {
+                scheme.options.setString(list, "\n");
+            }
+            const std::string tail = "\nvoid tail(int aaaaaaaaaaaaaaaaaaaa, int bbbbbbbbbbbbbbbbbbbb);\n";
+            EXPECT_EQ(Property::changesWithoutFeed(scheme, Property::goldenSources(), tail), "");
+            EXPECT_EQ(Property::changesWithoutFeed(scheme, Property::smallFiles(), tail), "");
+        }
+    }
+}
+
 } // namespace
