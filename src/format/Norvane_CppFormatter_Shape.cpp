@@ -12,6 +12,10 @@ namespace Norvane {
 
 namespace {
 
+bool isLabel(const Cpp::SyntaxNode& node) {
+    return dynamic_cast<const Cpp::CaseNode*>(&node) != nullptr || dynamic_cast<const Cpp::AccessSpecNode*>(&node) != nullptr;
+}
+
 /// Behind a text that ends so another statement begins.
 bool endsStatement(std::string_view text) {
     const char last = text.back();
@@ -51,9 +55,7 @@ LooseStatement findLooseStatement(std::string_view gap) {
 void CppFormatter::beginChild(const Cpp::SyntaxNode& child) {
     if (!ownsShape()) return;
     copyLooseStatements(child.start());
-    const bool isLabel = dynamic_cast<const Cpp::CaseNode*>(&child) != nullptr ||
-                         dynamic_cast<const Cpp::AccessSpecNode*>(&child) != nullptr;
-    if (!statementOpen_ || isLabel) armShape(child);
+    if (!statementOpen_ || isLabel(child)) armShape(child);
 }
 
 void CppFormatter::endChild(const Cpp::SyntaxNode& child) {
