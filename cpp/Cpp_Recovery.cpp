@@ -226,9 +226,12 @@ std::size_t findObjectiveCEnd(std::string_view source, const std::vector<ParseTo
 std::vector<std::size_t> foldObjectiveC(std::string_view source, std::vector<ParseToken>& tokens) {
     std::vector<std::size_t> regions;
     if (source.find('@') == std::string_view::npos) return regions;
-    const std::size_t limit = findLastEnd(source, tokens);
+    // Most texts have an "@" in comments alone: their tokens are only looked at.
     std::size_t kept = 0;
-    for (std::size_t i = 0; i < tokens.size(); ++i) {
+    while (kept < tokens.size() && !isAtWord(source, tokens[kept])) ++kept;
+    if (kept == tokens.size()) return regions;
+    const std::size_t limit = findLastEnd(source, tokens);
+    for (std::size_t i = kept; i < tokens.size(); ++i) {
         ParseToken token = tokens[i];
         const std::size_t last = isAtWord(source, token) ? findObjectiveCEnd(source, tokens, i, limit) : i;
         if (last != i) {
@@ -262,24 +265,33 @@ bool isRawPrefix(std::string_view source, const ParseToken& token) {
 // The scanner hands on no token for a quote that nothing closes: it stands in a gap.
 void foldUnclosedStrings(const Zelmar::SourceText& source, std::vector<ParseToken>& tokens) {
     const std::string_view text = source.text();
-    std::vector<ParseToken> folded;
-    std::size_t end = 0; // of the token in front
-    for (std::size_t i = 0; i <= tokens.size();) {
-        const std::size_t begin = i < tokens.size() ? tokens[i].begin : text.size();
-        const std::size_t quote = begin > end ? text.substr(0, begin).find('"', end) : std::string_view::npos;
-        if (quote == std::string_view::npos) {
-            if (i == tokens.size()) break;
-            end = std::max<std::size_t>(end, tokens[i].end);
-            folded.push_back(tokens[i++]);
-            continue;
+    std::size_t next = 0; // token
+    std::size_t end = 0;  // of the one in front
+    const auto findQuote = [&] {
+        for (;; ++next) {
+            const std::size_t begin = next < tokens.size() ? tokens[next].begin : text.size();
+            std::size_t at = end;
+            while (at < begin && text[at] != '"') ++at;
+            if (at < begin) return at;
+            if (next == tokens.size()) return std::string_view::npos;
+            end = std::max<std::size_t>(end, tokens[next].end);
         }
+    };
+    std::vector<ParseToken> folded;
+    std::size_t taken = 0;
+    const auto takeTokens = [&] { folded.insert(folded.end(), tokens.data() + taken, tokens.data() + next); };
+    for (std::size_t quote = findQuote(); quote != std::string_view::npos; quote = findQuote()) {
+        takeTokens();
         const bool isRaw = !folded.empty() && folded.back().end == quote && isRawPrefix(text, folded.back());
         std::size_t last = isRaw ? text.size() : findLineEnd(text, quote);
-        for (; i < tokens.size() && tokens[i].begin < last; ++i) last = std::max<std::size_t>(last, tokens[i].end);
+        for (; next < tokens.size() && tokens[next].begin < last; ++next) last = std::max<std::size_t>(last, tokens[next].end);
         folded.push_back({tkInvalid, false, false, static_cast<std::uint32_t>(quote), static_cast<std::uint32_t>(last),
                           source.positionOf(quote).line});
         end = last;
+        taken = next;
     }
+    if (folded.empty()) return; // as most texts
+    takeTokens();
     tokens = std::move(folded);
 }
 
