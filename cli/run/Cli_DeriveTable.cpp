@@ -41,7 +41,7 @@ void writeDeriveTable(std::ostream& out, const Derive::Derivation& result, const
         << std::setw(9) << "agree" << std::setw(8) << "%" << std::setw(14) << "lines changed" << '\n';
     bool wasSet = true;
     for (const Derive::Measure* row : surestFirst(result)) {
-        if (wasSet && !row->isSet) out << "not set, since too many places disagree:\n";
+        if (wasSet && !row->isSet) out << "not set, since places disagree:\n";
         wasSet = row->isSet;
         out << std::left << std::setw(32) << row->option->name << std::setw(14) << valueText(*row) << std::right
             << std::setw(9) << row->places << std::setw(9) << row->agreeing << std::setw(8) << std::fixed
