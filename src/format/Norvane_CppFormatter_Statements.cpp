@@ -72,8 +72,9 @@ CppFormatter::Base CppFormatter::beginBlock(const Cpp::BlockNode& node) {
 }
 
 // The line of the brace has begun: one line feed of the value is there already, and blanks alone
-// part the brace from nothing.
+// part the brace from nothing. It is no further line of the statement in front.
 void CppFormatter::writeBlockOnNewLine(const Cpp::BlockNode& node) {
+    output_.setShape({});
     readUpTo(sourceOwnsEdge() ? lineOrStart(node) : node.start());
     std::string_view value = options_.globalWsBeforeOpenBrace.value;
     value = value.substr(value.starts_with('\n') ? 1 : value.size());
