@@ -30,7 +30,7 @@ bool isMeasuredAlone(const PropertyInfo& option) {
 class Run {
 public:
     Run(std::vector<Text> texts, const Settings& settings, const Progress& progress, const std::atomic<bool>* cancelled)
-        : settings_(settings), progress_(progress), lab_(std::move(texts), settings.threads, cancelled),
+        : progress_(progress), lab_(std::move(texts), settings.threads, cancelled),
           study_(lab_, settings) {}
 
     Derivation derive() {
@@ -155,7 +155,6 @@ private:
         }
     }
 
-    const Settings& settings_;
     const Progress& progress_;
     Laboratory lab_;
     Study study_;

@@ -75,6 +75,16 @@ void Study::judge(Measure& measure) const {
     measure.isSet = measure.places > 0 && static_cast<double>(measure.agreeing) >= least;
 }
 
+void Study::takePlace(Measure& measure, bool agrees, std::size_t text, std::uint32_t offset, std::string_view found,
+                      std::string_view wanted) const {
+    ++measure.places;
+    if (agrees) {
+        ++measure.agreeing;
+    } else if (measure.dissents.size() < settings_.mostDissents) {
+        measure.dissents.push_back({text, offset, 1, 1, std::string(found), std::string(wanted)});
+    }
+}
+
 /// Holds the layouts with a value against those with another one, and against the sources.
 Measure Study::compare(const PropertyInfo& option, const Value& value, const std::vector<Layout>& layouts,
                        const std::vector<Layout>& others) const {
@@ -84,12 +94,7 @@ Measure Study::compare(const PropertyInfo& option, const Value& value, const std
                          [&](std::string_view wanted, std::string_view other, std::string_view found, std::uint32_t offset) {
                              // Both break the line, and the option at hand is not about the indent.
                              if (lineFeeds(wanted) > 0 && isSameBreak(wanted, other)) return;
-                             ++measure.places;
-                             if (isSameBreak(wanted, found)) {
-                                 ++measure.agreeing;
-                             } else if (measure.dissents.size() < settings_.mostDissents) {
-                                 measure.dissents.push_back({i, offset, 1, 1, std::string(found), std::string(wanted)});
-                             }
+                             takePlace(measure, isSameBreak(wanted, found), i, offset, found, wanted);
                          });
     }
     judge(measure);
@@ -186,12 +191,7 @@ Measure Study::measureSwitch(const PropertyInfo& option) {
     for (std::size_t i = 0; i < on.size(); ++i) {
         visitDifferences(on[i], off[i], lab_.sources()[i],
                          [&](std::string_view wanted, std::string_view, std::string_view found, std::uint32_t offset) {
-                             ++measure.places;
-                             if (wanted == found) {
-                                 ++measure.agreeing;
-                             } else if (measure.dissents.size() < settings_.mostDissents) {
-                                 measure.dissents.push_back({i, offset, 1, 1, std::string(found), std::string(wanted)});
-                             }
+                             takePlace(measure, wanted == found, i, offset, found, wanted);
                          });
     }
     judge(measure);

@@ -47,6 +47,9 @@ public:
 private:
     Norvane::PropertySet with(std::string_view name, const Value& value) const;
     void judge(Measure& measure) const;
+    /// Counts a place where the option acts, and remembers the first ones that disagree.
+    void takePlace(Measure& measure, bool agrees, std::size_t text, std::uint32_t offset, std::string_view found,
+                   std::string_view wanted) const;
     Measure compare(const Norvane::PropertyInfo& option, const Value& value, const std::vector<Layout>& layouts,
                     const std::vector<Layout>& others) const;
     std::size_t changedLines(const std::vector<Layout>& layouts) const;

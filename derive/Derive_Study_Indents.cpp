@@ -88,12 +88,7 @@ Measure Study::measureIndent(const PropertyInfo& option) const {
         visitDifferences(layouts[i], probed[i], lab_.sources()[i],
                          [&](std::string_view wanted, std::string_view, std::string_view found, std::uint32_t offset) {
                              if (!breaksLine(wanted)) return;
-                             ++measure.places;
-                             if (wanted == found) {
-                                 ++measure.agreeing;
-                             } else if (measure.dissents.size() < settings_.mostDissents) {
-                                 measure.dissents.push_back({i, offset, 1, 1, std::string(found), std::string(wanted)});
-                             }
+                             takePlace(measure, wanted == found, i, offset, found, wanted);
                          });
     }
     judge(measure);
@@ -157,12 +152,7 @@ std::vector<Measure> Study::measureFurtherLines() {
             for (std::size_t i = 0; i < layouts.size(); ++i) {
                 visitDifferences(layouts[i], flush[i], lab_.sources()[i],
                                  [&](std::string_view wanted, std::string_view, std::string_view found, std::uint32_t offset) {
-                                     ++measure.places;
-                                     if (wanted == found) {
-                                         ++measure.agreeing;
-                                     } else if (measure.dissents.size() < settings_.mostDissents) {
-                                         measure.dissents.push_back({i, offset, 1, 1, std::string(found), std::string(wanted)});
-                                     }
+                                     takePlace(measure, wanted == found, i, offset, found, wanted);
                                  });
             }
             if (measure.agreeing <= best.agreeing) continue;
