@@ -15,12 +15,6 @@ constexpr Index kNone = TokenTable::kNone;
 /// More tokens than stand between the parameters of a closure and its body.
 constexpr int kMaxClosureTail = 64;
 
-/// A keyword that only statements begin with.
-bool beginsControl(int type) {
-    return (type >= tkIf && type <= tkWhile) || type == tkSwitch || type == tkReturn || type == tkBreak ||
-           type == tkContinue || type == tkGoto;
-}
-
 /// The head of a control statement, whose parentheses a statement follows.
 bool opensControl(int type) {
     return type == tkIf || type == tkFor || type == tkWhile || type == tkCatch || type == tkSwitch;

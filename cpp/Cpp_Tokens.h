@@ -163,6 +163,11 @@ constexpr std::string_view tokenTypeName(int type) {
 
 constexpr bool isComment(int type) { return type == tkLineComment || type == tkBlockComment; }
 constexpr bool isCommentOrDirective(int type) { return isComment(type) || type == tkDirective; }
+/// A keyword that only statements begin with.
+constexpr bool beginsControl(int type) {
+    return (type >= tkIf && type <= tkTry) || type == tkSwitch || type == tkReturn || type == tkBreak ||
+           type == tkContinue || type == tkGoto;
+}
 /// "public", "private", "protected".
 constexpr bool isAccessKeyword(int type) { return type >= tkPublic && type <= tkProtected; }
 

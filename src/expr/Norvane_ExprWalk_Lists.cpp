@@ -22,9 +22,11 @@ bool isCoroutineWord(std::string_view word) {
 
 } // namespace
 
-/// Braces that hold values. In a copy of the source nobody knows of code; that ends in a ";".
+/// Braces that hold values. In a copy of the source nobody knows of code; that ends in a ";" or begins
+/// with a statement that may end in a brace.
 bool ExprWalk::isList(std::size_t open, std::size_t close) const {
     if (close == ExprTokens::kNone || tokens_.opensStatements(open)) return false;
+    if (Cpp::beginsControl(tokens_.kind(open + 1))) return false;
     return close == open + 1 || (tokens_.kind(close - 1) != Cpp::tkSemicolon && tokens_.kind(close - 1) != Cpp::tkOpenParen);
 }
 

@@ -281,8 +281,8 @@ bool CppFormatter::writeForClauses(std::string_view inner, const Base& paren) {
 // that is left out gets nothing.
 void CppFormatter::writeForGap(std::string_view gap, std::string_view clause, const OptionalString& wsBefore) {
     const bool noteOnLine = startsInLineComment(clause) && !hasLineFeed(gap);
-    if (noteOnLine || (clause == ";" && !wsBefore.breaksLine())) return output_.writeExact(gap);
     const bool breaks = options_.keepLineBreaks && hasLineFeed(gap);
+    if (noteOnLine || (clause == ";" && !breaks && !wsBefore.breaksLine())) return output_.writeExact(gap);
     if (breaks && options_.alignForClausesLeft) return output_.writeExact("\n");
     if (breaks && !wsBefore.breaksLine()) return writeSource(gap);
     if (options_.keepLineBreaks && !wsBefore.set) return output_.writeExact(gap);

@@ -38,6 +38,7 @@ private:
     void close(std::uint32_t index, int kind);
     void openAngle(std::uint32_t index);
     bool closeAngle(std::uint32_t index);
+    void noteCode();
     void dropAngles(bool withCasts);
     void pair(std::uint32_t open, std::uint32_t close);
     bool angleOnTop() const { return !open_.empty() && open_.back().kind == tkLess; }
@@ -65,16 +66,21 @@ void WrapText::Matcher::take(std::uint32_t index) {
     case tkShiftRight:
         if (closeAngle(index)) closeAngle(index);
         break;
-    case tkSemicolon:
-        dropAngles(false);
-        if (!open_.empty()) open_.back().isCode = open_.back().kind == tkOpenBrace;
-        break;
+    case tkSemicolon: noteCode(); break;
     case tkLogicalAnd:
     case tkLogicalOr: dropAngles(false); break;
-    default: break;
+    default:
+        if (beginsControl(kind)) noteCode();
+        break;
     }
     castPending_ = isNamedCast(kind) || (castPending_ && isComment(kind));
     if (!isCommentOrDirective(kind) && !text_.tokens_[index].junk) lastKind_ = kind;
+}
+
+/// At what stands in a statement alone.
+void WrapText::Matcher::noteCode() {
+    dropAngles(false);
+    if (!open_.empty()) open_.back().isCode = open_.back().kind == tkOpenBrace;
 }
 
 void WrapText::Matcher::open(std::uint32_t index, int kind) {
