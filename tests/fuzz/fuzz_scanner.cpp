@@ -2,6 +2,7 @@
 #include "guard/Guard_Reader.h"
 #include "tests/fuzz/Fuzz_Input.h"
 #include "tests/fuzz/Fuzz_Report.h"
+#include "tests/fuzz/Fuzz_Soundness.h"
 
 #include <algorithm>
 #include <string>
@@ -26,9 +27,6 @@ public:
         Cpp::scanAll(text, tokens_);
     }
 
-    /// Whether a compiler could take the text: only there do the two have to agree.
-    bool isSound() const { return std::none_of(items_.begin(), items_.end(), [this](const Item& item) { return isOdd(item); }); }
-
     void check() {
         markItems();
         for (const Cpp::RawToken& token : tokens_) checkToken(token);
@@ -39,20 +37,6 @@ public:
     }
 
 private:
-    bool isOdd(const Item& item) const {
-        const std::string_view token = spelling(text_, item);
-        switch (item.kind) {
-        case Kind::looseLiteral: return true;
-        // One that ends with the text may be one that nothing closes.
-        case Kind::blockComment:
-        case Kind::literal: return item.end == text_.size();
-        case Kind::token:
-            return token.find_first_of("\\@`#") != std::string_view::npos || token.starts_with("\?\?") || token == "[:" ||
-                   token == ":]" || token == "^^" || token.starts_with("%:") || (token.front() >= '\0' && token.front() < ' ') || token.front() == '\x7f';
-        default: return false;
-        }
-    }
-
     void markItems() {
         std::size_t directive = text_.size();
         for (const Item& item : items_) {
@@ -115,6 +99,6 @@ private:
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text = Fuzz::textOf(data, size);
     Comparison comparison(text);
-    if (comparison.isSound()) comparison.check();
+    if (Fuzz::isSound(text)) comparison.check();
     return 0;
 }
