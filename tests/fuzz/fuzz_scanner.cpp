@@ -50,10 +50,11 @@ private:
         }
     }
 
-    // To the parser these are operators one behind the other.
+    // To the parser these are operators one behind the other, and in "import <vector>;" words between them.
     bool isSplitByScanner(const Item& item) const {
         const std::string_view token = spelling(text_, item);
-        return token == "..." || token == "<=>";
+        const bool isHeaderName = token.starts_with('<') && item.kind == Kind::literal;
+        return token == "..." || token == "<=>" || (isHeaderName && token.find_first_of("/\"'\\") == std::string_view::npos);
     }
 
     // The scanner reads a prefix and a suffix as words.
