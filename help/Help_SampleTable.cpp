@@ -220,6 +220,18 @@ constexpr std::string_view kLines = R"(int sum()
 }
 )";
 
+constexpr std::string_view kColumns = R"(enum Rank
+{
+    low    = 1,
+    middle = 2+3
+};
+void fill()
+{
+    set(low,    "few",  1+2);
+    set(middle, "some", 3);
+}
+)";
+
 constexpr std::string_view kLabel = R"(int sum()
 {
     if (failed()) goto end;
@@ -365,6 +377,7 @@ constexpr auto kSamples = std::to_array<Sample>({
 
     {"ALIGN_FURTHER_LINES", kOn, kLines, "1 KEEP_SHAPE 1\n3 WS_AFTER_FN_CALL_NAME \"  \"\n"},
     {"INDENT_FURTHER_LINES", kFour, kLines, "1 KEEP_SHAPE 1\n"},
+    {"KEEP_COLUMNS", kOn, kColumns, "3 WS_BETWEEN_EXPR_OP_OPERANDS \" \"\n3 WS_BETWEEN_FN_CALL_ARGS \" \"\n"},
     {"KEEP_LINE_BREAKS", kOn, kLines, "3 WS_BETWEEN_EXPR_OP_OPERANDS \" \"\n3 WS_BETWEEN_FN_CALL_ARGS \" \"\n"},
     {"KEEP_ONE_LINERS", kOn, kDefinition, "3 WS_AFTER_FN_OPEN_BRACE \"\\n\"\n3 WS_BEFORE_FN_CLOSE_BRACE \"\\n\"\n"},
     {"KEEP_SHAPE", kOn, kLines, "3 LEFT_MARGIN \"\"\n3 INDENT_FN_CONTENT \"    \"\n"},

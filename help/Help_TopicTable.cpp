@@ -21,6 +21,9 @@ constexpr auto kGlobals = std::to_array<Text>({
     "`KEEP_SHAPE` is for statements that take several lines. The first line goes where the indents put it, and "
     "the further ones go along, so that what was lined up stays lined up. Without it each of them falls back "
     "to the indent of the statement. It has nothing to do while the left edge is left to the source.",
+    "With `KEEP_COLUMNS` white space of two columns or more within a line stays, since it lines something up: "
+    "members behind their types, `=` below `=`, the columns of a table. A value acts where there is one blank "
+    "or nothing. A tab counts as well, unless `CONVERT_WS` is 1.",
     "With `KEEP_LINE_BREAKS` what was broken over lines is never joined: a value for the white space behind a "
     "comma or around an operator acts where the two sides share a line. Options that line up a list, such as "
     "`ALIGN_FN_CALL_ARGS_LEFT`, put each line of it under the first element then, however many elements it "

@@ -54,6 +54,7 @@ constexpr auto kGlobals = std::to_array<PageOption>({
     apart(indent("LEFT_MARGIN")),
     apart(number("TAB_SIZE", 1, kLargestTab, kUsualTab)),
     apart(choice("CONVERT_WS")),
+    apart(flag("KEEP_COLUMNS")),
     apart(flag("KEEP_LINE_BREAKS")),
     apart(flag("KEEP_SHAPE")),
     apart(flag("KEEP_ONE_LINERS")),

@@ -135,6 +135,10 @@ bool ExprCopier::staysBroken(std::size_t index, std::string_view ws) const {
     return keepsBreaks_ && !hasLineFeed(ws) && hasLineFeed(tokens_.gap(index));
 }
 
+bool ExprCopier::staysInColumn(std::size_t index, std::string_view ws) const {
+    return !hasLineFeed(ws) && isKeptColumn(tokens_.gap(index), columns_);
+}
+
 std::string_view ExprCopier::safeValue(std::size_t index, std::string_view ws) const {
     if (!ws.empty() || index == 0 || index >= tokens_.size()) return ws;
     const std::size_t left = tokens_.gapBegin(index);
@@ -156,7 +160,7 @@ bool ExprCopier::isSettled(std::size_t index, std::string_view ws) const {
 void ExprCopier::replaceGap(std::size_t index, std::string_view ws, bool exact) {
     if (isSettled(index, ws)) return copyTo(tokens_.gapEnd(index));
     copyTo(tokens_.gapBegin(index));
-    if (at_ > tokens_.gapBegin(index) || !isReplaceable(index) || staysBroken(index, ws)) return;
+    if (at_ > tokens_.gapBegin(index) || !isReplaceable(index) || staysBroken(index, ws) || staysInColumn(index, ws)) return;
     if (keepsShape() && tokens_.gapEnd(index) >= shape_.end) leaveShape();
     const std::string_view value = safeValue(index, ws);
     if (exact) {

@@ -35,8 +35,9 @@ int hangingColumn(const OptionalString& wsBefore, std::string_view hanging, int 
 class ExprCopier {
 public:
     /// `code`, which may be null, writes the code of the tokens as the copy comes to it.
-    ExprCopier(const ExprTokens& tokens, Zelmar::IndentWriter& output, bool keepsBreaks = false, ExprCode* code = nullptr)
-        : tokens_(tokens), output_(output), keepsBreaks_(keepsBreaks), code_(code) {}
+    ExprCopier(const ExprTokens& tokens, Zelmar::IndentWriter& output, bool keepsBreaks = false, ExprCode* code = nullptr,
+               ColumnRule columns = {})
+        : tokens_(tokens), output_(output), keepsBreaks_(keepsBreaks), columns_(columns), code_(code) {}
 
     /// Copies up to `offset`; nothing if it has been passed.
     void copyTo(std::size_t offset);
@@ -50,6 +51,8 @@ public:
     bool isReplaceable(std::size_t index) const;
     /// True if line breaks are kept, there is one in front of token `index`, and `ws` brings none.
     bool staysBroken(std::size_t index, std::string_view ws) const;
+    /// True if columns are kept, and the white space in front of token `index` may line it up.
+    bool staysInColumn(std::size_t index, std::string_view ws) const;
     /// What `ws` comes to in front of token `index`: one blank if without any the tokens would read
     /// as one.
     std::string_view safeValue(std::size_t index, std::string_view ws) const;
@@ -100,6 +103,7 @@ private:
     const ExprTokens& tokens_;
     Zelmar::IndentWriter& output_;
     bool keepsBreaks_ = false;
+    ColumnRule columns_;
     ExprCode* code_;
     std::size_t at_ = 0;
     std::size_t nextCode_ = 0;

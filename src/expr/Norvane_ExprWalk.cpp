@@ -59,7 +59,7 @@ bool closesOperands(int kind) {
 ExprWalk::ExprWalk(const ExprOptions& options, const DirectivePlace& place, const ExprTokens& tokens,
                    std::vector<ExprFrame>& frames, Zelmar::IndentWriter& output, ExprCode* code)
     : options_(options), place_(place), tokens_(tokens), frames_(frames), code_(code), output_(output),
-      copier_(tokens, output, options.keepsBreaks, code) {}
+      copier_(tokens, output, options.keepsBreaks, code, options.columns) {}
 
 void ExprWalk::run(const OptionalString* separator, bool isCall) {
     frames_.clear();

@@ -56,6 +56,7 @@ void ExprWalk::anchorPointer(const PointerStyle& style, std::size_t first, std::
     const std::string_view after = tokens_.gap(last + 1);
     if (!isBlank(before) || !isBlank(after)) return;
     if (options_.keepsBreaks && (hasLineFeed(before) || hasLineFeed(after))) return;
+    if (isKeptColumn(before, options_.columns) || isKeptColumn(after, options_.columns)) return;
     settle();
     copier_.copyTo(tokens_.gapBegin(first));
     const int column = output_.column();

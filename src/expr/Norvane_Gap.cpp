@@ -96,6 +96,11 @@ bool isBlank(std::string_view text) {
     return std::all_of(text.begin(), text.end(), Cpp::isSpace);
 }
 
+bool isKeptColumn(std::string_view gap, const ColumnRule& rule) {
+    if (!rule.kept || !isBlank(gap) || hasLineFeed(gap)) return false;
+    return gap.size() > 1 || (rule.byTab && gap == "\t");
+}
+
 bool hasLineFeed(std::string_view text) {
     return text.find('\n') != kNone;
 }

@@ -1,6 +1,8 @@
 #ifndef KERFLINE_NORVANE_GAP_H
 #define KERFLINE_NORVANE_GAP_H
 
+#include "src/scheme/Norvane_ColumnRule.h"
+
 #include <string>
 #include <string_view>
 
@@ -29,6 +31,8 @@ std::string_view trimmedRight(std::string_view text);
 std::string_view trimmedBoth(std::string_view text);
 bool isBlank(std::string_view text);
 bool hasLineFeed(std::string_view text);
+/// `gap` is white space within a line that lines something up, and stays.
+bool isKeptColumn(std::string_view gap, const ColumnRule& rule);
 /// Removes every `c`.
 void eraseChar(std::string& text, char c);
 

@@ -201,6 +201,7 @@ private:
     void writeDirective(const Position& start, const Position& end, Zelmar::SourceReader& input);
     void writeDirectiveOf(std::size_t lineBegin, std::size_t begin, std::size_t end);
     bool staysBroken(std::string_view gap, std::string_view value) const;
+    bool staysInColumn(std::string_view gap, std::string_view value) const;
     GapEnd splitGapEnd(std::string_view gap, std::string_view value) const;
     void writeGapEnd(std::string_view gap, std::string_view value, const Base& base);
     void moveGapEnd(std::string_view gap, std::string_view value, const Base& base);

@@ -352,7 +352,7 @@ void CppFormatter::writeKeptListGap(std::string_view gap, const ListStyle& style
     const bool replaces = style.wsBetween.set && isBlank(behind);
     if (style.rows && isBlank(behind) && hasLineFeed(behind)) {
         output_.writeExact(throughLastFeed(behind));
-    } else if (replaces && !staysBroken(behind, style.wsBetween.value)) {
+    } else if (replaces && !staysBroken(behind, style.wsBetween.value) && !staysInColumn(behind, style.wsBetween.value)) {
         output_.writeExact(style.wsBetween.value);
     } else {
         writeSource(behind);

@@ -88,7 +88,9 @@ void CppFormatter::writeDataType(std::string_view text, const DataLine& line) {
     if (!option.set || endsInAsterisk(text) || endsInAmpersand(text)) {
         return exprFormatter_.formatDeclarationTo(text, output_, option);
     }
-    if (staysBroken(text, option.value)) return exprFormatter_.formatDeclarationTo(text, output_, option);
+    if (staysBroken(text, option.value) || staysInColumn(text, option.value)) {
+        return exprFormatter_.formatDeclarationTo(text, output_, option);
+    }
     const GapEnd end = splitGapEnd(text, option.value);
     exprFormatter_.formatDeclarationTo(end.kept, output_, option);
     writeAtBase(end.value, line.column);
@@ -157,7 +159,7 @@ void CppFormatter::writeNameText(std::string_view text, char initStart, const Da
     const OptionalString& option = ofList ? options_.wsBeforeListOpenBrace : options_.wsBetweenExprOpOperands;
     const bool spaces = !callForm && !trims && (ofList || initStart != '{') && option.set;
     const std::string_view value = spaces ? std::string_view(option.value) : std::string_view();
-    const bool stays = (trims || spaces) && staysBroken(text, value);
+    const bool stays = ((trims || spaces) && staysBroken(text, value)) || (spaces && staysInColumn(text, value));
     if (!line.aligned && (options_.wsAfterDdName.set || options_.wsAfterDdRbracket.set)) {
         std::string fixed(text);
         fixBrackets(fixed);

@@ -175,8 +175,12 @@ bool CppFormatter::staysBroken(std::string_view gap, std::string_view value) con
     return options_.keepLineBreaks || endsInLineComment(gap);
 }
 
+bool CppFormatter::staysInColumn(std::string_view gap, std::string_view value) const {
+    return !hasLineFeed(value) && isKeptColumn(gap.substr(trimmedRight(gap).size()), options_.keptColumns());
+}
+
 void CppFormatter::writeGapEnd(std::string_view gap, std::string_view value, const Base& base) {
-    if (staysBroken(gap, value)) return writeSource(gap);
+    if (staysBroken(gap, value) || staysInColumn(gap, value)) return writeSource(gap);
     moveGapEnd(gap, value, base);
 }
 

@@ -173,7 +173,8 @@ private:
         const int type = table_.type(i);
         const int left = table_.type(before_);
         const int kept = column + in.shift;
-        if (Cpp::isCommentOrDirective(type)) return kept;
+        // A brace on a line of its own stands where the options for braces have put it.
+        if (Cpp::isCommentOrDirective(type) || type == Cpp::tkOpenBrace) return kept;
         const bool aligns = options_.alignFurtherLines;
         if (aligns && type == Cpp::tkStringLiteral && left == Cpp::tkStringLiteral) return stringColumn_;
         if (aligns && isShift(type) && in.shiftColumn >= 0) return in.shiftColumn;
@@ -290,6 +291,8 @@ private:
             inner.atStart = false;
         } else if (brace == Cpp::Brace::Values || brace == Cpp::Brace::Enumerators) {
             inner.kind = Frame::Kind::list;
+            // Outside of brackets the rows of a list count from the statement, wherever its brace stands.
+            if (frame().kind == Frame::Kind::code) inner.shift = frame().shift;
         } else if (!Cpp::holdsCode(brace)) {
             inner.shift = frame().shift;
         }

@@ -40,7 +40,7 @@ ExprOptions::ExprOptions(const LayoutOptions& options)
       beforeClosureParams(options.wsBeforeClosureParams), beforeClosureBrace(options.wsBeforeClosureOpenBrace),
       beforeListBrace(options.wsBeforeListOpenBrace), listBraces{options.wsWithinListBraces, options.wsWithinListBraces},
       betweenListValues(options.wsBetweenListValues),
-      keepsBreaks(options.keepLineBreaks), joinsStrings(options.lineWrap) {
+      keepsBreaks(options.keepLineBreaks), columns(options.keptColumns()), joinsStrings(options.lineWrap) {
     any = aroundOperator.set || afterCast.set || beforeCastParen.set || afterCallName.set || parens.isSet() || squares.isSet() || angles.isSet() ||
           callArgs.isSet() || templateArgs.isSet() || asterisk.anchor != PointerAnchor::kAsInSource ||
           ampersand.anchor != PointerAnchor::kAsInSource || beforeInitBrace.set || initBraces.isSet() ||

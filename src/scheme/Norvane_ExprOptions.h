@@ -1,6 +1,7 @@
 #ifndef KERFLINE_NORVANE_EXPROPTIONS_H
 #define KERFLINE_NORVANE_EXPROPTIONS_H
 
+#include "src/scheme/Norvane_ColumnRule.h"
 #include "src/scheme/Norvane_OptionalString.h"
 
 namespace Norvane {
@@ -64,6 +65,8 @@ struct ExprOptions {
     OptionalString betweenListValues;
     /// A value without a line feed leaves a gap alone that holds one.
     bool keepsBreaks = false;
+    /// A value without a line feed leaves a gap alone that lines something up.
+    ColumnRule columns;
     /// Adjacent string literals come together on one line, to be broken again where needed.
     bool joinsStrings = false;
     /// False if no option changes anything.

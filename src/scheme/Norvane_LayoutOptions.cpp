@@ -122,6 +122,7 @@ constexpr Row<bool> kSwitches[] = {
     {"HANGING_ASTERISK", &LayoutOptions::hangingAsterisk},
     {"HANGING_AMPERSAND", &LayoutOptions::hangingAmpersand},
     {"ALIGN_FURTHER_LINES", &LayoutOptions::alignFurtherLines},
+    {"KEEP_COLUMNS", &LayoutOptions::keepColumns},
     {"KEEP_LINE_BREAKS", &LayoutOptions::keepLineBreaks},
     {"KEEP_ONE_LINERS", &LayoutOptions::keepOneLiners},
     {"KEEP_SHAPE", &LayoutOptions::keepShape},
@@ -191,5 +192,7 @@ void LayoutOptions::settle() {
     std::string& afterType = wsAfterDdTypeId.value;
     if (alignDdInitializers) std::replace(afterType.begin(), afterType.end(), '\n', ' ');
 }
+
+ColumnRule LayoutOptions::keptColumns() const { return {keepColumns, convertWs != Zelmar::kWsTabsToSpaces}; }
 
 } // namespace Norvane

@@ -143,6 +143,8 @@ struct LayoutOptions {
 
     // The shape that the author has given a text.
     bool keepShape = false;
+    ColumnRule keptColumns() const;
+    bool keepColumns = false;
     bool keepLineBreaks = false;
     bool keepOneLiners = false;
     bool alignFurtherLines = false;

@@ -382,6 +382,10 @@ constexpr auto kCatalogue = std::to_array<PropertyInfo>({
            {"Indent of further lines",
             "Indent of lines on which a statement goes on, where ALIGN_FURTHER_LINES does not place them: behind "
             "a bracket or \"=\" that ends its line, and outside of brackets"}),
+    flag("KEEP_COLUMNS", Family::SourceLayout,
+         {"Keep columns",
+          "White space of more than one blank within a line lines something up and stays: a value without a line "
+          "feed acts where there is less"}),
     flag("KEEP_LINE_BREAKS", Family::SourceLayout,
          {"Keep line breaks",
           "Nothing that stands on lines of its own is joined: a value without a line feed acts where there is "

@@ -24,7 +24,7 @@ struct PageRow {
 };
 // The count of options includes the box where the catalogue has it as an option.
 const PageRow kRows[] = {
-    {"GlobalsPage", "GlobalsPreview", "Globals.htm", "", "GLOBALS_DO_NOT_FORMAT", 0x10000000, 16},
+    {"GlobalsPage", "GlobalsPreview", "Globals.htm", "", "GLOBALS_DO_NOT_FORMAT", 0x10000000, 17},
     {"ClassesPage", "ClassesPreview", "Classes.htm", "CLASS_USE_GLOBAL_SETTINGS", "CLASS_DO_NOT_FORMAT",
      0x20000000, 12},
     {"EnumsPage", "EnumsPreview", "Enums.htm", "ENUM_USE_GLOBAL_SETTINGS", "ENUMS_DO_NOT_FORMAT", 0x30000000, 7},
