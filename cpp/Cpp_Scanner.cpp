@@ -207,6 +207,30 @@ bool endsInExponent(std::string_view text) {
     return (lower(text.back()) == 'e' || lower(text.back()) == 'p') && endsInNumber(text);
 }
 
+/// `text` without its last blanks.
+std::string_view withoutBlanks(std::string_view text) {
+    while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) text.remove_suffix(1);
+    return text;
+}
+
+/// Offset behind the name of a header that a line imports, `open` where no such name opens there.
+std::size_t findImportedEnd(std::string_view text, std::size_t open) {
+    constexpr std::string_view kImport = "import";
+    constexpr std::string_view kExport = "export";
+    std::string_view front = withoutBlanks(text.substr(0, open));
+    if (!front.ends_with(kImport)) return open;
+    front.remove_suffix(kImport.size());
+    const std::string_view outer = withoutBlanks(front);
+    if (outer.size() < front.size() && outer.ends_with(kExport)) {
+        front = withoutBlanks(outer.substr(0, outer.size() - kExport.size()));
+    } else {
+        front = outer;
+    }
+    if (!front.empty() && front.back() != '\n') return open;
+    const std::size_t close = text.find_first_of(">\n", open);
+    return close == std::string_view::npos || text[close] == '\n' ? open : close + 1;
+}
+
 } // namespace
 
 bool Scanner::next(RawToken& token) {
@@ -294,6 +318,9 @@ bool Scanner::scanNumber(RawToken& token) {
 
 bool Scanner::scanPunctuator(RawToken& token) {
     if (const int alone = kAlone[index(text_[at_])]; alone != tkInvalid) return finish(token, alone, at_ + 1);
+    if (text_[at_] == '<') {
+        if (const std::size_t end = findImportedEnd(text_, at_); end > at_) return finish(token, tkStringLiteral, end);
+    }
     const Punctuator found = readPunctuator([this](std::size_t ahead) { return peek(ahead); });
     if (peek(found.length) == '\\' && behindSplices(text_, at_ + found.length) > at_ + found.length) {
         return scanJoined(token);

@@ -50,11 +50,10 @@ private:
         }
     }
 
-    // To the parser these are operators one behind the other, and in "import <vector>;" words between them.
+    // To the parser these are operators one behind the other.
     bool isSplitByScanner(const Item& item) const {
         const std::string_view token = spelling(text_, item);
-        const bool isHeaderName = token.starts_with('<') && item.kind == Kind::literal;
-        return token == "..." || token == "<=>" || (isHeaderName && token.find_first_of("/\"'\\") == std::string_view::npos);
+        return token == "..." || token == "<=>";
     }
 
     // The scanner reads a prefix and a suffix as words.
